@@ -1,0 +1,22 @@
+// Profile files dropped on the main window.
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <cstdint>
+
+#include "sources/funcs_layout_windows/combo_boxes.h"
+#include "sources/funcs_layout_windows/loaded_profiles.h"
+
+// Results besides 1 (loaded). Each has been shown in an error box, unreadable on purpose.
+inline constexpr std::int32_t kDrop_bad_input = -1;
+inline constexpr std::int32_t kDrop_no_memory = -2;
+inline constexpr std::int32_t kDrop_no_path = -3;
+inline constexpr std::int32_t kDrop_load_failed = -4;
+
+// Runs the Load Profile command on the first of the dropped files; the others are left alone. The drop handle
+// is not released.
+std::int32_t on_wm_dropfiles(HWND hwnd_MW, HDROP hDrop, LoadedProfiles_STR* p_LoadedProfiles_STR,
+                             CB_mng_STR* p_CB_Profile_mng_STR);

@@ -1,0 +1,100 @@
+#include "sources/funcs_layout_windows/explorer_folders.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+#include "sources/funcs_layout_windows/layout_windows_errors.h"
+#include "sources/funcs_layout_windows/shell_folder_walk.h"
+
+namespace
+{
+
+struct FolderMeasure {
+    std::uint32_t count;
+    std::size_t longest_units;
+};
+
+bool measure_folder(HWND, std::wstring_view path, void* context)
+{
+    auto* measure = static_cast<FolderMeasure*>(context);
+    ++measure->count;
+    measure->longest_units = std::max(measure->longest_units, path.size());
+    return true;
+}
+
+struct FolderFilling {
+    STR_ENUM_WNDS_DATA* record;
+    std::int32_t result;
+};
+
+bool blocks_present(const STR_ENUM_WNDS_DATA* pSTR)
+{
+    return pSTR->pcDynMem_WinHndls != nullptr && pSTR->pcDynMem_FullPaths != nullptr &&
+           pSTR->arr1D_uc_flag_FP != nullptr && pSTR->arr1D_ui_LenPath != nullptr;
+}
+
+bool fill_folder(HWND hwnd, std::wstring_view path, void* context)
+{
+    auto* filling = static_cast<FolderFilling*>(context);
+    if (hwnd == nullptr) {
+        filling->result = report(errors_layout_windows, SITE_FOLDERS_02_NO_HANDLE, hwnd);
+        return false;
+    }
+    // A call to the shell lets other threads' messages in: a Scan run from there may have released the
+    // blocks.
+    if (!blocks_present(filling->record))
+        return false;
+    for (std::uint32_t slot = 0; slot < filling->record->counter_valid; ++slot) {
+        if (filling->record->pcDynMem_WinHndls[slot] == hwnd)
+            store_path(filling->record, slot, path.data(), path.size());
+    }
+    return true;
+}
+
+} // namespace
+
+std::int32_t GetCurrentExplorerFolders_01(STR_ENUM_WNDS_DATA* pSTR_params)
+{
+    if (pSTR_params == nullptr)
+        return report(errors_layout_windows, SITE_FOLDERS_01_NULL_RECORD, pSTR_params);
+
+    ComPtr<IShellWindows> shell_windows;
+    const HRESULT created = open_shell_windows(&shell_windows);
+    if (!shell_windows)
+        return kFolders_no_list_counting;
+
+    FolderMeasure measure{};
+    if (SUCCEEDED(created))
+        walk_shell_windows(shell_windows, count_shell_windows(shell_windows), measure_folder, &measure);
+    pSTR_params->counter_folders = measure.count;
+    pSTR_params->uiMaxLen_inBytes_FolderPath =
+        static_cast<std::uint32_t>(measure.longest_units * sizeof(wchar_t));
+    return 1;
+}
+
+std::int32_t GetCurrentExplorerFolders_02(STR_ENUM_WNDS_DATA* pSTR_params)
+{
+    if (pSTR_params == nullptr)
+        return report(errors_layout_windows, SITE_FOLDERS_02_NULL_RECORD, pSTR_params);
+    if (!blocks_present(pSTR_params))
+        return report(errors_layout_windows, SITE_FOLDERS_02_MISSING_BLOCK, pSTR_params->pcDynMem_WinHndls,
+                      pSTR_params->pcDynMem_FullPaths, pSTR_params->arr1D_uc_flag_FP);
+
+    ComPtr<IShellWindows> shell_windows;
+    const HRESULT created = open_shell_windows(&shell_windows);
+    if (!shell_windows)
+        return report(errors_layout_windows, SITE_FOLDERS_02_NO_LIST, created);
+    if (FAILED(created))
+        return 1;
+
+    const long count = count_shell_windows(shell_windows);
+    if (count == 0) {
+        pSTR_params->counter_folders = 0;
+        pSTR_params->uiMaxLen_inBytes_FolderPath = 0;
+        return 1;
+    }
+    FolderFilling filling{.record = pSTR_params, .result = 1};
+    walk_shell_windows(shell_windows, count, fill_folder, &filling);
+    return filling.result;
+}

@@ -1,0 +1,61 @@
+// Fonts that fit, and the drawing primitives of the program's windows.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#include "sources/funcs_layout_windows/pixel_rect.h"
+
+// Result of the font searches and drawing primitives on bad input, after an error box.
+inline constexpr std::int32_t kDrawing_bad_input = -1;
+
+// The one font of the program, as handed to vex_CreateFont.
+inline constexpr char kFontFace[] = "Times New Roman";
+inline constexpr std::uint8_t kFontPitchAndFamily = FF_ROMAN;
+inline constexpr std::uint32_t kFontWeight_normal = FW_NORMAL;
+inline constexpr std::uint32_t kFontWeight_bold = FW_BOLD;
+
+// Makes a font `height` pixels high. The caller deletes it; null when the system makes none. The 8-bit face
+// name is laid into the wide face name unconverted, on purpose: no face has that name, so the font mapper
+// chooses a serif TrueType face by family and precision. A null face name shows an error box and makes a font
+// without face name.
+HFONT vex_CreateFont(std::uint32_t height, std::uint32_t weight, std::uint8_t italic, std::uint8_t underline,
+                     std::uint8_t strike_out, std::uint8_t pitch_and_family, const char* pcTypeFaceName);
+
+// The bold font of the program's controls, `height` pixels high. The caller deletes it.
+HFONT create_control_font(std::int32_t height);
+
+// The largest font height whose single line is at most `hREC` pixels high; 0 when even a font of height 1 is
+// higher. -1 after an error box for a null context or a limit below 1.
+std::int32_t FindFontSize(HDC hdc, std::int32_t hREC);
+
+// The largest font height, at most that of FindFontSize, at which `ptc_Text` is at most `wREC` pixels wide; 1
+// when none is. -1 after an error box for a null context or text, a height limit below 1 or a width limit of
+// 0.
+std::int32_t FindFontSize_fit_H_and_W(HDC hdc, const wchar_t* ptc_Text, std::int32_t hREC, std::int32_t wREC);
+
+// The height of FindFontSize_fit_H_and_W for the text of a button of that size in pixels: 0.85 of its height
+// and 0.8 of its width. -1 as there.
+std::int32_t find_button_font_size(HDC hdc, const wchar_t* text, std::int32_t button_height,
+                                   std::int32_t button_width);
+
+// Draws a line with the selected pen. Returns 1; -1 after an error box for a null context or a line without
+// length, which is an error on purpose.
+std::int32_t vex_DrawLine(HDC hdc, std::int32_t x0, std::int32_t y0, std::int32_t x1, std::int32_t y1);
+
+// Draws a miniature window: an outline `w` wide and `h` high with its upper left corner at (x, y), a title
+// bar 20 pixels high and three title-bar boxes, which stand outside a frame narrower than 45 pixels. Returns
+// 1; -1 after an error box when the window, the context or a size is 0.
+std::int32_t draw_wnd_frame(HWND hwnd_MW, HDC hdc_MW, std::int32_t x, std::int32_t y, std::uint32_t h,
+                            std::uint32_t w);
+
+// Fills the client area of `hwnd` with the vertical gradient that is the background of the program's windows.
+void fill_background(HWND hwnd, HDC hdc);
+
+// Moves a control to its rectangle, with repaint.
+void move_control(HWND control, const PixelRect& rect);
+
+// The rectangle in the system's form.
+RECT to_RECT(const PixelRect& rect);

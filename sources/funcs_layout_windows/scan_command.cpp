@@ -1,0 +1,116 @@
+#include "sources/funcs_layout_windows/scan_command.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "errors/system_error_box.h"
+#include "sources/funcs_layout_windows/explorer_folders.h"
+#include "sources/funcs_layout_windows/layout_windows_errors.h"
+#include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/funcs_layout_windows/window_enumeration.h"
+#include "sources/win32/memory_block.h"
+#include "sources/win32/window_class.h"
+
+namespace
+{
+
+// Place and size of the List of Windows window.
+constexpr int kScanList_left = 30;
+constexpr int kScanList_top = 30;
+constexpr double kScanList_fraction_of_screen = 0.75;
+
+// Counts and measures. Returns 1, or a negative result after its box.
+std::int32_t measure_windows(STR_ENUM_WNDS_DATA* pSTR)
+{
+    pSTR->counter_all = 0;
+    pSTR->counter_valid = 0;
+    pSTR->counter_folders = 0;
+    pSTR->uiMaxLen_inBytes_PrgPath = 0;
+    pSTR->uiMaxLen_inBytes_FolderPath = 0;
+    if (EnumWindows(EnumWindowsProc_Calc, reinterpret_cast<LPARAM>(pSTR)) == FALSE)
+        return report(errors_layout_windows, SITE_SCAN_ENUM_COUNTING);
+    GetCurrentExplorerFolders_01(pSTR);
+    pSTR->uiMaxLen_inBytes_AllPath =
+        std::max(pSTR->uiMaxLen_inBytes_PrgPath, pSTR->uiMaxLen_inBytes_FolderPath);
+    return 1;
+}
+
+// Allocates the slot blocks. Those obtained before a failure stay in the record until the next scan.
+std::int32_t allocate_slots(STR_ENUM_WNDS_DATA* pSTR)
+{
+    const std::size_t n = pSTR->counter_valid;
+    pSTR->arr1D_ui_LenPath = allocate_block<std::uint32_t>(n * sizeof(std::uint32_t));
+    if (pSTR->arr1D_ui_LenPath == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_MEMORY_LENGTHS);
+    pSTR->arr1D_uc_flag_FP = allocate_block<std::uint8_t>(n);
+    if (pSTR->arr1D_uc_flag_FP == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_MEMORY_FLAGS);
+    pSTR->pcDynMem_GeomText = allocate_block<std::uint8_t>(n * kGeomText_slot_bytes);
+    if (pSTR->pcDynMem_GeomText == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_MEMORY_GEOMETRY);
+    pSTR->pcDynMem_WinHndls = allocate_block<HWND>(n * sizeof(HWND));
+    if (pSTR->pcDynMem_WinHndls == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_MEMORY_HANDLES);
+    pSTR->pcDynMem_FullPaths = allocate_block<std::uint8_t>(n * path_slot_bytes(pSTR));
+    if (pSTR->pcDynMem_FullPaths == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_MEMORY_PATHS);
+    return 1;
+}
+
+std::int32_t fill_slots(STR_ENUM_WNDS_DATA* pSTR)
+{
+    pSTR->counter_filled = 0;
+    if (EnumWindows(EnumWindowsProc_Calc_02, reinterpret_cast<LPARAM>(pSTR)) == FALSE)
+        return report(errors_layout_windows, SITE_SCAN_ENUM_FILLING);
+    GetCurrentExplorerFolders_02(pSTR);
+    return 1;
+}
+
+void open_scan_list(HWND hwndThis, HWND* p_hwnd_ScanListView)
+{
+    const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwndThis, GWLP_HINSTANCE));
+    const int width = truncated_product(kScanList_fraction_of_screen, GetSystemMetrics(SM_CXSCREEN));
+    const int height = truncated_product(kScanList_fraction_of_screen, GetSystemMetrics(SM_CYSCREEN));
+    *p_hwnd_ScanListView =
+        CreateWindowExW(0, kClass_ScanListView, L"List of windows", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                        kScanList_left, kScanList_top, width, height, nullptr, nullptr, instance, nullptr);
+    if (*p_hwnd_ScanListView == nullptr)
+        show_system_error(GetLastError());
+}
+
+} // namespace
+
+std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM /*wParam*/,
+                                   LPARAM /*lParam*/, STR_ENUM_WNDS_DATA* pSTR)
+{
+    if (hwndThis == nullptr || pSTR == nullptr || p_hwnd_ScanListView == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_INPUT, hwndThis, pSTR, p_hwnd_ScanListView);
+    if (pSTR->uiSize_TmpBuf_Path == 0)
+        return report(errors_layout_windows, SITE_SCAN_ZERO_SIZE, pSTR->uiSize_TmpBuf_Path);
+
+    destroy_own_window_of_class(*p_hwnd_ScanListView, kClass_ScanListView);
+    *p_hwnd_ScanListView = nullptr;
+    release_scan_blocks(pSTR);
+
+    pSTR->pcTmpBuf_Prg_Folder_Path = allocate_block<wchar_t>(pSTR->uiSize_TmpBuf_Path);
+    if (pSTR->pcTmpBuf_Prg_Folder_Path == nullptr)
+        return report(errors_layout_windows, SITE_SCAN_MEMORY_SCRATCH);
+    std::int32_t result = measure_windows(pSTR);
+    // Titles and boxes let messages in. A Scan run from there has opened its own list: the record is its,
+    // then.
+    if (result < 0 || *p_hwnd_ScanListView != nullptr)
+        return result;
+    if (pSTR->counter_valid == 0 || pSTR->uiMaxLen_inBytes_AllPath == 0)
+        return report(errors_layout_windows, SITE_SCAN_NOTHING_FOUND, pSTR->counter_valid,
+                      pSTR->uiMaxLen_inBytes_AllPath);
+    result = allocate_slots(pSTR);
+    if (result > 0)
+        result = fill_slots(pSTR);
+    if (result < 0)
+        return result;
+
+    // The same here; when that list has been closed already, its blocks are gone.
+    if (*p_hwnd_ScanListView == nullptr && pSTR->pcDynMem_GeomText != nullptr)
+        open_scan_list(hwndThis, p_hwnd_ScanListView);
+    return 1;
+}

@@ -1,0 +1,27 @@
+// The Scan command.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "sources/funcs_layout_windows/scan_record.h"
+
+// Class of the window that shows a scan.
+inline constexpr wchar_t kClass_ScanListView[] = L"List of Windows";
+
+// Size in bytes of the scan's path buffer, set before every scan.
+inline constexpr std::uint32_t kScanPathBuffer_bytes = 32768;
+
+// Results besides 1 (done). Each has been shown in an error box.
+inline constexpr std::int32_t kScan_bad_input = -1;
+inline constexpr std::int32_t kScan_enumeration_failed = -2;
+inline constexpr std::int32_t kScan_no_memory = -3;
+
+// Replaces the scan in `pSTR` by a new one of the desktop's windows and opens the List of Windows window on
+// it; the window of the scan before is closed first, even when the new one fails. `p_hwnd_ScanListView` is
+// where the window's handle is kept. When nothing qualifies an info box is shown and no window opened; when
+// the window cannot be created, the system's text: both return 1. `wParam` and `lParam` are not used. The
+// caller has set the counters to 0 and uiSize_TmpBuf_Path to kScanPathBuffer_bytes.
+std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM wParam, LPARAM lParam,
+                                   STR_ENUM_WNDS_DATA* pSTR);

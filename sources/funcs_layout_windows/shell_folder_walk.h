@@ -1,0 +1,27 @@
+// One walk over the shell's list of open folder windows, whoever wants to know.
+#pragma once
+
+#include <windows.h>
+
+#include <exdisp.h>
+
+#include <string_view>
+
+#include "sources/win32/com_ptr.h"
+
+// Called for each folder window that shows a file-system folder, with its window and the folder's path (at
+// most 259 units, zero-terminated, valid during the call). False ends the walk.
+using FolderVisitor = bool (*)(HWND hwnd, std::wstring_view path, void* context);
+
+// Creates the shell's list of open windows on this thread, which must be initialised for COM. Returns the
+// system's result; the pointer stays empty when there is no list.
+HRESULT open_shell_windows(ComPtr<IShellWindows>* shell_windows);
+
+// The number of windows in the list; 0 when it cannot be asked.
+long count_shell_windows(const ComPtr<IShellWindows>& shell_windows);
+
+// Visits the first `count` windows of the list in order. Windows that do not answer for one of the interfaces
+// on the way, or show a virtual folder, are passed over. Every interface and list obtained is released before
+// the next window, last obtained first.
+void walk_shell_windows(const ComPtr<IShellWindows>& shell_windows, long count, FolderVisitor visitor,
+                        void* context);

@@ -1,0 +1,129 @@
+// Start-up: one instance, the window classes, the main window, the message loop.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <shellapi.h>
+
+#include "errors/system_error_box.h"
+#include "resources/resource_ids.h"
+#include "sources/funcs_layout_windows/main_layout.h"
+#include "sources/funcs_layout_windows/scan_command.h"
+#include "sources/main_prg/main_errors.h"
+#include "sources/main_prg/main_window.h"
+#include "sources/wnd_ScanListView/wnd_ScanListView.h"
+
+namespace
+{
+
+// Undocumented in the headers: carries the data of a drop between processes.
+constexpr UINT kWM_COPYGLOBALDATA = 0x49;
+
+// Brings a running instance to the front. False when there is none.
+bool show_running_instance()
+{
+    const HWND running = FindWindowW(kClass_MainWindow, nullptr);
+    if (running == nullptr)
+        return false;
+    if (IsIconic(running) != FALSE)
+        ShowWindow(running, SW_RESTORE);
+    SetForegroundWindow(running);
+    return true;
+}
+
+void initialise_common_controls()
+{
+    INITCOMMONCONTROLSEX controls{};
+    controls.dwSize = sizeof controls;
+    controls.dwICC = ICC_LISTVIEW_CLASSES | ICC_TREEVIEW_CLASSES | ICC_BAR_CLASSES | ICC_PROGRESS_CLASS |
+                     ICC_DATE_CLASSES | ICC_USEREX_CLASSES | ICC_COOL_CLASSES | ICC_STANDARD_CLASSES;
+    InitCommonControlsEx(&controls);
+}
+
+void register_main_class(HINSTANCE instance)
+{
+    WNDCLASSEXW main_class{};
+    main_class.cbSize = sizeof main_class;
+    main_class.style = CS_HREDRAW | CS_VREDRAW;
+    main_class.lpfnWndProc = WndProc;
+    main_class.hInstance = instance;
+    main_class.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(ID_ICON_32));
+    // The small icon is the large picture on purpose.
+    main_class.hIconSm = static_cast<HICON>(
+        LoadImageW(instance, MAKEINTRESOURCEW(ID_ICON_32), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
+    main_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    main_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
+    main_class.lpszMenuName = L"menu_main";
+    main_class.lpszClassName = kClass_MainWindow;
+    RegisterClassExW(&main_class);
+}
+
+// The List of Windows window's class; the Scan command opens the window by the class name.
+void register_scan_list_class(HINSTANCE instance)
+{
+    WNDCLASSEXW list_class{};
+    list_class.cbSize = sizeof list_class;
+    list_class.style = CS_HREDRAW | CS_VREDRAW;
+    list_class.lpfnWndProc = WndProc_ScanListView;
+    list_class.hInstance = instance;
+    list_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    list_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
+    list_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    list_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    list_class.lpszClassName = kClass_ScanListView;
+    RegisterClassExW(&list_class);
+}
+
+// Null after the system's error text; the program goes on regardless.
+HWND create_main_window(HINSTANCE instance)
+{
+    const int width = initial_main_width(GetSystemMetrics(SM_CXSCREEN));
+    const int height = initial_main_height(GetSystemMetrics(SM_CYSCREEN));
+    const HWND hwnd =
+        CreateWindowExW(0, kClass_MainWindow, kTitle_MainWindow, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                        CW_USEDEFAULT, CW_USEDEFAULT, width, height, nullptr, nullptr, instance, nullptr);
+    if (hwnd == nullptr)
+        show_system_error(GetLastError());
+    return hwnd;
+}
+
+// Lets files be dropped, also from processes of lower integrity.
+void accept_drops(HWND hwnd)
+{
+    DragAcceptFiles(hwnd, TRUE);
+    for (const UINT message :
+         {static_cast<UINT>(WM_DROPFILES), static_cast<UINT>(WM_COPYDATA), kWM_COPYGLOBALDATA})
+        ChangeWindowMessageFilterEx(hwnd, message, MSGFLT_ALLOW, nullptr);
+}
+
+// Returns the exit code that WM_QUIT carries.
+int run_message_loop()
+{
+    MSG message{};
+    for (;;) {
+        const BOOL result = GetMessageW(&message, nullptr, 0, 0);
+        if (result == 0)
+            return static_cast<int>(message.wParam);
+        if (result == -1) {
+            report(errors_main, SITE_GET_MESSAGE); // The loop is not left, on purpose.
+            continue;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*command_line*/, int show_command)
+{
+    if (show_running_instance())
+        return 0;
+    initialise_common_controls();
+    register_main_class(instance);
+    register_scan_list_class(instance);
+    const HWND hwnd = create_main_window(instance);
+    accept_drops(hwnd);
+    ShowWindow(hwnd, show_command);
+    UpdateWindow(hwnd);
+    return run_message_loop();
+}

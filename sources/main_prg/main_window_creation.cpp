@@ -1,0 +1,117 @@
+#include "sources/main_prg/main_window_creation.h"
+
+#include <objbase.h>
+
+#include <cstdint>
+
+#include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/main_prg/main_errors.h"
+#include "sources/win32/bytes_as_wide.h"
+#include "sources/win32/device_contexts.h"
+
+namespace
+{
+
+constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
+constexpr DWORD kActionStyle = WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST | CBS_HASSTRINGS;
+constexpr DWORD kProfileStyle = kActionStyle | CBS_AUTOHSCROLL;
+
+// Where the controls stand until the first WM_SIZE places them.
+constexpr PixelRect kPlaceholder_button{.x = 0, .y = 0, .height = 5, .width = 5};
+constexpr PixelRect kPlaceholder_combo{.x = 10, .y = 10, .height = 10, .width = 10};
+constexpr std::int32_t kPlaceholder_margin = 300;
+
+HWND create_control(HWND parent, HINSTANCE instance, const wchar_t* class_name, const wchar_t* text,
+                    DWORD style, const PixelRect& rect, MainControl id)
+{
+    return CreateWindowExW(0, class_name, text, style, rect.x, rect.y, rect.width, rect.height, parent,
+                           reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
+}
+
+// One of the two upper buttons; a failure is shown as row `failure`.
+HWND create_upper_button(HWND hwnd, const MainWindowState* state, const wchar_t* text, MainControl id,
+                         MainRow failure)
+{
+    const HWND button =
+        create_control(hwnd, state->hInst, L"button", text, kButtonStyle, kPlaceholder_button, id);
+    if (button == nullptr)
+        report_owned(hwnd, errors_main, failure);
+    move_control(button, {.x = 0,
+                          .y = 0,
+                          .height = GetSystemMetrics(SM_CYSCREEN) - kPlaceholder_margin,
+                          .width = GetSystemMetrics(SM_CXSCREEN) - kPlaceholder_margin});
+    return button;
+}
+
+void create_controls(HWND hwnd, MainWindowState* state)
+{
+    state->hWndBTN00 = create_upper_button(hwnd, state, L"Scan", ID_BTN_SCAN, SITE_CREATE_SCAN_BUTTON);
+    state->hWndBTN_LoadProfile =
+        create_upper_button(hwnd, state, L"Load Profile", ID_BTN_LOAD_PROFILE, SITE_CREATE_LOAD_BUTTON);
+    state->hwnd_CB_Profile = create_control(hwnd, state->hInst, L"ComboBox", L"", kProfileStyle,
+                                            kPlaceholder_combo, ID_CB_PROFILE);
+    state->hwnd_CB_Action =
+        create_control(hwnd, state->hInst, L"ComboBox", L"", kActionStyle, kPlaceholder_combo, ID_CB_ACTION);
+    state->hWndBTN_Apply = create_control(hwnd, state->hInst, L"button", L"Apply", kButtonStyle,
+                                          kPlaceholder_combo, ID_BTN_APPLY);
+    if (state->hwnd_CB_Profile == nullptr || state->hwnd_CB_Action == nullptr ||
+        state->hWndBTN_Apply == nullptr)
+        report(errors_main, SITE_CREATE_COMBOS);
+}
+
+// Finds the font size that fits the buttons and stores it in the geometry record. False after an error box.
+bool find_control_font_size(HWND hwnd, STR_GeomLt* geometry)
+{
+    // The 8-bit text is handed over unconverted on purpose: half as many characters are measured.
+    static constexpr auto kText = bytes_as_wide("Load Profile");
+
+    const std::int32_t button_width =
+        truncated_product(geometry->f_Scan_width, GetSystemMetrics(SM_CXSCREEN));
+    const std::int32_t button_height =
+        truncated_product(geometry->f_Scan_height, GetSystemMetrics(SM_CYSCREEN));
+    const WindowDC dc(hwnd);
+    if (dc.get() == nullptr) {
+        report(errors_main, SITE_CREATE_NO_DC);
+        return false;
+    }
+    geometry->i_font_size = find_button_font_size(dc.get(), kText.data(), button_height, button_width);
+    if (geometry->i_font_size < 0) {
+        report(errors_main, SITE_CREATE_FONT_SIZE);
+        return false;
+    }
+    return true;
+}
+
+void set_control_font(MainWindowState* state)
+{
+    state->hFont_controls = create_control_font(state->STR_GeomLt_MW.i_font_size);
+    if (state->hFont_controls == nullptr)
+        report(errors_main, SITE_CREATE_FONT);
+    for (const HWND control : {state->hWndBTN00, state->hWndBTN_LoadProfile, state->hWndBTN_Apply,
+                               state->hwnd_CB_Profile, state->hwnd_CB_Action})
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont_controls), TRUE);
+}
+
+void initialise_com()
+{
+    const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    if (result == E_INVALIDARG || result == E_OUTOFMEMORY || result == E_UNEXPECTED)
+        report(errors_main, SITE_CREATE_COM);
+}
+
+} // namespace
+
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* state)
+{
+    state->hwnd_MW = hwnd;
+    state->hInst = creation->hInstance;
+    set_layout_constants(&state->STR_GeomLt_MW);
+    create_controls(hwnd, state);
+    CB_Action_init(state->hwnd_CB_Action, ID_CB_ACTION, &state->CB_Action);
+    // Without a font size creation ends here, on purpose: no font, no Profile list record, no COM.
+    if (!find_control_font_size(hwnd, &state->STR_GeomLt_MW))
+        return;
+    set_control_font(state);
+    CB_Profile_init(state->hwnd_CB_Profile, ID_CB_PROFILE, &state->CB_Profile);
+    initialise_com();
+}

@@ -1,0 +1,10 @@
+// WM_CREATE of the main window.
+#pragma once
+
+#include <windows.h>
+
+#include "sources/main_prg/main_window.h"
+
+// Builds the main window's contents: layout constants, five controls, lists' records, control font, COM on
+// this thread. What cannot be made is shown in a box and the window goes on without it.
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* state);

@@ -1,0 +1,137 @@
+#include "sources/profile_file/profile_file.h"
+
+#include <algorithm>
+
+namespace profile_file
+{
+
+namespace
+{
+
+// Every number of the file is read byte by byte: nothing in it is aligned.
+std::uint32_t read_u32(const std::uint8_t* bytes)
+{
+    return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
+           static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
+}
+
+// The five arrays in file order.
+constexpr std::array<Field, 5> kArrays{Field::X, Field::Y, Field::WIDTH, Field::HEIGHT, Field::PATH_LENGTH};
+
+// The first of `count` elements of `element_bytes` bytes from `offset` on that does not lie inside
+// `size_bytes`.
+std::uint32_t first_outside(std::uint64_t size_bytes, std::uint64_t offset, std::uint64_t element_bytes)
+{
+    return offset >= size_bytes ? 0 : static_cast<std::uint32_t>((size_bytes - offset) / element_bytes);
+}
+
+} // namespace
+
+const char* name_of_field(Field field)
+{
+    switch (field) {
+    case Field::NONE:
+        break;
+    case Field::COUNT:
+        return "number of windows";
+    case Field::FLAG:
+        return "kind flag";
+    case Field::X:
+        return "x";
+    case Field::Y:
+        return "y";
+    case Field::WIDTH:
+        return "width";
+    case Field::HEIGHT:
+        return "height";
+    case Field::PATH_LENGTH:
+        return "path length";
+    case Field::PATH:
+        return "path";
+    }
+    return "";
+}
+
+bool is_signature(std::span<const std::uint8_t, kSignature.size()> bytes)
+{
+    return std::equal(bytes.begin(), bytes.end(), kSignature.begin());
+}
+
+std::uint32_t window_count(std::span<const std::uint8_t> file)
+{
+    return file.size() < kCount_bytes ? 0 : read_u32(file.data());
+}
+
+ExtentFault check_extent(std::span<const std::uint8_t> file)
+{
+    const std::uint64_t size = file.size();
+    if (size < kCount_bytes)
+        return {Field::COUNT, 0};
+
+    const std::uint64_t n = read_u32(file.data());
+    if (size < offset_of_array(n, 0))
+        return {Field::FLAG, first_outside(size, offset_of_flags(), 1)};
+    for (unsigned array = 0; array < kArrays.size(); ++array) {
+        if (size < offset_of_array(n, array + 1))
+            return {kArrays[array], first_outside(size, offset_of_array(n, array), kNumber_bytes)};
+    }
+
+    // Below 2^32 paths of below 2^32 bytes each: the offset cannot overflow 64 bits.
+    const std::uint8_t* lengths = file.data() + offset_of_array(n, 4);
+    std::uint64_t offset = offset_of_paths(n);
+    for (std::uint32_t i = 0; i < n; ++i) {
+        offset += std::uint64_t{read_u32(lengths + std::uint64_t{kNumber_bytes} * i)} + kTerminator_bytes;
+        if (size < offset)
+            return {Field::PATH, i};
+    }
+    return {Field::NONE, 0};
+}
+
+EntryCursor::EntryCursor(const std::uint8_t* checked_file)
+    : file_(checked_file), count_(read_u32(checked_file)), path_offset_(offset_of_paths(count_))
+{
+}
+
+std::uint32_t EntryCursor::number(unsigned array) const
+{
+    return read_u32(file_ + offset_of_array(count_, array) + std::uint64_t{kNumber_bytes} * index_);
+}
+
+void EntryCursor::next()
+{
+    path_offset_ += std::uint64_t{number(4)} + kTerminator_bytes;
+    ++index_;
+}
+
+Entry EntryCursor::get() const
+{
+    return {.index = index_,
+            .kind = kind_of_entry(file_, index_),
+            .x = static_cast<std::int32_t>(number(0)),
+            .y = static_cast<std::int32_t>(number(1)),
+            .width = static_cast<std::int32_t>(number(2)),
+            .height = static_cast<std::int32_t>(number(3)),
+            .path = file_ + path_offset_,
+            .path_bytes = number(4)};
+}
+
+std::uint8_t kind_of_entry(const std::uint8_t* checked_file, std::uint32_t index)
+{
+    return checked_file[offset_of_flags() + index];
+}
+
+std::uint32_t find_name(const std::uint8_t* area, std::uint32_t end_bytes)
+{
+    if (end_bytes < kNameEnd_bytes)
+        return 0;
+    std::uint32_t position = end_bytes - kNameEnd_bytes;
+    while (position != 0) {
+        if (area[position] == 0 && area[position + 1] == 0)
+            return position + 2;
+        // From an odd offset the last step would lead before the area.
+        position = position < 2 ? 0 : position - 2;
+    }
+    return 0;
+}
+
+} // namespace profile_file

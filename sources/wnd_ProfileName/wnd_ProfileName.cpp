@@ -1,0 +1,181 @@
+#include "sources/wnd_ProfileName/wnd_ProfileName.h"
+
+#include <algorithm>
+#include <array>
+
+#include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/win32/device_contexts.h"
+#include "sources/wnd_ProfileName/profile_name_errors.h"
+#include "sources/wnd_ProfileName/profile_name_layout.h"
+
+namespace
+{
+
+enum ProfileNameControl : unsigned { ID_BTN_OK = 1, ID_BTN_CANCEL = 2, ID_EDIT_NAME = 3 };
+
+constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
+constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE;
+
+// Distance from the owner's upper left corner to this window's, in pixels.
+constexpr int kOffset_from_owner = 70;
+
+constexpr std::size_t kNameBuffer_units = 1024;
+
+// The process-wide state: one window at a time.
+struct ProfileNameState {
+    HWND hwnd_ListWindows;
+    HWND hEdit;
+    std::int32_t i_outer_width;
+    ProfileNameLayout layout;
+    bool flag_controls_exist;
+    std::int32_t i_client_width;
+    std::int32_t i_client_height;
+};
+ProfileNameState profile_name;
+
+void register_class_once(HINSTANCE instance)
+{
+    static bool registered = false;
+    if (registered)
+        return;
+    registered = true;
+    WNDCLASSEXW name_class{};
+    name_class.cbSize = sizeof name_class;
+    name_class.style = CS_HREDRAW | CS_VREDRAW;
+    name_class.lpfnWndProc = WndProc_wnd_ProfileName;
+    name_class.hInstance = instance;
+    name_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    name_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
+    name_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    name_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    name_class.lpszClassName = kClass_ProfileName;
+    RegisterClassExW(&name_class);
+}
+
+HWND create_control(HWND parent, HINSTANCE instance, DWORD extended_style, const wchar_t* class_name,
+                    const wchar_t* text, DWORD style, const PixelRect& rect, ProfileNameControl id,
+                    ProfileNameRow failure)
+{
+    const HWND control =
+        CreateWindowExW(extended_style, class_name, text, style, rect.x, rect.y, rect.width, rect.height,
+                        parent, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
+    if (control == nullptr)
+        report_owned(parent, errors_profile_name, failure);
+    return control;
+}
+
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* state)
+{
+    *state = {};
+    const auto* p_hwnd_ListWindows = static_cast<const HWND*>(creation->lpCreateParams);
+    if (p_hwnd_ListWindows == nullptr) {
+        report(errors_profile_name, SITE_NAME_CREATE_PARAMETER, p_hwnd_ListWindows);
+        return;
+    }
+    state->hwnd_ListWindows = *p_hwnd_ListWindows;
+    state->i_outer_width = creation->cx;
+    state->layout = compute_profile_name_layout(state->i_outer_width, GetSystemMetrics(SM_CXSCREEN),
+                                                GetSystemMetrics(SM_CYSCREEN));
+    const HINSTANCE instance = creation->hInstance;
+    create_control(hwnd, instance, 0, L"button", L"Ok", kButtonStyle | BS_DEFPUSHBUTTON, state->layout.ok,
+                   ID_BTN_OK, SITE_NAME_CREATE_OK);
+    create_control(hwnd, instance, 0, L"button", L"Cancel", kButtonStyle, state->layout.cancel, ID_BTN_CANCEL,
+                   SITE_NAME_CREATE_CANCEL);
+    state->hEdit = create_control(hwnd, instance, WS_EX_CLIENTEDGE, L"EDIT", L"", kEditStyle,
+                                  state->layout.edit, ID_EDIT_NAME, SITE_NAME_CREATE_EDIT);
+    SendMessageW(state->hEdit, EM_LIMITTEXT, kProfileName_max_units, 0);
+    SetFocus(state->hEdit);
+    state->flag_controls_exist = true;
+}
+
+void on_WM_PAINT(HWND hwnd, const ProfileNameState* state)
+{
+    const PaintDC dc(hwnd);
+    fill_background(hwnd, dc.get());
+    if (!state->flag_controls_exist)
+        return;
+    RECT label = to_RECT(state->layout.label);
+    SetBkMode(dc.get(), TRANSPARENT);
+    DrawTextW(dc.get(), L"Enter name of Profile:", -1, &label, DT_SINGLELINE | DT_VCENTER);
+}
+
+void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ProfileNameState* state)
+{
+    if (HIWORD(wParam) != BN_CLICKED)
+        return;
+    if (LOWORD(wParam) == ID_BTN_OK) {
+        const std::int32_t result = on_Button_OK(hwnd, state->hwnd_ListWindows, state->hEdit);
+        if (result < 0)
+            report(errors_profile_name, SITE_NAME_OK_FAILED, result);
+    } else if (LOWORD(wParam) == ID_BTN_CANCEL) {
+        const std::int32_t result = on_Button_CANCEL(hwnd);
+        if (result < 0)
+            report(errors_profile_name, SITE_NAME_CANCEL_FAILED, result);
+    }
+}
+
+} // namespace
+
+HWND create_wnd_ProfileName(HWND hwnd_ListWindows)
+{
+    const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwnd_ListWindows, GWLP_HINSTANCE));
+    register_class_once(instance);
+    RECT owner{};
+    GetWindowRect(hwnd_ListWindows, &owner);
+    return CreateWindowExW(0, kClass_ProfileName, L"Name of Profile", WS_CAPTION | WS_SYSMENU,
+                           owner.left + kOffset_from_owner, owner.top + kOffset_from_owner,
+                           profile_name_width(GetSystemMetrics(SM_CXSCREEN)),
+                           profile_name_height(GetSystemMetrics(SM_CYSCREEN)), hwnd_ListWindows, nullptr,
+                           instance, &hwnd_ListWindows);
+}
+
+std::int32_t on_Button_OK(HWND hwnd_this_wnd, HWND hwnd_parent_wnd, HWND hEdit)
+{
+    if (hwnd_this_wnd == nullptr || hwnd_parent_wnd == nullptr || hEdit == nullptr)
+        return report(errors_profile_name, SITE_NAME_OK_INPUT, hwnd_this_wnd, hwnd_parent_wnd, hEdit);
+    if (GetWindowTextLengthW(hEdit) <= 0)
+        return report_owned(hwnd_this_wnd, errors_profile_name, SITE_NAME_OK_EMPTY);
+
+    std::array<wchar_t, kNameBuffer_units> name{};
+    const int length = GetWindowTextW(hEdit, name.data(), static_cast<int>(name.size()) - 1);
+    // A text put into the box from outside may be longer than what it lets a user type.
+    const auto length_units = std::min(static_cast<std::size_t>(std::max(length, 0)), kProfileName_max_units);
+    COPYDATASTRUCT data{.dwData = kProfileName_dwData,
+                        .cbData = static_cast<DWORD>(length_units * sizeof(wchar_t)),
+                        .lpData = name.data()};
+    SendMessageW(hwnd_parent_wnd, WM_COPYDATA, reinterpret_cast<WPARAM>(hwnd_this_wnd),
+                 reinterpret_cast<LPARAM>(&data));
+    return 1;
+}
+
+std::int32_t on_Button_CANCEL(HWND hwndThis)
+{
+    if (hwndThis == nullptr)
+        return report(errors_profile_name, SITE_NAME_CANCEL_INPUT, hwndThis);
+    DestroyWindow(hwndThis);
+    return 1;
+}
+
+LRESULT CALLBACK WndProc_wnd_ProfileName(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    ProfileNameState* state = &profile_name;
+    switch (message) {
+    case WM_CREATE:
+        on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), state);
+        return 0;
+    case WM_SIZE:
+        state->i_client_width = LOWORD(lParam);
+        state->i_client_height = HIWORD(lParam);
+        return 0;
+    case WM_PAINT:
+        on_WM_PAINT(hwnd, state);
+        return 0;
+    case WM_COMMAND:
+        on_WM_COMMAND(hwnd, wParam, state);
+        return 0;
+    case WM_NOTIFY:
+        return 0;
+    default:
+        return DefWindowProcW(hwnd, message, wParam, lParam);
+    }
+}

@@ -1,0 +1,55 @@
+#include "sources/wnd_ScanListView/move_command.h"
+
+#include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/wnd_ModifyCell/modify_cell_rules.h"
+#include "sources/wnd_ScanListView/list_view.h"
+#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "sources/wnd_ScanListView/scan_list_layout.h"
+
+namespace
+{
+
+std::int32_t read_number(HWND hwndLV, std::uint32_t row, int column)
+{
+    return leading_number(read_cell(hwndLV, row, column).data());
+}
+
+PixelRect read_rectangle(HWND hwndLV, std::uint32_t row)
+{
+    return {.x = read_number(hwndLV, row, COLUMN_X),
+            .y = read_number(hwndLV, row, COLUMN_Y),
+            .height = read_number(hwndLV, row, COLUMN_HEIGHT),
+            .width = read_number(hwndLV, row, COLUMN_WIDTH)};
+}
+
+// False when the window refused, most often because it is gone.
+bool move_window(HWND hwnd, const PixelRect& rect)
+{
+    if (IsIconic(hwnd) != FALSE)
+        ShowWindowAsync(hwnd, SW_RESTORE);
+    return SetWindowPos(hwnd, HWND_TOP, rect.x, rect.y, rect.width, rect.height,
+                        SWP_ASYNCWINDOWPOS | SWP_SHOWWINDOW) != FALSE;
+}
+
+} // namespace
+
+std::int32_t onButton_Move(HWND /*hwndThis*/, HWND hwndLV, WPARAM /*wParam*/, LPARAM /*lParam*/,
+                           const HWND* pcDynMem_WinHndls, std::uint32_t counter_valid)
+{
+    if (hwndLV == nullptr || pcDynMem_WinHndls == nullptr)
+        return report(errors_scan_list, SITE_MOVE_INPUT);
+    std::uint32_t n_ticked = 0;
+    for (std::uint32_t row = 0; row < counter_valid; ++row) {
+        if (!is_row_ticked(hwndLV, row))
+            continue;
+        ++n_ticked;
+        const PixelRect rect = read_rectangle(hwndLV, row);
+        if (rect.width == 0 || rect.height == 0 || move_window(pcDynMem_WinHndls[row], rect))
+            continue;
+        report(errors_scan_list, SITE_MOVE_IMPOSSIBLE, rect.x, rect.y, rect.width, rect.height);
+        // Below the box the list may have been closed, and its scan released.
+        if (IsWindow(hwndLV) == FALSE)
+            return 1;
+    }
+    return n_ticked == 0 ? report(errors_scan_list, SITE_MOVE_NOTHING_TICKED) : 1;
+}

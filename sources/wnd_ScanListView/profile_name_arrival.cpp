@@ -1,0 +1,87 @@
+#include "sources/wnd_ScanListView/profile_name_arrival.h"
+
+#include <array>
+
+#include <commdlg.h>
+
+#include "sources/win32/window_class.h"
+#include "sources/wnd_ScanListView/scan_list_errors.h"
+
+namespace
+{
+
+// The dialog is told of the first half: it refuses paths that are longer than MAX_PATH.
+using SavePath = std::array<wchar_t, 2 * MAX_PATH>;
+
+// Asks the user where to save. False when there is no answer.
+bool choose_file(HWND owner, SavePath* path)
+{
+    std::array<wchar_t, MAX_PATH> title{};
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner;
+    dialog.lpstrFile = path->data();
+    dialog.nMaxFile = MAX_PATH;
+    dialog.lpstrFileTitle = title.data();
+    dialog.nMaxFileTitle = static_cast<DWORD>(title.size());
+    dialog.lpstrTitle = L"Save Profile";
+    dialog.lpstrDefExt = L"txt";
+    dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST | OFN_EXPLORER;
+    return GetSaveFileNameW(&dialog) != FALSE;
+}
+
+// Closes the file; one that was created but not wholly written is deleted.
+void close_file(HANDLE file, const wchar_t* path, DWORD write_error)
+{
+    if (file == INVALID_HANDLE_VALUE)
+        return;
+    CloseHandle(file);
+    if (write_error != ERROR_SUCCESS)
+        DeleteFileW(path);
+}
+
+// Tells the user when there is no new profile. The codes are those of creating and of writing the file.
+void report_outcome(DWORD create_error, DWORD write_error)
+{
+    if (create_error == ERROR_FILE_EXISTS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_FILE_EXISTS);
+    else if (create_error != ERROR_SUCCESS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_CREATE_FILE, create_error);
+    else if (write_error != ERROR_SUCCESS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_NOT_WRITTEN, write_error);
+}
+
+} // namespace
+
+std::int32_t on_WM_COPYDATA_on_wnd_NameOfProfile(HWND hwnd_wnd_ListOfWnds, HWND hwnd_wnd_NameProfile,
+                                                 const STR_ENUM_WNDS_DATA* pSTR_ENUM_WNDS_DATA,
+                                                 STR_RW_PRFL* pSTR_RW_PRFL)
+{
+    if (hwnd_wnd_ListOfWnds == nullptr || hwnd_wnd_NameProfile == nullptr || pSTR_ENUM_WNDS_DATA == nullptr ||
+        pSTR_RW_PRFL == nullptr)
+        return report(errors_scan_list, SITE_NAME_ARRIVAL_INPUT, hwnd_wnd_ListOfWnds, hwnd_wnd_NameProfile,
+                      pSTR_ENUM_WNDS_DATA, pSTR_RW_PRFL);
+    destroy_own_window_of_class(hwnd_wnd_NameProfile, kClass_ProfileName);
+
+    SavePath path{L"Profile_01"};
+    if (!choose_file(hwnd_wnd_ListOfWnds, &path))
+        return kNameArrival_cancelled;
+    // A file that exists gives a failed handle. The writer still runs on it, and its writes come to nothing.
+    const HANDLE file = CreateFileW(path.data(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    const DWORD create_error = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+    const std::int32_t written = WriteData_Profile(
+        file, pSTR_RW_PRFL, pSTR_RW_PRFL->N_wnds_in_profile, pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder,
+        pSTR_RW_PRFL->p_arr1D_ui_x, pSTR_RW_PRFL->p_arr1D_ui_y, pSTR_RW_PRFL->p_arr1D_ui_w,
+        pSTR_RW_PRFL->p_arr1D_ui_h, pSTR_RW_PRFL->p_arr1D_ui_len_path, pSTR_RW_PRFL->p_arr_strz_paths);
+    if (written < 0) // The handle stays open and the arrays stay allocated.
+        return report(errors_scan_list, SITE_NAME_ARRIVAL_WRITER_FAILED, written);
+    const DWORD write_error = GetLastError();
+    close_file(file, path.data(), write_error);
+    const std::int32_t freed = FreeDynMem_wnds_Profile(pSTR_RW_PRFL);
+    // Boxes come last: below one, another Create Profile may fill the record anew.
+    report_outcome(create_error, write_error);
+    if (freed < 0)
+        return report(errors_scan_list, SITE_NAME_ARRIVAL_FREE_FAILED, freed);
+    return 1;
+}

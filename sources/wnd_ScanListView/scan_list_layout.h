@@ -1,0 +1,28 @@
+// The List of Windows window's layout as a function of client size and screen size.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "sources/funcs_layout_windows/pixel_rect.h"
+
+// The list's columns.
+enum ScanListColumn : int { COLUMN_NUMBER, COLUMN_NAME, COLUMN_X, COLUMN_Y, COLUMN_WIDTH, COLUMN_HEIGHT };
+inline constexpr std::size_t kScanList_columns = 6;
+
+// The buttons' size comes from the screen, not from the window: they keep it when the window is resized.
+std::int32_t scan_list_button_width(std::int32_t screen_width);
+std::int32_t scan_list_button_height(std::int32_t screen_height);
+
+// The width of a column for a client area `client_width` pixels wide.
+std::int32_t scan_list_column_width(std::size_t column, std::int32_t client_width);
+
+struct ScanListLayout {
+    PixelRect move; // client coordinates
+    PixelRect create_profile;
+    PixelRect list;
+};
+
+ScanListLayout compute_scan_list_layout(std::int32_t client_width, std::int32_t client_height,
+                                        std::int32_t screen_width, std::int32_t screen_height);

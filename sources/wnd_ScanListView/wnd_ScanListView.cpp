@@ -1,0 +1,234 @@
+#include "sources/wnd_ScanListView/wnd_ScanListView.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+#include "resources/resource_ids.h"
+#include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/funcs_layout_windows/scan_record.h"
+#include "sources/win32/device_contexts.h"
+#include "sources/win32/window_class.h"
+#include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
+#include "sources/wnd_ScanListView/create_profile.h"
+#include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
+#include "sources/wnd_ScanListView/list_view.h"
+#include "sources/wnd_ScanListView/move_command.h"
+#include "sources/wnd_ScanListView/profile_name_arrival.h"
+#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "sources/wnd_ScanListView/scan_list_layout.h"
+
+namespace
+{
+
+enum ScanListControl : unsigned { ID_BTN_MOVE = 1, ID_BTN_CREATE_PROFILE = 2, ID_LISTVIEW = 4 };
+
+constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
+
+// The process-wide state of the window: one at a time.
+struct ScanListState {
+    HINSTANCE hInst;
+    HWND hwndMove;
+    HWND hwndCreateProfile;
+    HWND hwndLV;
+    HFONT hFont;
+    HMENU menu;  // menu_popup_ModifyCell
+    HMENU popup; // its submenu
+    STR_HitCell hit_cell;
+    HWND hwnd_ModifyCell;
+    HWND hwnd_ProfileName;   // as Create Profile stored it
+    HWND hwnd_COPYDATA_from; // sender of the last WM_COPYDATA
+    STR_RW_PRFL RW_PRFL;
+};
+ScanListState scan_list;
+
+// Forgets everything but the write record, which lives as long as the program.
+void reset_state(ScanListState* state)
+{
+    const STR_RW_PRFL kept = state->RW_PRFL;
+    *state = {};
+    state->RW_PRFL = kept;
+}
+
+HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const ScanListState* state,
+                   ScanListRow failure)
+{
+    const int width = scan_list_button_width(GetSystemMetrics(SM_CXSCREEN));
+    const int height = scan_list_button_height(GetSystemMetrics(SM_CYSCREEN));
+    const HWND button =
+        CreateWindowExW(0, L"button", text, kButtonStyle, 0, 0, width, height, hwnd,
+                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), state->hInst, nullptr);
+    if (button == nullptr)
+        report(errors_scan_list, failure);
+    return button;
+}
+
+// The font height for the buttons. A failure is shown in a box and gives the default height, 0.
+std::int32_t find_font_height(HWND hwnd)
+{
+    const WindowDC dc(hwnd);
+    if (dc.get() == nullptr)
+        return report(errors_scan_list, SITE_LIST_NO_DC);
+    const std::int32_t height = find_button_font_size(dc.get(), L"Create Profile",
+                                                      scan_list_button_height(GetSystemMetrics(SM_CYSCREEN)),
+                                                      scan_list_button_width(GetSystemMetrics(SM_CXSCREEN)));
+    return height < 0 ? report(errors_scan_list, SITE_LIST_FONT_SIZE) : height;
+}
+
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanListState* state)
+{
+    reset_state(state);
+    state->hInst = creation->hInstance;
+    state->hwndMove = create_button(hwnd, L"Move", ID_BTN_MOVE, state, SITE_LIST_CREATE_MOVE);
+    state->hwndCreateProfile =
+        create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, SITE_LIST_CREATE_PROFILE_BUTTON);
+    state->hFont = create_control_font(find_font_height(hwnd));
+    if (state->hFont == nullptr) {
+        // Without a font the window stays with its two buttons, on purpose.
+        report(errors_scan_list, SITE_LIST_FONT);
+        return;
+    }
+    SendMessageW(state->hwndMove, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont), TRUE);
+    SendMessageW(state->hwndCreateProfile, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont), TRUE);
+    if (on_WM_CREATE_02_ListView(hwnd, wParam, reinterpret_cast<LPARAM>(creation), state->hInst,
+                                 &state->hwndLV, ID_LISTVIEW) < 0)
+        return; // The window is gone.
+    state->menu = LoadMenuW(state->hInst, L"menu_popup_ModifyCell");
+    state->popup = GetSubMenu(state->menu, 0);
+}
+
+void on_WM_SIZE_ScanListView(LPARAM lParam, const ScanListState* state)
+{
+    const ScanListLayout layout = compute_scan_list_layout(
+        LOWORD(lParam), HIWORD(lParam), GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    move_control(state->hwndMove, layout.move);
+    move_control(state->hwndCreateProfile, layout.create_profile);
+    move_control(state->hwndLV, layout.list);
+    set_column_widths(state->hwndLV, LOWORD(lParam));
+}
+
+void on_WM_PAINT(HWND hwnd)
+{
+    const PaintDC dc(hwnd);
+}
+
+// True for a notification of the list, which is handled then.
+bool on_WM_NOTIFY(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state)
+{
+    const auto* notification = reinterpret_cast<const NMHDR*>(lParam);
+    if (notification == nullptr || state->hwndLV == nullptr || notification->hwndFrom != state->hwndLV ||
+        notification->idFrom != ID_LISTVIEW)
+        return false;
+    on_WM_NOTIFY_ListView(hwnd, state->hwndLV, wParam, lParam, notification, state->popup, &state->hit_cell);
+    return true;
+}
+
+void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state)
+{
+    const std::int32_t result = onButton_Move(hwnd, state->hwndLV, wParam, lParam,
+                                              scan_record.pcDynMem_WinHndls, scan_record.counter_valid);
+    if (result < 0)
+        report(errors_scan_list, SITE_LIST_MOVE_FAILED, result);
+}
+
+void on_Create_Profile(HWND hwnd, ScanListState* state)
+{
+    // A name window that is still open asks for a profile that is abandoned now, and so are its arrays.
+    destroy_own_window_of_class(state->hwnd_ProfileName, kClass_ProfileName);
+    FreeDynMem_wnds_Profile(&state->RW_PRFL);
+    state->RW_PRFL = {};
+    const std::int32_t result =
+        onButton_Create_Profile(hwnd, state->hwndLV, &state->hwnd_ProfileName, &state->RW_PRFL, &scan_record);
+    if (result < 0)
+        report(errors_scan_list, SITE_LIST_CREATE_PROFILE_FAILED, result);
+}
+
+void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state)
+{
+    if (HIWORD(wParam) != BN_CLICKED)
+        return;
+    const unsigned id = LOWORD(wParam);
+    if (id == ID_BTN_MOVE)
+        on_Move(hwnd, wParam, lParam, state);
+    else if (id == ID_BTN_CREATE_PROFILE)
+        on_Create_Profile(hwnd, state);
+    else if (id == ID_MENU_MODIFY_CELL && lParam == 0)
+        state->hwnd_ModifyCell = create_wnd_ModifyCell(hwnd, state->hwndLV, &state->hit_cell);
+}
+
+// Takes the name that arrived into the write record, at most as many units as it has room for.
+void keep_profile_name(const COPYDATASTRUCT* data, STR_RW_PRFL* record)
+{
+    const std::size_t length_units = std::min(data->cbData / sizeof(wchar_t), record->tc_PrfName.size());
+    std::memcpy(record->tc_PrfName.data(), data->lpData, length_units * sizeof(wchar_t));
+    record->ui_len_PrfName_bytes = static_cast<std::uint32_t>(length_units * sizeof(wchar_t));
+}
+
+// The profile's name from the profile name window. Answered FALSE after a failed save, and for a name that
+// does not come from that window: other programs may send this message as well.
+LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanListState* state)
+{
+    if (data == nullptr)
+        return FALSE;
+    if (static_cast<DWORD>(data->dwData) != kProfileName_dwData)
+        return TRUE;
+    if (data->lpData == nullptr || !is_own_window_of_class(sender, kClass_ProfileName))
+        return FALSE;
+    state->hwnd_COPYDATA_from = sender;
+    keep_profile_name(data, &state->RW_PRFL);
+    std::int32_t result = on_WM_COPYDATA_on_wnd_NameOfProfile(hwnd, sender, &scan_record, &state->RW_PRFL);
+    if (result == kNameArrival_cancelled)
+        result = FreeDynMem_wnds_Profile(&state->RW_PRFL);
+    if (result >= 0)
+        return TRUE;
+    report(errors_scan_list, SITE_LIST_NAME_FAILED, result);
+    return FALSE;
+}
+
+void on_WM_DESTROY(HWND hwnd, ScanListState* state)
+{
+    DestroyMenu(state->menu);
+    // Both windows may be gone and their handles given to others; the profile name window that Create Profile
+    // opened is owned by this one and goes with it.
+    destroy_own_window_of_class(state->hwnd_ModifyCell, kClass_ModifyCell);
+    destroy_own_window_of_class(state->hwnd_COPYDATA_from, kClass_ProfileName);
+    release_scan_blocks(&scan_record);
+    if (hwnd_ScanListView == hwnd)
+        hwnd_ScanListView = nullptr;
+    DeleteObject(state->hFont);
+    reset_state(state);
+}
+
+} // namespace
+
+LRESULT CALLBACK WndProc_ScanListView(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    ScanListState* state = &scan_list;
+    switch (message) {
+    case WM_CREATE:
+        on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), wParam, state);
+        break;
+    case WM_SIZE:
+        on_WM_SIZE_ScanListView(lParam, state);
+        return 0;
+    case WM_PAINT:
+        on_WM_PAINT(hwnd);
+        return 0;
+    case WM_NOTIFY:
+        if (on_WM_NOTIFY(hwnd, wParam, lParam, state))
+            return 0;
+        break;
+    case WM_COMMAND:
+        on_WM_COMMAND(hwnd, wParam, lParam, state);
+        return 0;
+    case WM_COPYDATA:
+        return on_WM_COPYDATA(hwnd, reinterpret_cast<HWND>(wParam),
+                              reinterpret_cast<const COPYDATASTRUCT*>(lParam), state);
+    case WM_DESTROY:
+        on_WM_DESTROY(hwnd, state);
+        break;
+    default:
+        break;
+    }
+    return DefWindowProcW(hwnd, message, wParam, lParam);
+}

@@ -1,5 +1,10 @@
 #include "sources/funcs_layout_windows/dropped_files.h"
 
+#include <shlobj.h>
+
+#include <cstddef>
+#include <cstring>
+
 #include "sources/funcs_layout_windows/profile_loading.h"
 #include "sources/funcs_layout_windows/profiles_errors.h"
 #include "sources/win32/memory_block.h"
@@ -8,6 +13,44 @@ namespace
 {
 
 constexpr UINT kDroppedPath_units = 2048;
+
+// How many bytes from `address` on can be read at once.
+std::size_t readable_bytes(const void* address)
+{
+    constexpr DWORD kUnreadable = PAGE_NOACCESS | PAGE_GUARD | PAGE_EXECUTE;
+    MEMORY_BASIC_INFORMATION region{};
+    if (VirtualQuery(address, &region, sizeof region) == 0 || region.State != MEM_COMMIT ||
+        (region.Protect & kUnreadable) != 0)
+        return 0;
+    const auto* end = static_cast<const std::uint8_t*>(region.BaseAddress) + region.RegionSize;
+    return static_cast<std::size_t>(end - static_cast<const std::uint8_t*>(address));
+}
+
+// True when the memory holds a list of dropped files whose first path ends inside it.
+bool holds_dropped_files(const std::uint8_t* bytes)
+{
+    const std::size_t size_bytes = readable_bytes(bytes);
+    DROPFILES header{};
+    if (size_bytes < sizeof header)
+        return false;
+    std::memcpy(&header, bytes, sizeof header);
+    const std::size_t unit_bytes = header.fWide != FALSE ? sizeof(wchar_t) : sizeof(char);
+    for (std::size_t offset = header.pFiles; offset + unit_bytes <= size_bytes; offset += unit_bytes) {
+        if (bytes[offset] == 0 && bytes[offset + unit_bytes - 1] == 0)
+            return true;
+    }
+    return false;
+}
+
+// WM_DROPFILES may come from anywhere, with anything for a handle; the shell's own routine believes what it
+// is given.
+bool is_drop_handle(HDROP hDrop)
+{
+    const auto* bytes = static_cast<const std::uint8_t*>(GlobalLock(hDrop));
+    const bool holds = bytes != nullptr && holds_dropped_files(bytes);
+    GlobalUnlock(hDrop);
+    return holds;
+}
 
 } // namespace
 
@@ -20,7 +63,7 @@ std::int32_t on_wm_dropfiles(HWND hwnd_MW, HDROP hDrop, LoadedProfiles_STR* p_Lo
     if (path == nullptr)
         return report(errors_profiles, SITE_DROP_MEMORY);
     // One profile per drop, however many files were dropped.
-    if (DragQueryFileW(hDrop, 0, path, kDroppedPath_units) == 0) {
+    if (!is_drop_handle(hDrop) || DragQueryFileW(hDrop, 0, path, kDroppedPath_units) == 0) {
         release_block(path);
         return report(errors_profiles, SITE_DROP_QUERY);
     }

@@ -17,14 +17,13 @@ inline constexpr std::size_t kPath_max_units = 32768;
 using EntryPathBuffer = std::array<wchar_t, kPath_max_units>;
 
 // Copies the entry's declared bytes and a terminator into `buffer` (the last byte of an odd length is a unit
-// of its own). The text ends at the first zero among them. Empty for a path that no system call would take.
+// of its own). The text ends at the first zero among them. A path that is longer than any
+// the system takes gives an empty view without data.
 inline std::wstring_view copy_entry_path(const profile_file::Entry& entry, EntryPathBuffer* buffer)
 {
     const std::size_t units = (std::size_t{entry.path_bytes} + 1) / sizeof(wchar_t);
-    if (units >= buffer->size()) {
-        buffer->front() = L'\0';
+    if (units >= buffer->size())
         return {};
-    }
     (*buffer)[units] = L'\0';
     if (units != 0)
         (*buffer)[units - 1] = L'\0';

@@ -2,6 +2,8 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
+
 #include "sources/funcs_layout_windows/entry_path.h"
 #include "sources/funcs_layout_windows/profiles_errors.h"
 #include "sources/profile_file/profile_file.h"
@@ -28,6 +30,7 @@ void note_failed_start(LaunchState* launch, std::uint32_t index)
     launch->p_arr1D_ui_failed[launch->uiN_failed_Folders + launch->uiN_failed_Programs] = index;
 }
 
+// Opens a folder window. A null path stands for one that no system call takes.
 void open_folder(LaunchState* launch, std::uint32_t index, const wchar_t* path)
 {
     SHELLEXECUTEINFOW info{};
@@ -35,7 +38,7 @@ void open_folder(LaunchState* launch, std::uint32_t index, const wchar_t* path)
     info.lpVerb = L"open";
     info.lpFile = path;
     info.nShow = SW_SHOWNORMAL;
-    if (ShellExecuteExW(&info) == FALSE) {
+    if (path == nullptr || ShellExecuteExW(&info) == FALSE) {
         note_failed_start(launch, index);
         ++launch->uiN_failed_Folders;
     }
@@ -59,14 +62,14 @@ STARTUPINFOW startup_info(const Entry& entry)
     return startup;
 }
 
-// Starts a program and waits until it is ready for input. Its handles are kept open in the launch record on
-// purpose.
+// Starts a program and waits until it is ready for input; a null path as above. Its handles are kept open in
+// the launch record on purpose.
 void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path, std::size_t record_index)
 {
     STARTUPINFOW startup = startup_info(entry);
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(path, nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) ==
-        FALSE) {
+    if (path == nullptr || CreateProcessW(path, nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                                          &startup, &process) == FALSE) {
         process = {};
         note_failed_start(launch, entry.index);
         ++launch->uiN_failed_Programs;
@@ -90,7 +93,7 @@ void start_entries(LaunchState* launch)
     std::size_t n_records = 0;
     for (EntryCursor cursor(launch->pcFileData); cursor.valid(); cursor.next()) {
         const Entry entry = cursor.get();
-        const wchar_t* path = buffer == nullptr ? L"" : copy_entry_path(entry, buffer).data();
+        const wchar_t* path = buffer == nullptr ? nullptr : copy_entry_path(entry, buffer).data();
         if (entry.kind == profile_file::kKind_folder)
             open_folder(launch, entry.index, path);
         else if (entry.kind == profile_file::kKind_program)
@@ -144,7 +147,8 @@ bool detect_programs(LaunchState* launch)
                                        .uiSize_bytes = kImagePath_units * sizeof(wchar_t),
                                        .pcFileData = launch->pcFileData,
                                        .pc_arr_STRs_InfoLoadedPrg = launch->pc_arr_STRs_InfoLoadedPrg,
-                                       .N_prgs = launch->uiN_Programs};
+                                       .N_prgs = static_cast<std::uint32_t>(std::min<std::size_t>(
+                                           launch->uiN_Programs, launch->max_launch_records))};
     for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Programs != 0; ++attempt) {
         if (find_hwnds_Programs_fill_array(&record, launch->uiN_wnds, launch->pc_arr1D_hwnd_Programs_only) <
             0)

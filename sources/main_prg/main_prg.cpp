@@ -114,16 +114,16 @@ int run_message_loop()
 
 } // namespace
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*command_line*/, int show_command)
+int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPWSTR /*lpCmdLine*/, int nShowCmd)
 {
     if (show_running_instance())
         return 0;
     initialise_common_controls();
-    register_main_class(instance);
-    register_scan_list_class(instance);
-    const HWND hwnd = create_main_window(instance);
+    register_main_class(hInstance);
+    register_scan_list_class(hInstance);
+    const HWND hwnd = create_main_window(hInstance);
     accept_drops(hwnd);
-    ShowWindow(hwnd, show_command);
+    ShowWindow(hwnd, nShowCmd);
     UpdateWindow(hwnd);
     return run_message_loop();
 }

@@ -21,12 +21,13 @@ void write_part(FileWriter* writer, const void* bytes, std::size_t size_bytes)
 {
     const auto wanted = static_cast<DWORD>(size_bytes);
     DWORD written = 0;
-    if (WriteFile(writer->file, bytes, wanted, &written, nullptr) != FALSE && written == wanted)
-        return;
-    // A short write that calls itself a success leaves no code: only a full disk does that.
-    const DWORD error = GetLastError();
+    DWORD error = ERROR_SUCCESS;
+    if (WriteFile(writer->file, bytes, wanted, &written, nullptr) == FALSE)
+        error = GetLastError();
+    else if (written != wanted)
+        error = ERROR_DISK_FULL; // A short write leaves no code of its own.
     if (writer->error == ERROR_SUCCESS)
-        writer->error = error == ERROR_SUCCESS ? ERROR_DISK_FULL : error;
+        writer->error = error;
 }
 
 bool arrays_present(const STR_RW_PRFL* record)

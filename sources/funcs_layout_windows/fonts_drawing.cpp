@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
+#include "sources/funcs_layout_windows/pixel_rect.h"
 #include "sources/win32/bytes_as_wide.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/gdi_object.h"
@@ -171,14 +172,4 @@ void fill_background(HWND hwnd, HDC hdc)
     }};
     GRADIENT_RECT whole{.UpperLeft = 0, .LowerRight = 1};
     GradientFill(hdc, corners.data(), static_cast<ULONG>(corners.size()), &whole, 1, GRADIENT_FILL_RECT_V);
-}
-
-void move_control(HWND control, const PixelRect& rect)
-{
-    MoveWindow(control, rect.x, rect.y, rect.width, rect.height, TRUE);
-}
-
-RECT to_RECT(const PixelRect& rect)
-{
-    return {.left = rect.x, .top = rect.y, .right = rect.x + rect.width, .bottom = rect.y + rect.height};
 }

@@ -6,8 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/pixel_rect.h"
-
 // Result of the font searches and drawing primitives on bad input, after an error box.
 inline constexpr std::int32_t kDrawing_bad_input = -1;
 
@@ -53,9 +51,3 @@ std::int32_t draw_wnd_frame(HWND hwnd_MW, HDC hdc_MW, std::int32_t x, std::int32
 
 // Fills the client area of `hwnd` with the vertical gradient that is the background of the program's windows.
 void fill_background(HWND hwnd, HDC hdc);
-
-// Moves a control to its rectangle, with repaint.
-void move_control(HWND control, const PixelRect& rect);
-
-// The rectangle in the system's form.
-RECT to_RECT(const PixelRect& rect);

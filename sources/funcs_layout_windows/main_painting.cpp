@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
 #include "sources/win32/device_contexts.h"

@@ -1,6 +1,6 @@
 #include "sources/funcs_layout_windows/main_resizing.h"
 
-#include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
 
 std::int32_t on_WM_SIZE(HWND hwnd_MW, WPARAM /*wParam*/, LPARAM lParam, STR_GeomLt* pSTR_GeomLt,

@@ -97,14 +97,9 @@ BOOL CALLBACK EnumWindowsProc_Calc(HWND hwnd, LPARAM lParam)
         return TRUE;
     ++pSTR->counter_valid;
 
-    switch (read_image_path_of(hwnd, pSTR, SITE_CALC_MODULE_NAME)) {
-    case ImagePath::FAILED:
-        return FALSE;
-    case ImagePath::UNAVAILABLE:
-        return TRUE;
-    case ImagePath::READ:
-        break;
-    }
+    const ImagePath image = read_image_path_of(hwnd, pSTR, SITE_CALC_MODULE_NAME);
+    if (image != ImagePath::READ)
+        return image == ImagePath::UNAVAILABLE ? TRUE : FALSE;
     const std::wstring_view path = text_in(scratch_buffer(pSTR));
     if (!is_explorer_image(path)) {
         const auto path_bytes = static_cast<std::uint32_t>(path.size() * sizeof(wchar_t));
@@ -135,14 +130,9 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
         return TRUE;
 
     write_window(hwnd, pSTR, slot, text_in(title));
-    switch (read_image_path_of(hwnd, pSTR, SITE_CALC_02_MODULE_NAME)) {
-    case ImagePath::FAILED:
-        return FALSE;
-    case ImagePath::UNAVAILABLE:
-        return TRUE;
-    case ImagePath::READ:
-        break;
-    }
+    const ImagePath image = read_image_path_of(hwnd, pSTR, SITE_CALC_02_MODULE_NAME);
+    if (image != ImagePath::READ)
+        return image == ImagePath::UNAVAILABLE ? TRUE : FALSE;
     if (write_path(pSTR, slot))
         ++pSTR->counter_filled;
     return TRUE;

@@ -97,15 +97,11 @@ BOOL CALLBACK GetHWNDS_of_LoadedPrograms(HWND hwnd, LPARAM lParam)
     DWORD process_id = 0;
     const DWORD thread_id = GetWindowThreadProcessId(hwnd, &process_id);
     const std::span<wchar_t> buffer(pParams_STR->ptcBuf, pParams_STR->uiSize_chars);
-    switch (read_image_path(process_id, buffer, pParams_STR->uiSize_chars)) {
-    case ImagePath::FAILED:
+    const ImagePath read = read_image_path(process_id, buffer, pParams_STR->uiSize_chars);
+    if (read == ImagePath::FAILED)
         report(errors_profiles, SITE_MATCH_MODULE_NAME);
-        return FALSE;
-    case ImagePath::UNAVAILABLE:
-        return TRUE;
-    case ImagePath::READ:
-        break;
-    }
+    if (read != ImagePath::READ)
+        return read == ImagePath::UNAVAILABLE ? TRUE : FALSE;
     const std::wstring_view image = text_in(buffer);
     if (!is_explorer_image(image))
         match_entries(pParams_STR, hwnd, image, process_id, thread_id);

@@ -6,6 +6,7 @@
 
 #include "errors/system_error_box.h"
 #include "resources/resource_ids.h"
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/main_layout.h"
 #include "sources/funcs_layout_windows/scan_command.h"
 #include "sources/main_prg/main_errors.h"
@@ -41,36 +42,14 @@ void initialise_common_controls()
 
 void register_main_class(HINSTANCE instance)
 {
-    WNDCLASSEXW main_class{};
-    main_class.cbSize = sizeof main_class;
-    main_class.style = CS_HREDRAW | CS_VREDRAW;
-    main_class.lpfnWndProc = WndProc;
-    main_class.hInstance = instance;
+    WNDCLASSEXW main_class = common_window_class(instance, kClass_MainWindow, WndProc);
     main_class.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(ID_ICON_32));
     // The small icon is the large picture on purpose.
     main_class.hIconSm = static_cast<HICON>(
         LoadImageW(instance, MAKEINTRESOURCEW(ID_ICON_32), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
-    main_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     main_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
     main_class.lpszMenuName = L"menu_main";
-    main_class.lpszClassName = kClass_MainWindow;
     RegisterClassExW(&main_class);
-}
-
-// The List of Windows window's class; the Scan command opens the window by the class name.
-void register_scan_list_class(HINSTANCE instance)
-{
-    WNDCLASSEXW list_class{};
-    list_class.cbSize = sizeof list_class;
-    list_class.style = CS_HREDRAW | CS_VREDRAW;
-    list_class.lpfnWndProc = WndProc_ScanListView;
-    list_class.hInstance = instance;
-    list_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    list_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
-    list_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    list_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    list_class.lpszClassName = kClass_ScanListView;
-    RegisterClassExW(&list_class);
 }
 
 // Null after the system's error text; the program goes on regardless.
@@ -120,7 +99,8 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPWSTR /*l
         return 0;
     initialise_common_controls();
     register_main_class(hInstance);
-    register_scan_list_class(hInstance);
+    // The Scan command opens the list by its class name.
+    register_side_window_class(hInstance, kClass_ScanListView, WndProc_ScanListView);
     const HWND hwnd = create_main_window(hInstance);
     accept_drops(hwnd);
     ShowWindow(hwnd, nShowCmd);

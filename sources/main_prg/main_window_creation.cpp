@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/main_prg/main_errors.h"
 #include "sources/win32/bytes_as_wide.h"
@@ -12,7 +13,6 @@
 namespace
 {
 
-constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
 constexpr DWORD kActionStyle = WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST | CBS_HASSTRINGS;
 constexpr DWORD kProfileStyle = kActionStyle | CBS_AUTOHSCROLL;
 
@@ -21,19 +21,12 @@ constexpr PixelRect kPlaceholder_button{.x = 0, .y = 0, .height = 5, .width = 5}
 constexpr PixelRect kPlaceholder_combo{.x = 10, .y = 10, .height = 10, .width = 10};
 constexpr std::int32_t kPlaceholder_margin = 300;
 
-HWND create_control(HWND parent, HINSTANCE instance, const wchar_t* class_name, const wchar_t* text,
-                    DWORD style, const PixelRect& rect, MainControl id)
-{
-    return CreateWindowExW(0, class_name, text, style, rect.x, rect.y, rect.width, rect.height, parent,
-                           reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
-}
-
 // One of the two upper buttons; a failure is shown as row `failure`.
 HWND create_upper_button(HWND hwnd, const MainWindowState* state, const wchar_t* text, MainControl id,
                          MainRow failure)
 {
     const HWND button =
-        create_control(hwnd, state->hInst, L"button", text, kButtonStyle, kPlaceholder_button, id);
+        create_control(hwnd, state->hInst, L"button", text, kButtonStyle, 0, kPlaceholder_button, id);
     if (button == nullptr)
         report_owned(hwnd, errors_main, failure);
     move_control(button, {.x = 0,
@@ -48,11 +41,11 @@ void create_controls(HWND hwnd, MainWindowState* state)
     state->hWndBTN00 = create_upper_button(hwnd, state, L"Scan", ID_BTN_SCAN, SITE_CREATE_SCAN_BUTTON);
     state->hWndBTN_LoadProfile =
         create_upper_button(hwnd, state, L"Load Profile", ID_BTN_LOAD_PROFILE, SITE_CREATE_LOAD_BUTTON);
-    state->hwnd_CB_Profile = create_control(hwnd, state->hInst, L"ComboBox", L"", kProfileStyle,
+    state->hwnd_CB_Profile = create_control(hwnd, state->hInst, L"ComboBox", L"", kProfileStyle, 0,
                                             kPlaceholder_combo, ID_CB_PROFILE);
-    state->hwnd_CB_Action =
-        create_control(hwnd, state->hInst, L"ComboBox", L"", kActionStyle, kPlaceholder_combo, ID_CB_ACTION);
-    state->hWndBTN_Apply = create_control(hwnd, state->hInst, L"button", L"Apply", kButtonStyle,
+    state->hwnd_CB_Action = create_control(hwnd, state->hInst, L"ComboBox", L"", kActionStyle, 0,
+                                           kPlaceholder_combo, ID_CB_ACTION);
+    state->hWndBTN_Apply = create_control(hwnd, state->hInst, L"button", L"Apply", kButtonStyle, 0,
                                           kPlaceholder_combo, ID_BTN_APPLY);
     if (state->hwnd_CB_Profile == nullptr || state->hwnd_CB_Action == nullptr ||
         state->hWndBTN_Apply == nullptr)

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstring>
 
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/window_class.h"
@@ -26,7 +27,6 @@ struct ControlKind {
 };
 
 constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE | ES_NUMBER;
-constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
 
 // By identifier.
 constexpr std::array<ControlKind, MODIFY_CELL_CONTROLS> kControls{{
@@ -132,10 +132,8 @@ void create_controls(HWND hwnd, HINSTANCE instance, ModifyCellState* state)
 {
     for (const ModifyCellControl id : kCreationOrder) {
         const ControlKind& kind = kControls[id];
-        const PixelRect& rect = state->layout.controls[id];
-        state->controls[id] = CreateWindowExW(
-            kind.extended_style, kind.class_name, kind.text, kind.style, rect.x, rect.y, rect.width,
-            rect.height, hwnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
+        state->controls[id] = create_control(hwnd, instance, kind.class_name, kind.text, kind.style,
+                                             kind.extended_style, state->layout.controls[id], id);
         if (state->controls[id] == nullptr)
             report_owned(hwnd, errors_modify_cell, kind.failure);
         if (id == MODIFY_CELL_X)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
@@ -13,7 +14,6 @@ namespace
 
 enum ProfileNameControl : unsigned { ID_BTN_OK = 1, ID_BTN_CANCEL = 2, ID_EDIT_NAME = 3 };
 
-constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
 constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE;
 
 // Distance from the owner's upper left corner to this window's, in pixels.
@@ -36,32 +36,17 @@ ProfileNameState profile_name;
 void register_class_once(HINSTANCE instance)
 {
     static bool registered = false;
-    if (registered)
-        return;
+    if (!registered)
+        register_side_window_class(instance, kClass_ProfileName, WndProc_wnd_ProfileName);
     registered = true;
-    WNDCLASSEXW name_class{};
-    name_class.cbSize = sizeof name_class;
-    name_class.style = CS_HREDRAW | CS_VREDRAW;
-    name_class.lpfnWndProc = WndProc_wnd_ProfileName;
-    name_class.hInstance = instance;
-    name_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    name_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
-    name_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    name_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    name_class.lpszClassName = kClass_ProfileName;
-    RegisterClassExW(&name_class);
 }
 
-HWND create_control(HWND parent, HINSTANCE instance, DWORD extended_style, const wchar_t* class_name,
-                    const wchar_t* text, DWORD style, const PixelRect& rect, ProfileNameControl id,
-                    ProfileNameRow failure)
+// Creates a button; a failure is shown as row `failure`.
+void create_button(HWND hwnd, HINSTANCE instance, const wchar_t* text, DWORD style, const PixelRect& rect,
+                   ProfileNameControl id, ProfileNameRow failure)
 {
-    const HWND control =
-        CreateWindowExW(extended_style, class_name, text, style, rect.x, rect.y, rect.width, rect.height,
-                        parent, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
-    if (control == nullptr)
-        report_owned(parent, errors_profile_name, failure);
-    return control;
+    if (create_control(hwnd, instance, L"button", text, style, 0, rect, id) == nullptr)
+        report_owned(hwnd, errors_profile_name, failure);
 }
 
 void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* state)
@@ -77,12 +62,14 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* st
     state->layout = compute_profile_name_layout(state->i_outer_width, GetSystemMetrics(SM_CXSCREEN),
                                                 GetSystemMetrics(SM_CYSCREEN));
     const HINSTANCE instance = creation->hInstance;
-    create_control(hwnd, instance, 0, L"button", L"Ok", kButtonStyle | BS_DEFPUSHBUTTON, state->layout.ok,
-                   ID_BTN_OK, SITE_NAME_CREATE_OK);
-    create_control(hwnd, instance, 0, L"button", L"Cancel", kButtonStyle, state->layout.cancel, ID_BTN_CANCEL,
-                   SITE_NAME_CREATE_CANCEL);
-    state->hEdit = create_control(hwnd, instance, WS_EX_CLIENTEDGE, L"EDIT", L"", kEditStyle,
-                                  state->layout.edit, ID_EDIT_NAME, SITE_NAME_CREATE_EDIT);
+    create_button(hwnd, instance, L"Ok", kButtonStyle | BS_DEFPUSHBUTTON, state->layout.ok, ID_BTN_OK,
+                  SITE_NAME_CREATE_OK);
+    create_button(hwnd, instance, L"Cancel", kButtonStyle, state->layout.cancel, ID_BTN_CANCEL,
+                  SITE_NAME_CREATE_CANCEL);
+    state->hEdit = create_control(hwnd, instance, L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE,
+                                  state->layout.edit, ID_EDIT_NAME);
+    if (state->hEdit == nullptr)
+        report_owned(hwnd, errors_profile_name, SITE_NAME_CREATE_EDIT);
     SendMessageW(state->hEdit, EM_LIMITTEXT, kProfileName_max_units, 0);
     SetFocus(state->hEdit);
     state->flag_controls_exist = true;

@@ -1,6 +1,7 @@
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 
 #include "errors/system_error_box.h"
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/wnd_ModifyCell/modify_cell_layout.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 
@@ -13,20 +14,9 @@ constexpr int kOffset_from_cursor = 30;
 void register_class_once(HINSTANCE instance)
 {
     static bool registered = false;
-    if (registered)
-        return;
+    if (!registered)
+        register_side_window_class(instance, kClass_ModifyCell, WndProc_ModifyCell);
     registered = true;
-    WNDCLASSEXW cell_class{};
-    cell_class.cbSize = sizeof cell_class;
-    cell_class.style = CS_HREDRAW | CS_VREDRAW;
-    cell_class.lpfnWndProc = WndProc_ModifyCell;
-    cell_class.hInstance = instance;
-    cell_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    cell_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
-    cell_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    cell_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    cell_class.lpszClassName = kClass_ModifyCell;
-    RegisterClassExW(&cell_class);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "resources/resource_ids.h"
+#include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/funcs_layout_windows/scan_record.h"
 #include "sources/win32/device_contexts.h"
@@ -22,8 +23,6 @@ namespace
 {
 
 enum ScanListControl : unsigned { ID_BTN_MOVE = 1, ID_BTN_CREATE_PROFILE = 2, ID_LISTVIEW = 4 };
-
-constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | BS_CENTER;
 
 // The process-wide state of the window: one at a time.
 struct ScanListState {
@@ -53,11 +52,11 @@ void reset_state(ScanListState* state)
 HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const ScanListState* state,
                    ScanListRow failure)
 {
-    const int width = scan_list_button_width(GetSystemMetrics(SM_CXSCREEN));
-    const int height = scan_list_button_height(GetSystemMetrics(SM_CYSCREEN));
-    const HWND button =
-        CreateWindowExW(0, L"button", text, kButtonStyle, 0, 0, width, height, hwnd,
-                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), state->hInst, nullptr);
+    const PixelRect unplaced{.x = 0,
+                             .y = 0,
+                             .height = scan_list_button_height(GetSystemMetrics(SM_CYSCREEN)),
+                             .width = scan_list_button_width(GetSystemMetrics(SM_CXSCREEN))};
+    const HWND button = create_control(hwnd, state->hInst, L"button", text, kButtonStyle, 0, unplaced, id);
     if (button == nullptr)
         report(errors_scan_list, failure);
     return button;

@@ -1,0 +1,39 @@
+#include "sources/funcs_layout_windows/child_controls.h"
+
+HWND create_control(HWND parent, HINSTANCE instance, const wchar_t* class_name, const wchar_t* text,
+                    DWORD style, DWORD extended_style, const PixelRect& rect, unsigned id)
+{
+    return CreateWindowExW(extended_style, class_name, text, style, rect.x, rect.y, rect.width, rect.height,
+                           parent, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), instance, nullptr);
+}
+
+void move_control(HWND control, const PixelRect& rect)
+{
+    MoveWindow(control, rect.x, rect.y, rect.width, rect.height, TRUE);
+}
+
+RECT to_RECT(const PixelRect& rect)
+{
+    return {.left = rect.x, .top = rect.y, .right = rect.x + rect.width, .bottom = rect.y + rect.height};
+}
+
+WNDCLASSEXW common_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure)
+{
+    WNDCLASSEXW window_class{};
+    window_class.cbSize = sizeof window_class;
+    window_class.style = CS_HREDRAW | CS_VREDRAW;
+    window_class.lpfnWndProc = procedure;
+    window_class.hInstance = instance;
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.lpszClassName = class_name;
+    return window_class;
+}
+
+void register_side_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure)
+{
+    WNDCLASSEXW window_class = common_window_class(instance, class_name, procedure);
+    window_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    window_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
+    window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    RegisterClassExW(&window_class);
+}

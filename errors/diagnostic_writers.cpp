@@ -10,7 +10,7 @@ namespace
 void dump_number(std::FILE* file, double value)
 {
     std::array<char, 100> buffer{};
-    _snprintf(buffer.data(), buffer.size() - 1, "%E", value);
+    std::snprintf(buffer.data(), buffer.size(), "%E", value);
     dump_str2file(file, buffer.data());
 }
 
@@ -74,7 +74,7 @@ void dump_array2file(std::FILE* file, const char* name, std::span<const double> 
 
 void dump_square_matrix2file(std::FILE* file, const char* name, const double* values, std::size_t n)
 {
-    // No colon after the name, unlike the other writers: existing readers of these dumps look for that.
+    // No colon after the name, unlike the other writers.
     dump_str2file(file, "\n");
     dump_str2file(file, name);
     dump_str2file(file, "\n");

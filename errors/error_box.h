@@ -37,7 +37,7 @@ enum class ErrorEncoding : std::uint8_t {
 struct ErrorSite {
     unsigned id;                 // the row's own number in the module's enumeration
     std::uint32_t site;          // printed as the line of the failure
-    std::uint32_t handler;       // printed as the line of the error handler
+    std::uint32_t handler;       // printed as the line of the error handler; failures may share one
     const char* function;        // the function's name as printed
     ErrorLayout layout;          // what stands around the detail
     const char* detail;          // printf format of the detail; its values follow the row in the call

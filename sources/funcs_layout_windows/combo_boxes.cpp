@@ -46,6 +46,11 @@ template <typename Record> void keep_selection(unsigned code, unsigned uiCtlID, 
 
 } // namespace
 
+LRESULT selected_position(HWND hwnd_CB)
+{
+    return IsWindow(hwnd_CB) == FALSE ? CB_ERR : SendMessageW(hwnd_CB, CB_GETCURSEL, 0, 0);
+}
+
 void CB_Profile_init(HWND hwnd_CB, std::uint32_t uiCtlID, CB_mng_STR* pCB_mng_STR)
 {
     *pCB_mng_STR = {};
@@ -112,10 +117,10 @@ std::int32_t CB_Profile_del_string(CB_mng_STR* p_CB_mng_STR)
         return report(errors_profiles, SITE_DEL_STRING_INPUT, p_CB_mng_STR);
 
     // No selection is CB_ERR, which is above any count when unsigned.
-    const auto ind = static_cast<std::uint32_t>(SendMessageW(p_CB_mng_STR->hwnd_CB, CB_GETCURSEL, 0, 0));
+    const auto ind = static_cast<std::uint32_t>(selected_position(p_CB_mng_STR->hwnd_CB));
     if (ind > p_CB_mng_STR->uiN_strs || p_CB_mng_STR->uiN_strs == 0)
         return report(errors_profiles, SITE_DEL_STRING_SELECTION);
-    if (SendMessageW(p_CB_mng_STR->hwnd_CB, CB_DELETESTRING, ind, 0) == CB_ERR || ind >= kProfileNames_max)
+    if (ind >= kProfileNames_max || SendMessageW(p_CB_mng_STR->hwnd_CB, CB_DELETESTRING, ind, 0) == CB_ERR)
         return report(errors_profiles, SITE_DEL_STRING_DELETE);
 
     auto& indexes = p_CB_mng_STR->arr1D_ui_index_profile;

@@ -40,6 +40,9 @@ struct CB_Action_mng_STR {
 };
 static_assert(std::is_trivially_copyable_v<CB_Action_mng_STR>);
 
+// The position selected in a list; CB_ERR when none is, or there is no such list.
+LRESULT selected_position(HWND hwnd_CB);
+
 // Clears the Profile list's record and sets it up for the empty list `hwnd_CB`.
 void CB_Profile_init(HWND hwnd_CB, std::uint32_t uiCtlID, CB_mng_STR* pCB_mng_STR);
 

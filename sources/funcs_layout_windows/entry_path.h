@@ -16,9 +16,9 @@ inline constexpr std::size_t kPath_max_units = 32768;
 // Room for one path; too large for the stack.
 using EntryPathBuffer = std::array<wchar_t, kPath_max_units>;
 
-// Copies the entry's declared bytes and a terminator into `buffer` (the last byte of an odd length is a unit
-// of its own). The text ends at the first zero among them. A path that is longer than any
-// the system takes gives an empty view without data.
+// Copies the entry's declared bytes and a terminator into `buffer`; the last byte of an odd length is a unit
+// of its own. The result ends at the first zero among them. It has null data for a path that is longer than
+// any the system takes.
 inline std::wstring_view copy_entry_path(const profile_file::Entry& entry, EntryPathBuffer* buffer)
 {
     const std::size_t units = (std::size_t{entry.path_bytes} + 1) / sizeof(wchar_t);

@@ -41,8 +41,7 @@ bool fill_folder(HWND hwnd, std::wstring_view path, void* context)
         filling->result = report(errors_layout_windows, SITE_FOLDERS_02_NO_HANDLE, hwnd);
         return false;
     }
-    // A call to the shell lets other threads' messages in: a Scan run from there may have released the
-    // blocks.
+    // A call to the shell lets messages in; one that closes the main window releases the blocks.
     if (!blocks_present(filling->record))
         return false;
     for (std::uint32_t slot = 0; slot < filling->record->counter_valid; ++slot) {

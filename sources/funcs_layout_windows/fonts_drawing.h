@@ -3,10 +3,10 @@
 
 #include <windows.h>
 
-#include <cstddef>
 #include <cstdint>
 
-// Result of the font searches and drawing primitives on bad input, after an error box.
+// Result of the font searches, the drawing primitives and the main window's layout and painting on bad input,
+// after an error box.
 inline constexpr std::int32_t kDrawing_bad_input = -1;
 
 // The one font of the program, as handed to vex_CreateFont.
@@ -15,10 +15,10 @@ inline constexpr std::uint8_t kFontPitchAndFamily = FF_ROMAN;
 inline constexpr std::uint32_t kFontWeight_normal = FW_NORMAL;
 inline constexpr std::uint32_t kFontWeight_bold = FW_BOLD;
 
-// Makes a font `height` pixels high. The caller deletes it; null when the system makes none. The 8-bit face
-// name is laid into the wide face name unconverted, on purpose: no face has that name, so the font mapper
-// chooses a serif TrueType face by family and precision. A null face name shows an error box and makes a font
-// without face name.
+// Makes a font `height` pixels high, 0 meaning the default height. The caller deletes it; null when the
+// system makes none. The 8-bit face name is laid into the wide face name unconverted, on purpose: no face has
+// that name, so the font mapper chooses a serif TrueType face by family and precision. A null face name shows
+// an error box and makes a font without face name.
 HFONT vex_CreateFont(std::uint32_t height, std::uint32_t weight, std::uint8_t italic, std::uint8_t underline,
                      std::uint8_t strike_out, std::uint8_t pitch_and_family, const char* pcTypeFaceName);
 

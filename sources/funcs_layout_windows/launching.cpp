@@ -25,6 +25,12 @@ bool is_minimised(const Entry& entry)
     return entry.width == 0 || entry.height == 0;
 }
 
+// The system's own boxes leave the main window usable: it may be closed while a load is under way.
+bool is_abandoned(const LaunchState* launch)
+{
+    return IsWindow(launch->hwnd_MW) == FALSE;
+}
+
 void note_failed_start(LaunchState* launch, std::uint32_t index)
 {
     launch->p_arr1D_ui_failed[launch->uiN_failed_Folders + launch->uiN_failed_Programs] = index;
@@ -88,10 +94,9 @@ void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path,
 void start_entries(LaunchState* launch)
 {
     // Opening a folder lets messages in, so another load may run meanwhile: each has a buffer of its own.
-    // Without one every path counts as empty, which no system call takes.
     auto* buffer = allocate_block<EntryPathBuffer>(sizeof(EntryPathBuffer));
     std::size_t n_records = 0;
-    for (EntryCursor cursor(launch->pcFileData); cursor.valid(); cursor.next()) {
+    for (EntryCursor cursor(launch->pcFileData); cursor.valid() && !is_abandoned(launch); cursor.next()) {
         const Entry entry = cursor.get();
         const wchar_t* path = buffer == nullptr ? nullptr : copy_entry_path(entry, buffer).data();
         if (entry.kind == profile_file::kKind_folder)
@@ -106,7 +111,8 @@ void start_entries(LaunchState* launch)
 std::int32_t detect_folders(LaunchState* launch, bool* detected)
 {
     *detected = false;
-    for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Folders != 0; ++attempt) {
+    for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Folders != 0 && !is_abandoned(launch);
+         ++attempt) {
         GetHWNDS_of_LoadedFolders(launch->pcFileData, launch->p_arr1D_hwnd_Folders);
         const std::int32_t checked = check_folders_loaded(
             launch->pcFileData, launch->p_arr1D_hwnd_Folders, launch->uiN_wnds, launch->p_arr1D_ui_failed,
@@ -149,7 +155,8 @@ bool detect_programs(LaunchState* launch)
                                        .pc_arr_STRs_InfoLoadedPrg = launch->pc_arr_STRs_InfoLoadedPrg,
                                        .N_prgs = static_cast<std::uint32_t>(std::min<std::size_t>(
                                            launch->uiN_Programs, launch->max_launch_records))};
-    for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Programs != 0; ++attempt) {
+    for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Programs != 0 && !is_abandoned(launch);
+         ++attempt) {
         if (find_hwnds_Programs_fill_array(&record, launch->uiN_wnds, launch->pc_arr1D_hwnd_Programs_only) <
             0)
             report(errors_profiles, SITE_LAUNCH_FIND_PROGRAMS);
@@ -222,7 +229,9 @@ std::int32_t launch_profile(LaunchState* launch)
     if (detected < 0)
         return detected;
     const bool programs_detected = detect_programs(launch);
+    if (is_abandoned(launch))
+        return kLaunch_abandoned;
     report_missing(launch, folders_detected, programs_detected);
     place_windows(launch);
-    return 1;
+    return is_abandoned(launch) ? kLaunch_abandoned : 1;
 }

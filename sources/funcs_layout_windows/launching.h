@@ -31,10 +31,13 @@ struct LaunchState {
 // Capacity of LaunchState::ptcBuf in UTF-16 units.
 inline constexpr std::uint32_t kImagePath_units = 2048;
 
+// Results of launch_profile besides 1.
+inline constexpr std::int32_t kLaunch_folder_check_failed = -15;
+inline constexpr std::int32_t kLaunch_abandoned = 2;
+
 // Runs the whole of it. The programs' process and thread handles stay open until this process ends. The
 // thread is blocked for up to 5 s per program and 10 s for each of the two searches. The user sees an info
 // box, owned by the main window, for programs and for folders that did not start or were not found. Returns
-// 1, or kLaunch_folder_check_failed after an error box, with nothing placed.
+// 1; kLaunch_folder_check_failed after an error box, with nothing placed; kLaunch_abandoned, quietly, when
+// the main window was closed meanwhile.
 std::int32_t launch_profile(LaunchState* launch);
-
-inline constexpr std::int32_t kLaunch_folder_check_failed = -15;

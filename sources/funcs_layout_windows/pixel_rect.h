@@ -1,4 +1,4 @@
-// A rectangle as the layouts keep it.
+// What the layouts are made of: rectangles, the margin, truncated products.
 #pragma once
 
 #include <cstdint>

@@ -196,7 +196,7 @@ std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_pat
                                           LoadedProfiles_STR* p_LoadedProfiles_STR,
                                           CB_mng_STR* p_CB_Profile_mng_STR)
 {
-    if (hwnd_MW == nullptr || (uc_flag_path_given == 1 && ptcFilePath_Profile == nullptr) ||
+    if (hwnd_MW == nullptr || (uc_flag_path_given != 0 && ptcFilePath_Profile == nullptr) ||
         p_LoadedProfiles_STR == nullptr || p_CB_Profile_mng_STR == nullptr)
         return report(errors_profiles, SITE_LOAD_INPUT, hwnd_MW, ptcFilePath_Profile, p_LoadedProfiles_STR,
                       p_CB_Profile_mng_STR);
@@ -230,7 +230,8 @@ std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_pat
     if (result < 0)
         return result;
 
-    store_and_name(&launch, &loaded, p_LoadedProfiles_STR, p_CB_Profile_mng_STR);
+    if (result != kLaunch_abandoned)
+        store_and_name(&launch, &loaded, p_LoadedProfiles_STR, p_CB_Profile_mng_STR);
     release_block(loaded.bytes);
     release_working_arrays(&launch);
     return 1;

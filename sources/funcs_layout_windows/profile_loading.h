@@ -22,11 +22,12 @@ inline constexpr std::int32_t kLoad_past_end = -11; // arrays or a path run past
 // kLaunch_folder_check_failed (-15) comes from launching.
 
 // Loads a profile file: asks for it with the open dialog when `uc_flag_path_given` is 0, or takes
-// `ptcFilePath_Profile` when it is 1; checks and reads it; starts its programs, opens its folders and places
+// `ptcFilePath_Profile` otherwise; checks and reads it; starts its programs, opens its folders and places
 // their windows; appends it to the store and adds its name to the Profile list. A path that does not exist is
-// created as an empty file, and refused. Nothing is started and the store is left alone when the file is
-// refused; its handle stays open after a refusal until it has been read whole, on purpose, and so do the
-// buffers of a failed command. The thread is blocked for the whole time, see launch_profile.
+// created as an empty file, and refused. When the file is refused nothing is started and the store is left
+// alone. The handle of a file that was refused before it was read whole stays open on purpose, and so do the
+// buffers of a failed command but for the file's after kLoad_past_end. The thread is blocked for the whole
+// time, see launch_profile. When the main window is closed meanwhile the command ends quietly with 1.
 std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_path_given,
                                           const wchar_t* ptcFilePath_Profile,
                                           LoadedProfiles_STR* p_LoadedProfiles_STR,

@@ -25,6 +25,8 @@ constexpr char kReadFile[] = "one of callable functions returned error: error <-
 constexpr char kCreateFile[] =
     "one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()";
 constexpr char kWorkingMemory[] = "error while DynMemAlloc";
+// These begin with a line feed of their own: the reports have an empty line where others of their layout have
+// none.
 constexpr char kStoreMemory[] = "\nerror <- VirtualAlloc()";
 constexpr char kStoreArgument[] = "error, incorrect input parameters:\n\nptr_LoadedProfiles_STR = %p";
 constexpr char kHandlesLimit[] =

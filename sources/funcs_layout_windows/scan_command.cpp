@@ -19,6 +19,18 @@ constexpr int kScanList_left = 30;
 constexpr int kScanList_top = 30;
 constexpr double kScanList_fraction_of_screen = 0.75;
 
+bool scan_running = false;
+
+// Marks a Scan as running up to the end of the scope.
+class ScanRunning
+{
+public:
+    ScanRunning() { scan_running = true; }
+    ScanRunning(const ScanRunning&) = delete;
+    ScanRunning& operator=(const ScanRunning&) = delete;
+    ~ScanRunning() { scan_running = false; }
+};
+
 // Counts and measures. Returns 1, or a negative result after its box.
 std::int32_t measure_windows(STR_ENUM_WNDS_DATA* pSTR)
 {
@@ -80,6 +92,11 @@ void open_scan_list(HWND hwndThis, HWND* p_hwnd_ScanListView)
 
 } // namespace
 
+bool is_scan_running()
+{
+    return scan_running;
+}
+
 std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM /*wParam*/,
                                    LPARAM /*lParam*/, STR_ENUM_WNDS_DATA* pSTR)
 {
@@ -87,6 +104,9 @@ std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPA
         return report(errors_layout_windows, SITE_SCAN_INPUT, hwndThis, pSTR, p_hwnd_ScanListView);
     if (pSTR->uiSize_TmpBuf_Path == 0)
         return report(errors_layout_windows, SITE_SCAN_ZERO_SIZE, pSTR->uiSize_TmpBuf_Path);
+    if (scan_running)
+        return 1;
+    const ScanRunning running;
 
     destroy_own_window_of_class(*p_hwnd_ScanListView, kClass_ScanListView);
     *p_hwnd_ScanListView = nullptr;
@@ -96,9 +116,7 @@ std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPA
     if (pSTR->pcTmpBuf_Prg_Folder_Path == nullptr)
         return report(errors_layout_windows, SITE_SCAN_MEMORY_SCRATCH);
     std::int32_t result = measure_windows(pSTR);
-    // Titles and boxes let messages in. A Scan run from there has opened its own list: the record is its,
-    // then.
-    if (result < 0 || *p_hwnd_ScanListView != nullptr)
+    if (result < 0)
         return result;
     if (pSTR->counter_valid == 0 || pSTR->uiMaxLen_inBytes_AllPath == 0)
         return report(errors_layout_windows, SITE_SCAN_NOTHING_FOUND, pSTR->counter_valid,
@@ -109,8 +127,6 @@ std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPA
     if (result < 0)
         return result;
 
-    // The same here; when that list has been closed already, its blocks are gone.
-    if (*p_hwnd_ScanListView == nullptr && pSTR->pcDynMem_GeomText != nullptr)
-        open_scan_list(hwndThis, p_hwnd_ScanListView);
+    open_scan_list(hwndThis, p_hwnd_ScanListView);
     return 1;
 }

@@ -32,9 +32,12 @@ bool store_path(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot, const wchar_
                 std::size_t length_units)
 {
     const std::size_t length_bytes = length_units * sizeof(wchar_t);
-    if (length_bytes > pSTR->uiMaxLen_inBytes_AllPath)
+    if (pSTR->pcDynMem_FullPaths == nullptr || length_bytes > pSTR->uiMaxLen_inBytes_AllPath)
         return false;
-    std::memcpy(path_slot(pSTR, slot), path, length_bytes);
+    std::uint8_t* stored = path_slot(pSTR, slot);
+    std::memcpy(stored, path, length_bytes);
+    // A folder window with several tabs is written once per tab: nothing of a longer path may stay behind.
+    std::memset(stored + length_bytes, 0, path_slot_bytes(pSTR) - length_bytes);
     pSTR->arr1D_ui_LenPath[slot] = static_cast<std::uint32_t>(length_bytes);
     return true;
 }

@@ -1,4 +1,4 @@
-// One walk over the shell's list of open folder windows, whoever wants to know.
+// One walk over the shell's list of open folder windows.
 #pragma once
 
 #include <windows.h>

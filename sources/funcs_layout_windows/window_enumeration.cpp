@@ -122,7 +122,7 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
         return FALSE;
     }
     std::array<wchar_t, kTitleLimit_filling_units> title;
-    // Reading a title lets other threads' messages in: a Scan run from there may have released the blocks.
+    // Reading a title lets other threads' messages in; one that closes the main window releases the blocks.
     if (!window_qualifies(hwnd, title) || !slot_blocks_present(pSTR))
         return TRUE;
     const std::uint32_t slot = pSTR->counter_filled;

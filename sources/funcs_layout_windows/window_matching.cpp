@@ -19,7 +19,8 @@ using profile_file::EntryCursor;
 // Units asked for with WM_GETTEXT.
 constexpr std::size_t kTitleLimit_units = 1000;
 
-EntryPathBuffer entry_path;
+// One for all: no message comes in between copying a path and comparing it.
+EntryPathBuffer entry_path_buffer;
 
 bool fields_present(const HWNDs_loadedPrgsProfile_STR* record)
 {
@@ -51,7 +52,7 @@ void match_entries(const HWNDs_loadedPrgsProfile_STR* record, HWND hwnd, std::ws
     for (EntryCursor cursor(record->pcFileData); cursor.valid(); cursor.next()) {
         const profile_file::Entry entry = cursor.get();
         if (entry.kind == profile_file::kKind_folder ||
-            !same_path(copy_entry_path(entry, &entry_path), image))
+            !same_path(copy_entry_path(entry, &entry_path_buffer), image))
             continue;
         HWND& found = record->p_hwnd_arr[entry.index];
         if (found == nullptr || was_started_as(record, process_id, thread_id))
@@ -69,7 +70,8 @@ bool match_folder(HWND hwnd, std::wstring_view path, void* context)
     const auto* match = static_cast<const FolderMatch*>(context);
     for (EntryCursor cursor(match->pcFileData); cursor.valid(); cursor.next()) {
         const profile_file::Entry entry = cursor.get();
-        if (entry.kind != profile_file::kKind_program && same_path(copy_entry_path(entry, &entry_path), path))
+        if (entry.kind != profile_file::kKind_program &&
+            same_path(copy_entry_path(entry, &entry_path_buffer), path))
             match->p_arr1D_hwnd[entry.index] = hwnd;
     }
     return true;
@@ -163,6 +165,7 @@ std::int32_t check_folders_loaded(const std::uint8_t* pcFileData, const HWND* pc
 
 bool is_failed_entry(const std::uint32_t* p_arr1D_ui_failed, std::uint32_t n_failed, std::uint32_t index)
 {
+    // They are in entry order.
     return p_arr1D_ui_failed != nullptr &&
-           std::find(p_arr1D_ui_failed, p_arr1D_ui_failed + n_failed, index) != p_arr1D_ui_failed + n_failed;
+           std::binary_search(p_arr1D_ui_failed, p_arr1D_ui_failed + n_failed, index);
 }

@@ -26,7 +26,7 @@ bool show_running_instance()
     if (running == nullptr)
         return false;
     if (IsIconic(running) != FALSE)
-        ShowWindow(running, SW_RESTORE);
+        ShowWindowAsync(running, SW_RESTORE); // It may be busy with a load.
     SetForegroundWindow(running);
     return true;
 }

@@ -50,7 +50,7 @@ constexpr DWORD kButton_focused = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_CENTER
 constexpr DWORD kButton_unfocused = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_CENTER | BS_PUSHBUTTON;
 
 constexpr std::size_t kText_max_units = 50; // with the closing zero
-using CellText = std::array<wchar_t, kText_max_units>;
+using EditText = std::array<wchar_t, kText_max_units>;
 
 // The process-wide state: one window at a time. A second one takes it over.
 struct ModifyCellState {
@@ -141,21 +141,28 @@ void create_controls(HWND hwnd, HINSTANCE instance, ModifyCellState* state)
     }
 }
 
-// Fits the font, gives it to all controls and keeps it with the window, which deletes it when it goes. False
-// after an error box.
-bool set_control_font(HWND hwnd, const ModifyCellState* state)
+// The font height for the controls; negative after an error box.
+std::int32_t find_font_height(HWND hwnd, const ModifyCellLayout& layout)
 {
     const WindowDC dc(hwnd);
     if (dc.get() == nullptr) {
         report(errors_modify_cell, SITE_MODIFY_NO_DC);
-        return false;
+        return kDrawing_bad_input;
     }
     const std::int32_t height =
-        find_button_font_size(dc.get(), L"Cancel", state->layout.button_height, state->layout.button_width);
-    if (height < 0) {
+        find_button_font_size(dc.get(), L"Cancel", layout.button_height, layout.button_width);
+    if (height < 0)
         report(errors_modify_cell, SITE_MODIFY_FONT_SIZE);
+    return height;
+}
+
+// Gives all controls their font and keeps it with the window, which deletes it when it goes. False after an
+// error box.
+bool set_control_font(HWND hwnd, const ModifyCellState* state)
+{
+    const std::int32_t height = find_font_height(hwnd, state->layout);
+    if (height < 0)
         return false;
-    }
     const HFONT font = create_control_font(height);
     if (font == nullptr) {
         report(errors_modify_cell, SITE_MODIFY_FONT);
@@ -209,7 +216,7 @@ void on_WM_COPYDATA(const COPYDATASTRUCT* data, ModifyCellState* state)
         return;
     std::memcpy(&state->cell, data->lpData, sizeof state->cell);
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
-        CellText text{};
+        EditText text{};
         LVITEMW item{};
         item.iSubItem = kFirstColumn + static_cast<int>(i);
         item.pszText = text.data();
@@ -258,7 +265,7 @@ bool is_alphabetic(wchar_t unit)
 }
 
 // The texts of the edit boxes, at most 49 units each.
-using EditTexts = std::array<CellText, kModifyCell_edits>;
+using EditTexts = std::array<EditText, kModifyCell_edits>;
 
 // False when the edit boxes are gone: a second window had taken the state over and was closed.
 bool read_edits(EditTexts* texts)
@@ -275,7 +282,7 @@ bool read_edits(EditTexts* texts)
 void show_valid_texts(HWND hwndListView, std::uint32_t row, EditTexts* texts)
 {
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
-        CellText& text = (*texts)[i];
+        EditText& text = (*texts)[i];
         if (!is_edit_valid(text_in(text), is_alphanumeric, is_alphabetic))
             continue;
         LVITEMW item{};
@@ -290,15 +297,16 @@ void show_valid_texts(HWND hwndListView, std::uint32_t row, EditTexts* texts)
 
 std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, STR_ENUM_WNDS_DATA* pSTR)
 {
-    EditTexts texts{};
-    if (hwndThis == nullptr || pSTR == nullptr || !is_own_window_of_class(hwndListView, WC_LISTVIEWW) ||
-        !read_edits(&texts))
+    if (hwndThis == nullptr || pSTR == nullptr || !is_own_window_of_class(hwndListView, WC_LISTVIEWW))
         return report(errors_modify_cell, SITE_MODIFY_OK_INPUT, hwndThis, hwndListView, pSTR);
     if (pSTR->pcDynMem_WinHndls == nullptr || pSTR->pcDynMem_GeomText == nullptr)
         return report(errors_modify_cell, SITE_MODIFY_OK_NO_SCAN, pSTR->pcDynMem_WinHndls,
                       pSTR->pcDynMem_GeomText);
     if (row >= pSTR->counter_valid)
         return report(errors_modify_cell, SITE_MODIFY_OK_NO_ROW, row, pSTR->counter_valid);
+    EditTexts texts{};
+    if (!read_edits(&texts))
+        return report(errors_modify_cell, SITE_MODIFY_OK_INPUT, hwndThis, hwndListView, pSTR);
 
     show_valid_texts(hwndListView, row, &texts);
     // Unconditional on purpose: a text that the row refused still changes the geometry.

@@ -28,6 +28,7 @@ LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPAR
 
 // Applies the four edit boxes of `hwndThis` to row `row` of the list and destroys the window. The row shows
 // each text that ends in a digit; the scan record's geometry entry takes the number of every text, also of
-// one that the row refused. Returns 1; -1 when a handle or the record is missing or the list is gone, -2 when
-// the scan's blocks are gone, -3 when the scan has no such row: nothing is changed then and the window stays.
+// one that the row refused. Returns 1; -1 when a handle or the record is missing, or the list or the edit
+// boxes are gone, -2 when the scan's blocks are gone, -3 when the scan has no such row: nothing is changed
+// then and the window stays.
 std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, STR_ENUM_WNDS_DATA* pSTR);

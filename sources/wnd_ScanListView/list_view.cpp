@@ -48,8 +48,14 @@ void insert_columns(HWND hwndLV, std::int32_t client_width)
     }
 }
 
-// Inserts row `row` with its number. Returns the row's index, or -1 after a box.
-int insert_row(HWND hwndLV, std::uint32_t row)
+// A row of the list, or why there is none.
+struct InsertedRow {
+    int index;   // -1 when the list refused
+    DWORD error; // of the refusal
+};
+
+// Inserts row `row` with its number. A refusal is shown in a box.
+InsertedRow insert_row(HWND hwndLV, std::uint32_t row)
 {
     NumberText number = number_text(static_cast<std::int32_t>(row + 1));
     LVITEMW item{};
@@ -57,24 +63,27 @@ int insert_row(HWND hwndLV, std::uint32_t row)
     item.iItem = static_cast<int>(row);
     item.pszText = number.data();
     item.cchTextMax = kRowNumber_max_units;
-    const auto index =
+    InsertedRow inserted{};
+    inserted.index =
         static_cast<int>(SendMessageW(hwndLV, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
-    if (index == -1)
+    if (inserted.index == -1) {
+        inserted.error = GetLastError();
         report(errors_scan_list, SITE_LISTVIEW_INSERT_ITEM);
-    return index;
+    }
+    return inserted;
 }
 
-// Sets one cell of row `index`; for a row that could not be inserted the boxes are shown instead.
-void set_subitem(HWND hwndLV, int index, int column, const wchar_t* text)
+// Sets one cell of the row; for a row that could not be inserted two boxes are shown instead.
+void set_subitem(HWND hwndLV, const InsertedRow& row, int column, const wchar_t* text)
 {
-    if (index == -1) {
-        show_system_error(GetLastError(), ErrorEncoding::BYTES);
+    if (row.index == -1) {
+        show_system_error(row.error, ErrorEncoding::BYTES);
         report(errors_scan_list, SITE_LISTVIEW_INSERT_SUBITEM);
         return;
     }
     LVITEMW item{};
     item.mask = LVIF_TEXT;
-    item.iItem = index;
+    item.iItem = row.index;
     item.iSubItem = column;
     item.pszText = const_cast<wchar_t*>(text);
     SendMessageW(hwndLV, LVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
@@ -85,16 +94,16 @@ void insert_rows(HWND hwndLV)
     // Without drawing the inserts take a twentieth of the time; the list is shown as a whole afterwards.
     SendMessageW(hwndLV, WM_SETREDRAW, FALSE, 0);
     for (std::uint32_t row = 0; row < scan_record.counter_valid; ++row) {
-        const int index = insert_row(hwndLV, row);
-        // A Scan run under a box of the insertion has released the record that is shown here.
-        if (scan_record.pcDynMem_GeomText == nullptr || row >= scan_record.counter_valid)
-            break;
+        const InsertedRow inserted = insert_row(hwndLV, row);
+        // Below a box of the insertion the main window may have been closed, and the record released.
+        if (scan_record.pcDynMem_GeomText == nullptr)
+            return;
         const STR_GeomEntry entry = *geometry_entry(&scan_record, row);
-        set_subitem(hwndLV, index, COLUMN_NAME, entry.title == nullptr ? L"" : entry.title);
-        set_subitem(hwndLV, index, COLUMN_X, number_text(entry.x).data());
-        set_subitem(hwndLV, index, COLUMN_Y, number_text(entry.y).data());
-        set_subitem(hwndLV, index, COLUMN_WIDTH, number_text(entry.width).data());
-        set_subitem(hwndLV, index, COLUMN_HEIGHT, number_text(entry.height).data());
+        set_subitem(hwndLV, inserted, COLUMN_NAME, entry.title == nullptr ? L"" : entry.title);
+        set_subitem(hwndLV, inserted, COLUMN_X, number_text(entry.x).data());
+        set_subitem(hwndLV, inserted, COLUMN_Y, number_text(entry.y).data());
+        set_subitem(hwndLV, inserted, COLUMN_WIDTH, number_text(entry.width).data());
+        set_subitem(hwndLV, inserted, COLUMN_HEIGHT, number_text(entry.height).data());
     }
     SendMessageW(hwndLV, WM_SETREDRAW, TRUE, 0);
 }
@@ -148,10 +157,11 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM /*wParam*/, LPARAM /
     *p_hwndLV = CreateWindowExW(0, WC_LISTVIEWW, L"", kListStyle, 0, 0, client.right, client.bottom, hwndThis,
                                 reinterpret_cast<HMENU>(static_cast<UINT_PTR>(uiCtlID)), hInst, nullptr);
     if (*p_hwndLV == nullptr) {
-        // The class name is printed as a number, the low half of its address, as it always was.
+        // The class name is printed as a number, the low half of its address, on purpose.
         const auto class_name = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(WC_LISTVIEWW));
         report(errors_scan_list, SITE_LISTVIEW_CREATE, client.right, client.bottom, uiCtlID, hwndThis, hInst,
                class_name);
+        return 1;
     }
     SendMessageW(*p_hwndLV, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, kListExtendedStyle);
     create_image_list(*p_hwndLV);

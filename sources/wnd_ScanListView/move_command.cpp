@@ -16,10 +16,12 @@ std::int32_t read_number(HWND hwndLV, std::uint32_t row, int column)
 
 PixelRect read_rectangle(HWND hwndLV, std::uint32_t row)
 {
-    return {.x = read_number(hwndLV, row, COLUMN_X),
-            .y = read_number(hwndLV, row, COLUMN_Y),
-            .height = read_number(hwndLV, row, COLUMN_HEIGHT),
-            .width = read_number(hwndLV, row, COLUMN_WIDTH)};
+    PixelRect rect{};
+    rect.x = read_number(hwndLV, row, COLUMN_X);
+    rect.y = read_number(hwndLV, row, COLUMN_Y);
+    rect.width = read_number(hwndLV, row, COLUMN_WIDTH);
+    rect.height = read_number(hwndLV, row, COLUMN_HEIGHT);
+    return rect;
 }
 
 // False when the window refused, most often because it is gone.

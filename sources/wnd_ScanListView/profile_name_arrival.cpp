@@ -10,7 +10,7 @@
 namespace
 {
 
-// The dialog is told of the first half: it refuses paths that are longer than MAX_PATH.
+// Twice what the dialog is told of: MAX_PATH.
 using SavePath = std::array<wchar_t, std::size_t{2} * MAX_PATH>;
 
 // Asks the user where to save. False when there is no answer.

@@ -9,7 +9,7 @@
 
 // Results besides 1 (saved, or told that it was not).
 inline constexpr std::int32_t kNameArrival_bad_input = -1;     // after an error box
-inline constexpr std::int32_t kNameArrival_callee_failed = -2; // after an error box
+inline constexpr std::int32_t kNameArrival_callee_failed = -2; // after an error box; the new file stays open
 inline constexpr std::int32_t kNameArrival_cancelled = -3;     // no box; the arrays stay allocated
 
 // Destroys the name window, asks for a file with the save dialog, creates the file, writes the record's

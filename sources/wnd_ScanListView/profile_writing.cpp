@@ -30,6 +30,16 @@ void write_part(FileWriter* writer, const void* bytes, std::size_t size_bytes)
         writer->error = error;
 }
 
+// A file system that has no flushing is no failure.
+void flush(FileWriter* writer)
+{
+    if (FlushFileBuffers(writer->file) != FALSE)
+        return;
+    const DWORD error = GetLastError();
+    if (writer->error == ERROR_SUCCESS && error != ERROR_INVALID_FUNCTION && error != ERROR_NOT_SUPPORTED)
+        writer->error = error;
+}
+
 bool arrays_present(const STR_RW_PRFL* record)
 {
     return record->p_arr1D_ui_indexes_wnds_profile != nullptr &&
@@ -136,8 +146,7 @@ std::int32_t WriteData_Profile(HANDLE hFile_wnds_profile, const STR_RW_PRFL* pST
     write_part(&writer, p_arr_strz_paths, profile_file::size_of_path_area(N_wnds, sum_len_bytes));
     write_part(&writer, pSTR_RW_PRFL->tc_PrfName.data(), pSTR_RW_PRFL->ui_len_PrfName_bytes);
     write_part(&writer, profile_file::kSignature.data(), profile_file::kSignature.size());
-    if (FlushFileBuffers(hFile_wnds_profile) == FALSE && writer.error == ERROR_SUCCESS)
-        writer.error = GetLastError();
+    flush(&writer);
     SetLastError(writer.error);
     return 1;
 }

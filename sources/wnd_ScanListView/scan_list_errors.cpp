@@ -40,10 +40,10 @@ constexpr std::array<ErrorSite, SCAN_LIST_ROWS> kSites{{
     {.id = SITE_LIST_NAME_FAILED, .site = 358, .handler = 541, .function = kWndProc,
      .layout = COMPACT, .detail = "iRetCode = %d <- on_WM_COPYDATA_on_wnd_NameOfProfile()", .result = 0},
 
-    // The reports on building the list are 8-bit bytes, text and title, on purpose.
+    // The reports on building the list are 8-bit bytes on purpose, and so are the titles "ERROR".
     {.id = SITE_LISTVIEW_INPUT, .site = 612, .handler = 803, .function = kListView,
      .layout = SPACED_END_OF_LINE, .detail = "incorrect input parameters", .result = kListView_bad_input,
-     .encoding = BYTES, .title_encoding = BYTES},
+     .encoding = BYTES},
     {.id = SITE_LISTVIEW_CREATE, .site = 641, .handler = 0, .function = kListView,
      .layout = SHOUTED,
      .detail = "NULL <- CreateWindowEx()\nw = %d\nh = %d\nuiCtlID = %u\nhwndThis = %p\nhInst = %p\n"
@@ -139,7 +139,8 @@ constexpr std::array<ErrorSite, SCAN_LIST_ROWS> kSites{{
      .result = kNameArrival_callee_failed},
     {.id = SITE_NAME_ARRIVAL_NOT_WRITTEN, .site = 2009, .handler = 2131, .function = kNameArrival,
      .layout = COMPACT,
-     .detail = "file of profile was not written, profile is not saved\nGetLastError = %u <- WriteFile()",
+     .detail = "file of profile was not written, profile is not saved\n"
+               "GetLastError = %u <- WriteFile() or FlushFileBuffers()",
      .result = 1},
     {.id = SITE_NAME_ARRIVAL_FREE_FAILED, .site = 2031, .handler = 2153, .function = kNameArrival,
      .layout = COMPACT,

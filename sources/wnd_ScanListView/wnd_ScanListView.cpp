@@ -132,6 +132,9 @@ void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state
 
 void on_Create_Profile(HWND hwnd, ScanListState* state)
 {
+    // The save dialog is open above this window, and the record is its; commands can still be posted.
+    if (IsWindowEnabled(hwnd) == FALSE)
+        return;
     // A name window that is still open asks for a profile that is abandoned now, and so are its arrays.
     destroy_own_window_of_class(state->hwnd_ProfileName, kClass_ProfileName);
     FreeDynMem_wnds_Profile(&state->RW_PRFL);
@@ -167,13 +170,14 @@ void keep_profile_name(const COPYDATASTRUCT* data, STR_RW_PRFL* record)
 // does not come from that window: other programs may send this message as well.
 LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanListState* state)
 {
+    state->hwnd_COPYDATA_from = sender;
     if (data == nullptr)
         return FALSE;
     if (static_cast<DWORD>(data->dwData) != kProfileName_dwData)
         return TRUE;
-    if (data->lpData == nullptr || !is_own_window_of_class(sender, kClass_ProfileName))
+    const bool foreign = sender != nullptr && !is_own_window_of_class(sender, kClass_ProfileName);
+    if (data->lpData == nullptr || foreign)
         return FALSE;
-    state->hwnd_COPYDATA_from = sender;
     keep_profile_name(data, &state->RW_PRFL);
     std::int32_t result = on_WM_COPYDATA_on_wnd_NameOfProfile(hwnd, sender, &scan_record, &state->RW_PRFL);
     if (result == kNameArrival_cancelled)

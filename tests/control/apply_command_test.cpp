@@ -1,0 +1,229 @@
+#include "sources/funcs_layout_windows/apply_command.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "tests/control/profile_desk.h"
+#include "tests/support/fixture_programs.h"
+#include "tests/support/waiting.h"
+
+namespace
+{
+
+using namespace profile_tests;
+using test_support::BoxWatcher;
+using test_support::Bytes;
+using test_support::FixturePrograms;
+using test_support::ProfileEncoder;
+
+constexpr int kMinimize = 0;
+constexpr int kRestore = 1;
+constexpr int kClose = 2;
+
+std::wstring apply_text(const std::wstring& function, int site, int handler, const std::wstring& detail)
+{
+    return handler_first_text({L"sources/funcs_layout_windows", function, site, handler},
+                              L"error, incorrect input parameters:\n" + detail);
+}
+
+// Stores a profile of these windows, without loading it, and adds its name.
+void store_profile(ProfileDesk& desk, const std::vector<HWND>& windows, const ProfileEncoder& profile,
+                   const wchar_t* name)
+{
+    const Bytes file = profile.bytes();
+    ASSERT_EQ(add_profile_data_to_DynMem(&desk.store, windows.data(), windows.data(),
+                                         static_cast<std::uint32_t>(file.size()), file.data(), 0,
+                                         static_cast<std::uint32_t>(windows.size())),
+              1);
+    ASSERT_EQ(CB_Profile_add_string(&desk.profiles, name, desk.store.uiN_loaded_prfls - 1), 1);
+}
+
+std::int32_t apply(ProfileDesk& desk, int action)
+{
+    desk.select_action(action);
+    return onButton_Apply_press(&desk.profiles, &desk.actions, &desk.store);
+}
+
+} // namespace
+
+TEST(Apply, AsksForAnActionBeforeAnythingElse)
+{
+    ProfileDesk desk;
+    BoxWatcher boxes;
+    EXPECT_EQ(onButton_Apply_press(&desk.profiles, &desk.actions, &desk.store), 1);
+    boxes.expect_boxes({{L"info", L"There is no selected item in \"Action\" list"}});
+}
+
+TEST(Apply, AsksForAProfile)
+{
+    ProfileDesk desk;
+    for (const int action : {kMinimize, kRestore, kClose}) {
+        BoxWatcher boxes;
+        EXPECT_EQ(apply(desk, action), 1);
+        boxes.expect_boxes(
+            {{L"info",
+              L"There is no selected item in \"Profile\" list.\nSelect or Load at least one Profile."}});
+    }
+}
+
+TEST(Apply, MinimisesEveryWindowOfTheProfile)
+{
+    ProfileDesk desk;
+    const OwnWindow first(L"first");
+    const OwnWindow second(L"second");
+    const OwnWindow other(L"of another profile");
+    store_profile(desk, {other}, ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\o.exe").name(u"other"),
+                  L"other");
+    store_profile(desk, {first, second},
+                  ProfileEncoder()
+                      .add_program(0, 0, 9, 9, u"C:\\a.exe")
+                      .add_program(0, 0, 0, 0, u"C:\\b.exe")
+                      .name(u"ab"),
+                  L"ab");
+    EXPECT_EQ(apply(desk, kMinimize), 1);
+    EXPECT_TRUE(becomes_iconic(first));
+    EXPECT_TRUE(becomes_iconic(second));
+    EXPECT_FALSE(IsIconic(other));
+    EXPECT_EQ(combo_texts(desk.profile_combo).size(), 2u);
+}
+
+TEST(Apply, RestoresToTheSavedRectangleAndLeavesWindowsSavedWithoutASizeAlone)
+{
+    ProfileDesk desk;
+    const OwnWindow minimised(L"minimised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const OwnWindow moved(L"moved");
+    const OwnWindow maximised(L"maximised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MAXIMIZE);
+    const OwnWindow no_width(L"no width", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const OwnWindow no_height(L"no height");
+    const std::string unmoved = place_of(no_height);
+    // Five windows: every number of the file is unaligned.
+    store_profile(desk, {minimised, moved, maximised, no_width, no_height},
+                  ProfileEncoder()
+                      .add_program(-20, 30, 340, 250, u"C:\\a.exe")
+                      .add_program(40, 50, 360, 270, u"C:\\b.exe")
+                      .add_program(60, 70, 380, 290, u"C:\\c.exe")
+                      .add_program(1, 2, 0, 300, u"C:\\d.exe")
+                      .add_program(3, 4, 300, 0, u"C:\\e.exe")
+                      .name(u"five"),
+                  L"five");
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    EXPECT_EQ(place_once_it_is(minimised, "-20,30 340x250"), "-20,30 340x250");
+    EXPECT_EQ(place_once_it_is(moved, "40,50 360x270"), "40,50 360x270");
+    EXPECT_EQ(place_once_it_is(maximised, "60,70 380x290"), "60,70 380x290");
+    EXPECT_FALSE(IsIconic(minimised));
+    EXPECT_TRUE(IsIconic(no_width));
+    EXPECT_EQ(place_of(no_height), unmoved);
+}
+
+TEST(Apply, AsksWindowsToCloseWithoutWaitingAndTakesTheNameOffTheList)
+{
+    ProfileDesk desk;
+    FixturePrograms programs;
+    programs.add(L"willing");
+    programs.add(L"unwilling", {.refuse_close = true});
+    const HWND willing = programs.start(L"willing");
+    const HWND unwilling = programs.start(L"unwilling");
+    const OwnWindow later(L"of the next profile");
+    store_profile(desk, {willing, unwilling},
+                  ProfileEncoder()
+                      .add_program(0, 0, 9, 9, u"C:\\a.exe")
+                      .add_program(0, 0, 9, 9, u"C:\\b.exe")
+                      .name(u"ab"),
+                  L"ab");
+    store_profile(desk, {later}, ProfileEncoder().add_program(70, 80, 300, 200, u"C:\\c.exe").name(u"next"),
+                  L"next");
+    desk.select_profile(0);
+    BoxWatcher boxes;
+    EXPECT_EQ(apply(desk, kClose), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(combo_texts(desk.profile_combo), std::vector<std::wstring>{L"next"});
+    EXPECT_EQ(SendMessageW(desk.profile_combo, CB_GETCURSEL, 0, 0), CB_ERR);
+    EXPECT_EQ(desk.store.uiN_loaded_prfls, 2u);
+    programs.wait_for_end(L"willing");
+    EXPECT_TRUE(test_support::becomes_true([&] { return FixturePrograms::close_requests(unwilling) == 1; }));
+    EXPECT_TRUE(IsWindow(unwilling));
+
+    // The other profile's windows are still found, by the index that was raised.
+    desk.select_profile(0);
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    EXPECT_EQ(place_once_it_is(later, "70,80 300x200"), "70,80 300x200");
+}
+
+TEST(Apply, PostsNoCloseToAWindowThatWasNeverFound)
+{
+    ProfileDesk desk;
+    const OwnWindow found(L"found");
+    store_profile(desk, {nullptr, found},
+                  ProfileEncoder()
+                      .add_program(0, 0, 9, 9, u"C:\\a.exe")
+                      .add_program(0, 0, 9, 9, u"C:\\b.exe")
+                      .name(u"ab"),
+                  L"ab");
+    EXPECT_EQ(apply(desk, kClose), 1);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_CLOSE, WM_CLOSE, PM_REMOVE));
+    EXPECT_EQ(message.hwnd, found.get());
+    EXPECT_EQ(message.wParam, 0u);
+    EXPECT_EQ(message.lParam, 0);
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_CLOSE, WM_CLOSE, PM_REMOVE));
+}
+
+TEST(Apply, UsesTheHandlesOfWindowsThatAreGoneAsTheyAre)
+{
+    ProfileDesk desk;
+    HWND gone = nullptr;
+    {
+        const OwnWindow window(L"soon gone");
+        gone = window;
+    }
+    store_profile(desk, {gone}, ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\a.exe").name(u"a"), L"a");
+    BoxWatcher boxes;
+    for (const int action : {kMinimize, kRestore, kClose})
+        EXPECT_EQ(apply(desk, action), 1);
+    boxes.expect_no_boxes();
+}
+
+TEST(Apply, DoesNothingForAListPositionThatHasOutrunTheStore)
+{
+    ProfileDesk desk;
+    CB_Profile_add_string(&desk.profiles, L"beyond", 5);
+    BoxWatcher boxes;
+    EXPECT_EQ(apply(desk, kMinimize), 1);
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    EXPECT_EQ(combo_texts(desk.profile_combo).size(), 1u);
+    EXPECT_EQ(apply(desk, kClose), 1);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+    boxes.expect_no_boxes();
+}
+
+TEST(Apply, RefusesMissingArgumentsNamingThem)
+{
+    ProfileDesk desk;
+    for (int missing = 0; missing < 3; ++missing) {
+        CB_mng_STR* const profiles = missing == 0 ? nullptr : &desk.profiles;
+        const CB_Action_mng_STR* const actions = missing == 1 ? nullptr : &desk.actions;
+        const LoadedProfiles_STR* const store = missing == 2 ? nullptr : &desk.store;
+        BoxWatcher boxes;
+        EXPECT_EQ(onButton_Apply_press(profiles, actions, store), -1);
+        boxes.expect_boxes({{L"error", apply_text(L"onButton_Apply_press", 10278, 10402,
+                                                  L"p_CB_Profile_manage_STR = " + pointer(profiles) +
+                                                      L", p_CB_Action_manage_STR = " + pointer(actions) +
+                                                      L", p_LoadedProfiles_STR = " + pointer(store))}});
+    }
+}
+
+TEST(Apply, RestoresNothingFromAMissingStoreOrOneWithoutFiles)
+{
+    LoadedProfiles_STR empty{};
+    {
+        BoxWatcher boxes;
+        EXPECT_EQ(Restore_Move_Size_wnds_Profile(nullptr, 0), -1);
+        boxes.expect_boxes({{L"error", apply_text(L"Restore_Move_Size_wnds_Profile", 10472, 10560,
+                                                  L"\np_LoadedProfiles_STR = 0000000000000000")}});
+    }
+    BoxWatcher boxes;
+    EXPECT_EQ(Restore_Move_Size_wnds_Profile(&empty, 0), -1);
+    boxes.expect_boxes({{L"error", apply_text(L"Restore_Move_Size_wnds_Profile", 10480, 10587,
+                                              L"\np_LoadedProfiles_STR->pc_raw_FilesProfile")}});
+}

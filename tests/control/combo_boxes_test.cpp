@@ -1,0 +1,300 @@
+#include "sources/funcs_layout_windows/combo_boxes.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "tests/control/profile_desk.h"
+#include "tests/support/text.h"
+
+namespace
+{
+
+using namespace profile_tests;
+using test_support::BoxWatcher;
+using test_support::bytes_as_wide;
+using test_support::ExpectedBox;
+using test_support::ImportHook;
+using Texts = std::vector<std::wstring>;
+
+std::wstring input_text(const std::wstring& function, int site, int handler, const std::wstring& values)
+{
+    return handler_first_text({L"sources/funcs_layout_windows", function, site, handler},
+                              L"error, incorrect input parameters:\n" + values);
+}
+
+constexpr wchar_t kDelete[] = L"error while deleting string from ComboBox Profile";
+constexpr wchar_t kNoSelection[] =
+    L"error while deleting string from ComboBox Profile\nind > uiN_strs or 0 == uiN_strs";
+
+// Combo calls that a list answers with `answer`.
+class RefusingCombo
+{
+public:
+    RefusingCombo(UINT message, LRESULT answer) : message_(message), answer_(answer) {}
+
+private:
+    UINT message_;
+    LRESULT answer_;
+    ImportHook<"SendMessageW", decltype(SendMessageW)> hook_{
+        "user32.dll", [this](HWND window, UINT message, WPARAM wide, LPARAM narrow) {
+            return message == message_ ? answer_ : hook_.call_original(window, message, wide, narrow);
+        }};
+};
+
+} // namespace
+
+TEST(ActionCombo, OffersMinimizeRestoreAndCloseAndSelectsNone)
+{
+    ProfileDesk desk;
+    EXPECT_EQ(combo_texts(desk.action_combo), (Texts{L"Minimize", L"Restore", L"Close"}));
+    EXPECT_EQ(SendMessageW(desk.action_combo, CB_GETCURSEL, 0, 0), CB_ERR);
+    EXPECT_EQ(desk.actions.hwnd_CB, desk.action_combo);
+    EXPECT_EQ(desk.actions.uiCtlID, 5u);
+    EXPECT_EQ(desk.actions.uiN_items, 3u);
+    EXPECT_EQ(desk.actions.uiSelection, 0u);
+}
+
+TEST(ActionCombo, ReportsEachTextThatCannotBeInsertedAndGoesOn)
+{
+    ProfileDesk desk;
+    for (const LRESULT answer : {LRESULT{CB_ERR}, LRESULT{CB_ERRSPACE}}) {
+        CB_Action_mng_STR record{};
+        record.uiSelection = 9;
+        const RefusingCombo refusing(CB_INSERTSTRING, answer);
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Action_init(desk.action_combo, 5, &record), 1);
+        const ExpectedBox box{L"error", L"error while inserting string to ComboBox Action"};
+        boxes.expect_boxes({box, box, box});
+        EXPECT_EQ(record.uiN_items, 3u);
+        EXPECT_EQ(record.uiSelection, 0u);
+    }
+}
+
+TEST(ActionCombo, RefusesMissingArguments)
+{
+    ProfileDesk desk;
+    CB_Action_mng_STR record{};
+    const std::pair<HWND, CB_Action_mng_STR*> calls[] = {{nullptr, &record}, {desk.action_combo, nullptr}};
+    for (const auto& [combo, kept] : calls) {
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Action_init(combo, 5, kept), -1);
+        boxes.expect_boxes({{L"error", input_text(L"CB_Action_init", 10044, 10121,
+                                                  L"hwnd_CB_Action = " + pointer(combo) +
+                                                      L", pCB_Action_mng_STR = " + pointer(kept))}});
+    }
+    EXPECT_EQ(combo_texts(desk.action_combo).size(), 3u);
+}
+
+TEST(ComboSelection, IsKeptForTheRecordsOwnListOnly)
+{
+    ProfileDesk desk;
+    const std::uint8_t name[] = {'a', 0, 0, 0};
+    CB_Profile_add_string(&desk.profiles, name, 0);
+    desk.select_profile(0);
+    desk.select_action(2);
+    const HWND other = desk.window;
+    struct {
+        unsigned code;
+        unsigned id;
+        bool own_control;
+    } const ignored[] = {{CBN_DROPDOWN, 4, true}, {CBN_SELCHANGE, 9, true}, {CBN_SELCHANGE, 4, false}};
+    desk.profiles.uiSelection = 77;
+    desk.actions.uiSelection = 77;
+    for (const auto& message : ignored) {
+        const unsigned action_id = message.id == 4 ? 5 : message.id;
+        EXPECT_EQ(onWM_COMMAND_CB_Profile(message.code, message.id,
+                                          message.own_control ? desk.profile_combo : other, &desk.profiles),
+                  1);
+        EXPECT_EQ(onWM_COMMAND_CB_Action(message.code, action_id,
+                                         message.own_control ? desk.action_combo : other, &desk.actions),
+                  1);
+        EXPECT_EQ(desk.profiles.uiSelection, 77u);
+        EXPECT_EQ(desk.actions.uiSelection, 77u);
+    }
+    EXPECT_EQ(onWM_COMMAND_CB_Profile(CBN_SELCHANGE, 4, desk.profile_combo, &desk.profiles), 1);
+    EXPECT_EQ(onWM_COMMAND_CB_Action(CBN_SELCHANGE, 5, desk.action_combo, &desk.actions), 1);
+    EXPECT_EQ(desk.profiles.uiSelection, 0u);
+    EXPECT_EQ(desk.actions.uiSelection, 2u);
+}
+
+TEST(ComboSelection, RefusesMissingArgumentsTheProfileListUnreadably)
+{
+    ProfileDesk desk;
+    for (const HWND control : {HWND{nullptr}, desk.profile_combo}) {
+        CB_mng_STR* const profiles = control ? nullptr : &desk.profiles;
+        CB_Action_mng_STR* const actions = control ? nullptr : &desk.actions;
+        {
+            BoxWatcher boxes;
+            EXPECT_EQ(onWM_COMMAND_CB_Profile(CBN_SELCHANGE, 4, control, profiles), -1);
+            const std::wstring text =
+                input_text(L"onWM_COMMAND_CB_Profile", 9672, 9711,
+                           L"hwndCtl = " + pointer(control) + L", pCB_mng_STR = " + pointer(profiles));
+            boxes.expect_boxes({{L"error", bytes_as_wide(std::string(text.begin(), text.end()))}});
+        }
+        BoxWatcher boxes;
+        EXPECT_EQ(onWM_COMMAND_CB_Action(CBN_SELCHANGE, 5, control, actions), -1);
+        boxes.expect_boxes({{L"error", input_text(L"onWM_COMMAND_CB_Action", 10182, 10219,
+                                                  L"hwndCtl = " + pointer(control) +
+                                                      L", pCB_Action_mng_STR = " + pointer(actions))}});
+    }
+}
+
+TEST(ProfileCombo, StartsEmptyWithRoomForThirtyTwoNames)
+{
+    ProfileDesk desk;
+    EXPECT_EQ(desk.profiles.hwnd_CB, desk.profile_combo);
+    EXPECT_EQ(desk.profiles.uiCtlID, 4u);
+    EXPECT_EQ(desk.profiles.uiN_strs, 0u);
+    EXPECT_EQ(desk.profiles.uiMax_N_strs, 32u);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+}
+
+TEST(ProfileCombo, AddsANameUpToTheSignatureAndSelectsIt)
+{
+    ProfileDesk desk;
+    desk.profiles.uiSelection = 5;
+    const std::uint8_t name[] = {'W', 0, 'o', 0, 'r', 0, 'k', 0, 0x00, 0x07, 0x0C, 'x', 0, 'y', 0};
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_add_string(&desk.profiles, name, 8), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(combo_texts(desk.profile_combo), Texts{L"Work"});
+    EXPECT_EQ(SendMessageW(desk.profile_combo, CB_GETCURSEL, 0, 0), 0);
+    EXPECT_EQ(desk.profiles.uiN_strs, 1u);
+    EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[0], 8u);
+    EXPECT_EQ(desk.profiles.arr1D_p_names[0], static_cast<const void*>(name));
+    EXPECT_EQ(desk.profiles.uiSelection, 5u);
+}
+
+TEST(ProfileCombo, ShowsTheLowByteOfEachUnitAndAtMost201)
+{
+    ProfileDesk desk;
+    const std::uint8_t cyrillic[] = {0x34, 0x04, 0x3E, 0x04, 0xE4, 0x00, 0, 0};
+    EXPECT_EQ(CB_Profile_add_string(&desk.profiles, cyrillic, 0), 1);
+    std::vector<std::uint8_t> longest;
+    for (int i = 0; i < 256; ++i)
+        longest.insert(longest.end(), {'n', 0});
+    longest.insert(longest.end(), {0x00, 0x07, 0x0C});
+    EXPECT_EQ(CB_Profile_add_string(&desk.profiles, longest.data(), 1), 1);
+    EXPECT_EQ(combo_texts(desk.profile_combo), (Texts{L"\x34\x3E\xE4", std::wstring(201, L'n')}));
+}
+
+TEST(ProfileCombo, SelectsTheFirstNameThatBeginsTheSameWay)
+{
+    ProfileDesk desk;
+    const wchar_t* names[] = {L"other", L"WORK at home", L"work"};
+    for (std::uint32_t i = 0; i < 3; ++i)
+        EXPECT_EQ(CB_Profile_add_string(&desk.profiles, names[i], i), 1);
+    EXPECT_EQ(combo_texts(desk.profile_combo), (Texts{L"other", L"WORK at home", L"work"}));
+    EXPECT_EQ(SendMessageW(desk.profile_combo, CB_GETCURSEL, 0, 0), 1);
+}
+
+TEST(ProfileCombo, RefusesTheThirtyThirdName)
+{
+    ProfileDesk desk;
+    for (std::uint32_t i = 0; i < 32; ++i)
+        ASSERT_EQ(CB_Profile_add_string(&desk.profiles, L"name", i), 1);
+    const CB_mng_STR before = desk.profiles;
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_add_string(&desk.profiles, L"one more", 32), 2);
+    boxes.expect_boxes({{L"warning", L"impossible to add string to ComboBox, max number exceeded"}});
+    EXPECT_EQ(std::memcmp(&before, &desk.profiles, sizeof(before)), 0);
+    EXPECT_EQ(combo_texts(desk.profile_combo).size(), 32u);
+}
+
+TEST(ProfileCombo, KeepsTheEntryOfANameThatTheListRefuses)
+{
+    for (const LRESULT answer : {LRESULT{CB_ERR}, LRESULT{CB_ERRSPACE}}) {
+        ProfileDesk desk;
+        const RefusingCombo refusing(CB_INSERTSTRING, answer);
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Profile_add_string(&desk.profiles, L"name", 6), 1);
+        boxes.expect_boxes({{L"error", L"error while inserting string to ComboBox Profile"}});
+        EXPECT_EQ(desk.profiles.uiN_strs, 1u);
+        EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[0], 6u);
+    }
+}
+
+TEST(ProfileCombo, RefusesMissingArguments)
+{
+    ProfileDesk desk;
+    const std::pair<CB_mng_STR*, const wchar_t*> calls[] = {{nullptr, L"x"}, {&desk.profiles, nullptr}};
+    for (const auto& [record, name] : calls) {
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Profile_add_string(record, name, 0), -1);
+        boxes.expect_boxes({{L"error", input_text(L"CB_Profile_add_string", 9777, 9874,
+                                                  L"p_CB_mng_STR = " + pointer(record) +
+                                                      L", p_tc_sz_name = " + pointer(name))}});
+    }
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_del_string(nullptr), -1);
+    boxes.expect_boxes(
+        {{L"error", input_text(L"CB_Profile_del_string", 9907, 10002, L"p_CB_mng_STR = 0000000000000000")}});
+}
+
+TEST(ProfileCombo, RaisesTheIndexesBehindADeletedName)
+{
+    struct {
+        int position;
+        Texts left;
+        std::vector<std::uint32_t> indexes;
+    } const rows[] = {
+        {0, {L"b", L"c"}, {11, 12, 0}}, {1, {L"a", L"c"}, {10, 12, 0}}, {2, {L"a", L"b"}, {10, 11, 0}}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.position);
+        ProfileDesk desk;
+        const wchar_t* names[] = {L"a", L"b", L"c"};
+        for (std::uint32_t i = 0; i < 3; ++i)
+            CB_Profile_add_string(&desk.profiles, names[i], 10 + i);
+        desk.select_profile(row.position);
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 1);
+        boxes.expect_no_boxes();
+        EXPECT_EQ(combo_texts(desk.profile_combo), row.left);
+        EXPECT_EQ(desk.profiles.uiN_strs, 2u);
+        const auto& indexes = desk.profiles.arr1D_ui_index_profile;
+        EXPECT_EQ(std::vector<std::uint32_t>(indexes.begin(), indexes.begin() + 3), row.indexes);
+        // The pointers are not moved: only the deleted position's is cleared.
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(desk.profiles.arr1D_p_names[static_cast<std::size_t>(i)] == nullptr, i == row.position);
+    }
+}
+
+TEST(ProfileCombo, IsEmptyAfterItsOnlyNameIsDeleted)
+{
+    ProfileDesk desk;
+    CB_Profile_add_string(&desk.profiles, L"only", 3);
+    EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 1);
+    EXPECT_EQ(desk.profiles.uiN_strs, 0u);
+    EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[0], 0u);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+}
+
+TEST(ProfileCombo, DeletesNothingWithoutASelectionOrWithoutNames)
+{
+    ProfileDesk desk;
+    {
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 2);
+        boxes.expect_boxes({{L"error", kNoSelection}});
+    }
+    CB_Profile_add_string(&desk.profiles, L"a", 0);
+    desk.select_profile(-1);
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 2);
+    boxes.expect_boxes({{L"error", kNoSelection}});
+    EXPECT_EQ(desk.profiles.uiN_strs, 1u);
+    EXPECT_EQ(combo_texts(desk.profile_combo), Texts{L"a"});
+}
+
+TEST(ProfileCombo, ReportsANameThatTheListDoesNotDelete)
+{
+    ProfileDesk desk;
+    CB_Profile_add_string(&desk.profiles, L"a", 4);
+    const CB_mng_STR before = desk.profiles;
+    const RefusingCombo refusing(CB_DELETESTRING, CB_ERR);
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 2);
+    boxes.expect_boxes({{L"error", kDelete}});
+    EXPECT_EQ(std::memcmp(&before, &desk.profiles, sizeof(before)), 0);
+}

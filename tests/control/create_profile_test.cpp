@@ -1,0 +1,186 @@
+#include "sources/wnd_ScanListView/create_profile.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "tests/control/profile_desk.h"
+#include "tests/control/saved_profile_desk.h"
+
+namespace
+{
+
+using namespace profile_tests;
+using test_support::BoxWatcher;
+using test_support::ExpectedBox;
+using test_support::FailingImport;
+
+const ExpectedBox kNothingTicked{
+    L"info", L"There are no selected items.\nTo create profile - select items you want to include\nand then "
+             L"press button Create Profile."};
+
+ExpectedBox save_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
+{
+    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
+}
+
+ExpectedBox list_box(const std::wstring& result)
+{
+    return save_box(L"WndProc_ScanListView", 304, 519,
+                    L"iRetCode = " + result + L" <- onButton_Create_Profile()");
+}
+
+const ExpectedBox kNoMemory =
+    save_box(L"DynMemAlloc_wnds_Profile", 1547, 1675, L"function VirtualAlloc() returned error\n\n");
+
+} // namespace
+
+TEST(CreateProfile, AsksToTickSomethingAndOpensNothing)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    BoxWatcher boxes;
+    list.press_create_profile();
+    list.highlight(2); // highlighted is not ticked
+    list.press_create_profile();
+    boxes.expect_boxes({kNothingTicked, kNothingTicked});
+    EXPECT_EQ(boxes.boxes().front().owner, list.window);
+    EXPECT_EQ(name_window(), nullptr);
+}
+
+TEST(CreateProfile, GathersTheTickedRowsInAscendingOrder)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    for (const int row : {4, 1, 7})
+        list.tick(row);
+    STR_RW_PRFL record{};
+    HWND opened = nullptr;
+    BoxWatcher boxes;
+    EXPECT_EQ(onButton_Create_Profile(list.window, list.list, &opened, &record, &scan_record), 1);
+    boxes.expect_no_boxes();
+    ASSERT_EQ(record.N_wnds_in_profile, 3u);
+    const std::uint32_t rows[] = {1, 4, 7};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const auto row = static_cast<std::int32_t>(rows[i]);
+        EXPECT_EQ(record.p_arr1D_ui_indexes_wnds_profile[i], rows[i]);
+        EXPECT_EQ(record.p_arr1D_uc_flag_Prg_or_Folder[i], 1);
+        EXPECT_EQ(static_cast<std::int32_t>(record.p_arr1D_ui_x[i]), -row);
+        EXPECT_EQ(static_cast<std::int32_t>(record.p_arr1D_ui_y[i]), 10 * row);
+        EXPECT_EQ(static_cast<std::int32_t>(record.p_arr1D_ui_w[i]), 100 + row);
+        EXPECT_EQ(static_cast<std::int32_t>(record.p_arr1D_ui_h[i]), 200 + row);
+        EXPECT_EQ(record.p_arr1D_ui_len_path[i], 2 * (10 + rows[i]));
+    }
+    EXPECT_EQ(opened, name_window());
+    EXPECT_EQ(GetWindow(opened, GW_OWNER), list.window);
+    EXPECT_TRUE(IsWindowVisible(opened));
+    FreeDynMem_wnds_Profile(&record);
+}
+
+TEST(CreateProfile, OpensOneNameWindowHoweverOftenItIsPressed)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const HWND first = list.ask_name_for({1});
+    ASSERT_NE(first, nullptr);
+    list.press_create_profile();
+    EXPECT_FALSE(IsWindow(first));
+    EXPECT_NE(name_window(), nullptr);
+    DestroyWindow(list.window);
+    EXPECT_EQ(name_window(), nullptr);
+}
+
+TEST(CreateProfile, GivesBackTheArraysOfAProfileThatWasAbandoned)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const HWND first = list.ask_name_for({1});
+    SendMessageW(first, WM_COMMAND, 2, 0); // Cancel
+    EXPECT_EQ(name_window(), nullptr);
+    const FailingImport<"VirtualFree", decltype(VirtualFree)> releases("kernel32.dll", -1, TRUE, 0);
+    list.press_create_profile();
+    EXPECT_EQ(releases.calls(), 8);
+}
+
+TEST(CreateProfile, ReportsThatItHasNoMemoryInThreeBoxes)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    list.tick(3);
+    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", 8, nullptr,
+                                                                      ERROR_NOT_ENOUGH_MEMORY);
+    BoxWatcher boxes;
+    list.press_create_profile();
+    boxes.expect_boxes(
+        {kNoMemory,
+         save_box(L"onButton_Create_Profile", 1262, 1413,
+                  L"one of callable functions returned error, -2 <- DynMemAlloc_wnds_Profile()"),
+         list_box(L"-4")});
+    EXPECT_EQ(name_window(), nullptr);
+}
+
+TEST(CreateProfile, ReportsARowThatCannotBePrepared)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    list.tick(3);
+    std::uint8_t* const paths = std::exchange(scan_record.pcDynMem_FullPaths, nullptr);
+    BoxWatcher boxes;
+    list.press_create_profile();
+    scan_record.pcDynMem_FullPaths = paths;
+    const auto seen = boxes.boxes();
+    ASSERT_EQ(seen.size(), 3u);
+    EXPECT_EQ(seen[1].text,
+              save_box(L"onButton_Create_Profile", 1304, 1457,
+                       L"one of callable functions returned error, -1 <- PrepareData_Write_Profile()")
+                  .text);
+    EXPECT_EQ(seen[2].text, list_box(L"-4").text);
+    EXPECT_EQ(name_window(), nullptr);
+}
+
+TEST(CreateProfile, ReportsThatTheNameWindowCannotBeCreatedAndWhy)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    list.tick(3);
+    STR_RW_PRFL record{};
+    HWND opened = list.window;
+    const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", 1, nullptr,
+                                                                            ERROR_ACCESS_DENIED);
+    wchar_t why[256] = {};
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, ERROR_ACCESS_DENIED,
+                   0x400, why, 256, nullptr);
+    BoxWatcher boxes;
+    EXPECT_EQ(onButton_Create_Profile(list.window, list.list, &opened, &record, &scan_record), 1);
+    boxes.expect_boxes({{L"error", L"error while creating window Name of Profile"}, {L"GetLastError", why}});
+    const auto seen = boxes.boxes();
+    EXPECT_EQ(seen[0].owner, list.window);
+    EXPECT_EQ(seen[1].owner, nullptr);
+    EXPECT_TRUE(seen[1].has_icon);
+    EXPECT_EQ(opened, nullptr);
+    FreeDynMem_wnds_Profile(&record);
+}
+
+TEST(CreateProfile, RefusesMissingArgumentsNamingThem)
+{
+    const FilledScan scan(ten_windows());
+    STR_RW_PRFL write{};
+    HWND opened = nullptr;
+    const auto some = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
+    STR_ENUM_WNDS_DATA empty{};
+    for (int missing = 0; missing < 6; ++missing) {
+        const HWND window = missing == 0 ? nullptr : some;
+        const HWND list = missing == 1 ? nullptr : some;
+        HWND* const out = missing == 2 ? nullptr : &opened;
+        STR_RW_PRFL* const record = missing == 3 ? nullptr : &write;
+        const STR_ENUM_WNDS_DATA* const read = missing == 4 ? nullptr : missing == 5 ? &empty : &scan_record;
+        BoxWatcher boxes;
+        EXPECT_EQ(onButton_Create_Profile(window, list, out, record, read), -1);
+        boxes.expect_boxes(
+            {save_box(L"onButton_Create_Profile", 1214, 1391,
+                      L"incorrect input parameters:\nhwndThis = " + pointer(window) + L", hwndLV = " +
+                          pointer(list) + L", p_hwnd_ProfileName = " + pointer(out) + L", pSTR_RW_PRFL = " +
+                          pointer(record) + L", pSTR_ENUM_WNDS_DATA = " + pointer(read) +
+                          L"\npSTR_ENUM_WNDS_DATA->counter_valid = " + (missing < 4 ? L"10" : L"0"))});
+    }
+}

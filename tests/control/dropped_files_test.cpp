@@ -1,0 +1,191 @@
+#include "sources/funcs_layout_windows/dropped_files.h"
+
+#include <gtest/gtest.h>
+
+#include <shlobj.h>
+
+#include <cstring>
+
+#include "tests/control/profile_desk.h"
+#include "tests/support/text.h"
+
+namespace
+{
+
+using namespace profile_tests;
+using test_support::BoxWatcher;
+using test_support::ExpectedBox;
+using test_support::FailingImport;
+using test_support::ProfileEncoder;
+
+// What a window is given when these files are dropped on it. The receiver never frees it.
+class Drop
+{
+public:
+    explicit Drop(const std::vector<std::wstring>& paths)
+    {
+        std::wstring list;
+        for (const std::wstring& path : paths)
+            list += path + L'\0';
+        list += L'\0';
+        memory_ = GlobalAlloc(GHND, sizeof(DROPFILES) + list.size() * 2);
+        auto* header = static_cast<DROPFILES*>(GlobalLock(memory_));
+        header->pFiles = sizeof(DROPFILES);
+        header->fWide = TRUE;
+        std::memcpy(header + 1, list.data(), list.size() * 2);
+        GlobalUnlock(memory_);
+    }
+    ~Drop() { GlobalFree(memory_); }
+    Drop(const Drop&) = delete;
+    Drop& operator=(const Drop&) = delete;
+    operator HDROP() const { return static_cast<HDROP>(memory_); }
+    // GlobalFree has not been called for it: it can still be read.
+    bool alive() const { return DragQueryFileW(*this, 0xFFFFFFFF, nullptr, 0) > 0; }
+
+private:
+    HGLOBAL memory_;
+};
+
+ExpectedBox unreadable(const std::wstring& text)
+{
+    return {test_support::bytes_as_wide("error"),
+            test_support::bytes_as_wide(std::string(text.begin(), text.end()))};
+}
+
+Where drop_site(int site, int handler)
+{
+    return {L"sources/funcs_layout_windows", L"on_wm_dropfiles", site, handler};
+}
+
+ExpectedBox load_failed_box()
+{
+    return unreadable(
+        gap_text(drop_site(9168, 9273),
+                 L"error, one of callable functions returned error, onButton_LoadProfile_clicked()"));
+}
+
+ExpectedBox load_box(int site, int handler, const std::wstring& detail)
+{
+    return {
+        L"error",
+        gap_text({L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
+}
+
+std::wstring write_profile(const ProfileDesk& desk, const std::wstring& file, const std::u16string& name)
+{
+    const std::wstring path = desk.files.file(file);
+    test_support::write_file(path,
+                             ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(name).bytes());
+    return path;
+}
+
+std::int32_t drop(ProfileDesk& desk, HDROP handle)
+{
+    return on_wm_dropfiles(desk.window, handle, &desk.store, &desk.profiles);
+}
+
+} // namespace
+
+TEST(DroppedFiles, LoadsTheFirstOfThree)
+{
+    ProfileDesk desk;
+    RecordedFolderStarts starts;
+    const OwnWindow folder(L"folder");
+    desk.folders.add(folder, L"C:\\windows");
+    const Drop dropped({write_profile(desk, L"b.txt", u"Second by name"),
+                        write_profile(desk, L"a.txt", u"First by name"),
+                        write_profile(desk, L"c.txt", u"Third")});
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, dropped), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(combo_texts(desk.profile_combo), std::vector<std::wstring>{L"Second by name"});
+    EXPECT_EQ(desk.store.uiN_loaded_prfls, 1u);
+    EXPECT_TRUE(dropped.alive());
+}
+
+TEST(DroppedFiles, ShowsTheLoadsBoxAndThenAnUnreadableOneForAFileThatIsNoProfile)
+{
+    ProfileDesk desk;
+    const NothingStarts starts;
+    const std::wstring path = desk.files.file(L"letter.txt");
+    test_support::write_file(path, {'D', 'e', 'a', 'r'});
+    const Drop dropped({path});
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, dropped), -4);
+    boxes.expect_boxes(
+        {load_box(5629, 7183, L"invalid type of file, signature doesn't coincide"), load_failed_box()});
+    for (const auto& box : boxes.boxes())
+        EXPECT_EQ(box.owner, nullptr);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+    EXPECT_EQ(starts.count(), 0);
+}
+
+TEST(DroppedFiles, CannotBeAFolder)
+{
+    ProfileDesk desk;
+    const Drop dropped({desk.files.make_folder(L"folder")});
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, dropped), -4);
+    boxes.expect_boxes(
+        {load_box(5570, 7095,
+                  L"one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()"),
+         load_failed_box()});
+}
+
+TEST(DroppedFiles, AreCreatedEmptyAndRefusedWhenTheyAreGone)
+{
+    ProfileDesk desk;
+    const std::wstring path = desk.files.file(L"gone.txt");
+    const Drop dropped({path});
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, dropped), -4);
+    boxes.expect_boxes(
+        {load_box(5581, 7117,
+                  L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )"),
+         load_failed_box()});
+    EXPECT_TRUE(test_support::file_exists(path));
+}
+
+TEST(DroppedFiles, RefusesAMissingWindowOrHandleUnreadably)
+{
+    ProfileDesk desk;
+    const Drop dropped({L"C:\\x"});
+    const std::pair<HWND, HDROP> calls[] = {{nullptr, dropped}, {desk.window, nullptr}};
+    for (const auto& [window, handle] : calls) {
+        BoxWatcher boxes;
+        EXPECT_EQ(on_wm_dropfiles(window, handle, &desk.store, &desk.profiles), -1);
+        boxes.expect_boxes(
+            {unreadable(spaced_text(drop_site(9102, 9207), L"incorrect input:\nhwnd_MW = " + pointer(window) +
+                                                               L", hDrop = " + pointer(handle)))});
+    }
+}
+
+TEST(DroppedFiles, ReportsThatThereIsNoMemoryForThePath)
+{
+    ProfileDesk desk;
+    const Drop dropped({L"C:\\x"});
+    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", 1, nullptr,
+                                                                      ERROR_NOT_ENOUGH_MEMORY);
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, dropped), -2);
+    boxes.expect_boxes({unreadable(gap_text(drop_site(9120, 9229), L"error while DynMemAlloc()"))});
+}
+
+TEST(DroppedFiles, ReportsAPathThatCannotBeQueried)
+{
+    ProfileDesk desk;
+    const ExpectedBox box = unreadable(gap_text(
+        drop_site(9142, 9251), L"error, one of callable functions returned error, DragQueryFile( )"));
+    {
+        const Drop nothing({});
+        BoxWatcher boxes;
+        EXPECT_EQ(drop(desk, nothing), -3);
+        boxes.expect_boxes({box});
+    }
+    // Whatever else was sent for a handle.
+    const auto nonsense = reinterpret_cast<HDROP>(std::uintptr_t{0x12345678});
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, nonsense), -3);
+    boxes.expect_boxes({box});
+    EXPECT_EQ(desk.store.uiN_loaded_prfls, 0u);
+}

@@ -1,0 +1,257 @@
+#include "sources/funcs_layout_windows/explorer_folders.h"
+
+#include <psapi.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
+
+using namespace test_support;
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::pointer;
+using scan_tests::ScanDesk;
+
+namespace
+{
+
+std::wstring path_of_slot(std::uint32_t slot)
+{
+    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
+}
+
+constexpr wchar_t kLongFolder[] = L"C:\\windows\\system32\\drivers";
+
+// Three windows of this process, scanned; the folders are asked for afterwards. Their image path leaves
+// room for folder paths.
+struct Scanned {
+    ScanDesk desk;
+    DeskWindow windows[3]{DeskWindow(L"one"), DeskWindow(L"two"), DeskWindow(L"three")};
+    Desktop desktop{{windows[0], windows[1], windows[2]}};
+
+    Scanned() { desk.scan(); }
+};
+
+} // namespace
+
+TEST(ExplorerFolders, AreNoneWithoutFolderWindows)
+{
+    Scanned scanned;
+    scan_record.counter_folders = 7;
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 0u);
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+}
+
+TEST(ExplorerFolders, AreCountedAndMeasuredInBytes)
+{
+    Scanned scanned;
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows").add(scanned.windows[1], kLongFolder);
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
+    EXPECT_EQ(scan_record.counter_folders, 2u);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 54u);
+}
+
+TEST(ExplorerFolders, GiveTwoWindowsOnTheSameFolderTheSamePath)
+{
+    Scanned scanned;
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows").add(scanned.windows[2], L"C:\\windows");
+    const std::wstring middle = path_of_slot(1);
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    for (const std::uint32_t slot : {0u, 2u}) {
+        EXPECT_EQ(scan_record.arr1D_ui_LenPath[slot], 20u);
+        EXPECT_EQ(path_of_slot(slot).substr(0, 10), L"C:\\windows");
+    }
+    EXPECT_EQ(path_of_slot(1), middle);
+}
+
+TEST(ExplorerFolders, FillEverySlotOfAWindow)
+{
+    Scanned scanned;
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows");
+    scan_record.pcDynMem_WinHndls[2] = scanned.windows[0];
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
+    EXPECT_NE(scan_record.arr1D_ui_LenPath[1], 20u);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[2], 20u);
+}
+
+TEST(ExplorerFolders, OfAWindowInNoSlotAreIgnored)
+{
+    Scanned scanned;
+    const DeskWindow late(L"late");
+    scanned.desk.folders.add(late, L"C:\\windows");
+    const std::uint32_t length = scan_record.arr1D_ui_LenPath[0];
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], length);
+}
+
+TEST(ExplorerFolders, ThatGiveNothingOnTheWayArePassedOverAndReleased)
+{
+    Scanned scanned;
+    for (const Missing missing :
+         {Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp, Missing::kServiceProvider,
+          Missing::kShellBrowser, Missing::kShellView, Missing::kFolderView, Missing::kPersistFolder,
+          Missing::kItemIdList, Missing::kItemIdListNull, Missing::kFileSystemPath}) {
+        scanned.desk.folders.clear();
+        FolderWindow broken;
+        broken.window = scanned.windows[0];
+        broken.path = kLongFolder;
+        broken.missing = missing;
+        scanned.desk.folders.add(broken).add(scanned.windows[1], L"C:\\windows");
+        const std::wstring first = path_of_slot(0);
+        const BoxWatcher boxes;
+        EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
+        EXPECT_EQ(scan_record.counter_folders, 1u) << static_cast<int>(missing);
+        EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 20u);
+        EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+        EXPECT_EQ(path_of_slot(0), first) << static_cast<int>(missing);
+        EXPECT_EQ(scan_record.arr1D_ui_LenPath[1], 20u);
+        boxes.expect_no_boxes();
+        const StandInCounts counts = scanned.desk.folders.counts();
+        EXPECT_EQ(counts.passes, 2);
+        EXPECT_GT(counts.interfaces_given, 0);
+        EXPECT_EQ(counts.interfaces_live, 0) << static_cast<int>(missing);
+        EXPECT_EQ(counts.released_too_often, 0) << static_cast<int>(missing);
+        EXPECT_EQ(counts.id_lists_live, 0) << static_cast<int>(missing);
+    }
+}
+
+TEST(ExplorerFolders, StopAtAWindowWithoutHandleWhenFilling)
+{
+    Scanned scanned;
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows")
+        .add(nullptr, L"C:\\windows")
+        .add(scanned.windows[1], L"C:\\windows");
+    const BoxWatcher boxes;
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1); // counting does not mind
+    EXPECT_EQ(scan_record.counter_folders, 3u);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -5);
+    boxes.expect_boxes(
+        {{L"error", L"error\n\nfile:\nsources/"
+                    L"funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\nline:\n"
+                    L"2216\n\nhwnd of folder = 0000000000000000\n\nline of error handler:\n2388"}});
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
+    EXPECT_NE(scan_record.arr1D_ui_LenPath[1], 20u);
+    EXPECT_EQ(scanned.desk.folders.counts().interfaces_live, 0);
+    EXPECT_EQ(scanned.desk.folders.counts().id_lists_live, 0);
+}
+
+TEST(ExplorerFolders, LongerThanTheSlotsAreLeftOut)
+{
+    Scanned scanned;
+    scan_record.uiMaxLen_inBytes_AllPath = 20;
+    scanned.desk.folders.add(scanned.windows[0], kLongFolder).add(scanned.windows[1], L"C:\\windows");
+    const std::uint32_t length = scan_record.arr1D_ui_LenPath[0];
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], length);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[1], 20u);
+}
+
+TEST(ExplorerFolders, ThatChangeBetweenThePassesNeverOverflowTheirSlot)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"folder");
+    desk.folders.clear();
+    FolderWindow changing;
+    changing.window = window;
+    changing.path = L"C:\\";
+    changing.later_from_pass = 2;
+    changing.later_path = kLongFolder;
+    desk.folders.add(changing);
+    const Desktop desktop({window});
+    // No program path: the slots are as wide as the folder path of the first pass.
+    const ImportHook<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> path(
+        "kernel32.dll", [&](HANDLE, HMODULE, LPWSTR buffer, DWORD) -> DWORD {
+            lstrcpyW(buffer, L"C:\\windows\\explorer.exe");
+            return 23;
+        });
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, 6u);
+    EXPECT_LE(scan_record.arr1D_ui_LenPath[0], 6u);
+}
+
+TEST(ExplorerFolders, ClearTheRestOfASlotWhenAShorterPathFollows)
+{
+    Scanned scanned;
+    // One window with two folders in it, as tabs are listed.
+    scanned.desk.folders.add(scanned.windows[0], kLongFolder).add(scanned.windows[0], L"C:\\windows");
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
+    EXPECT_EQ(path_of_slot(0), L"C:\\windows");
+}
+
+TEST(ExplorerFolders, GoOnWithoutTheShellsListWhenCounting)
+{
+    Scanned scanned;
+    scan_record.counter_folders = 7;
+    scanned.desk.folders.fail_creation(E_OUTOFMEMORY);
+    const BoxWatcher boxes;
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), -1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_folders, 7u);
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -4);
+    boxes.expect_boxes(
+        {{L"error", L"error\n\nfile:\nsources/"
+                    L"funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\nline:\n"
+                    L"2095\n\none of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
+                    L"ret code hResult = -2147024882\n\nline of error handler:\n2361"}});
+}
+
+TEST(ExplorerFolders, AreNoneWhenTheyCannotBeCounted)
+{
+    Scanned scanned;
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows").fail_count(E_FAIL);
+    scan_record.counter_folders = 7;
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_EQ(scanned.desk.folders.counts().interfaces_live, 0);
+}
+
+TEST(ExplorerFolders, RefuseANullRecord)
+{
+    const auto text = [](const wchar_t* function, const wchar_t* line, const wchar_t* handler) {
+        return std::wstring(L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\n") + function +
+               L"\n\nline:\n" + line +
+               L"\n\nincorrect input parameters:pSTR_params = 0000000000000000\n\nline of error handler:\n" +
+               handler;
+    };
+    const BoxWatcher boxes;
+    EXPECT_EQ(GetCurrentExplorerFolders_01(nullptr), -1);
+    EXPECT_EQ(GetCurrentExplorerFolders_02(nullptr), -1);
+    boxes.expect_boxes({{L"error", text(L"GetCurrentExplorerFolders_01", L"1802", L"1996")},
+                        {L"error", text(L"GetCurrentExplorerFolders_02", L"2038", L"2307")}});
+}
+
+TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
+{
+    Scanned scanned;
+    const STR_ENUM_WNDS_DATA kept = scan_record;
+    for (int block = 0; block < 3; ++block) {
+        scan_record = kept;
+        if (block == 0)
+            scan_record.pcDynMem_WinHndls = nullptr;
+        if (block == 1)
+            scan_record.pcDynMem_FullPaths = nullptr;
+        if (block == 2)
+            scan_record.arr1D_uc_flag_FP = nullptr;
+        const BoxWatcher boxes;
+        EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -1);
+        boxes.expect_boxes(
+            {{L"error",
+              L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\n"
+              L"line:\n2053\n\nincorrect input parameters:pSTR_params->pcDynMem_WinHndls = " +
+                  pointer(scan_record.pcDynMem_WinHndls) + L"\npSTR_params->pcDynMem_FullPaths = " +
+                  pointer(scan_record.pcDynMem_FullPaths) + L"\npSTR_params->arr1D_uc_flag_FP = " +
+                  pointer(scan_record.arr1D_uc_flag_FP) + L"\nline of error handler:\n2334"}});
+    }
+    scan_record = kept;
+}

@@ -1,0 +1,325 @@
+#include "sources/wnd_ScanListView/list_view.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/real_input.h"
+#include "tests/support/text.h"
+#include "tests/support/windows_lookup.h"
+
+using namespace test_support;
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::pointer;
+using scan_tests::ScanDesk;
+
+namespace
+{
+
+using Row = std::vector<std::wstring>;
+
+// A scan of two windows of this process.
+struct TwoRows {
+    ScanDesk desk;
+    DeskWindow first{L"First", {40, 50, 340, 250}};
+    DeskWindow second{L"Second", {-20, 60, 180, 210}};
+    Desktop desktop{{first, second}};
+};
+
+RECT in_client(HWND control)
+{
+    RECT rect = rectangle_of(control);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
+}
+
+std::string text_of(const RECT& rect)
+{
+    return std::to_string(rect.left) + "," + std::to_string(rect.top) + " " +
+           std::to_string(rect.right - rect.left) + "x" + std::to_string(rect.bottom - rect.top);
+}
+
+std::string rectangle_text(int x, int y, int width, int height)
+{
+    return text_of({x, y, x + width, y + height});
+}
+
+int screen_fraction(float fraction, int metric)
+{
+    return static_cast<int>(fraction * static_cast<float>(GetSystemMetrics(metric)));
+}
+
+void expect_layout()
+{
+    RECT client{};
+    GetClientRect(hwnd_ScanListView, &client);
+    const int bw = screen_fraction(0.09F, SM_CXSCREEN);
+    const int bh = screen_fraction(0.03F, SM_CYSCREEN);
+    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, 1))), rectangle_text(5, 5, bw, bh));
+    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, 2))), rectangle_text(bw + 10, 5, bw, bh));
+    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, 4))),
+              rectangle_text(5, bh + 10, client.right - 10, client.bottom - (bh + 10) - 5));
+    const double fractions[] = {0.088, 0.56, 0.088, 0.088, 0.088, 0.088};
+    const RemoteListView list(GetDlgItem(hwnd_ScanListView, 4));
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(list.column_width(i), static_cast<int>(fractions[i] * client.right)) << "column " << i;
+}
+
+} // namespace
+
+TEST(ListOfWindows, ShowsOneRowPerSlotWithTheWidthBeforeTheHeight)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    const RemoteListView list = scan.desk.list();
+    ASSERT_EQ(list.row_count(), 2);
+    EXPECT_EQ(list.row(0), (Row{L"1", L"First", L"40", L"50", L"300", L"200"}));
+    EXPECT_EQ(list.row(1), (Row{L"2", L"Second", L"-20", L"60", L"200", L"150"}));
+    EXPECT_FALSE(list.is_ticked(0));
+    EXPECT_FALSE(list.is_ticked(1));
+}
+
+TEST(ListOfWindows, HasItsColumnsButtonsAndStyles)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    const RemoteListView list = scan.desk.list();
+    ASSERT_EQ(list.column_count(), 6);
+    Row headings;
+    for (int i = 0; i < 6; ++i)
+        headings.push_back(list.heading(i));
+    EXPECT_EQ(headings, (Row{L"#", L"Window name", L"X", L"Y", L"Width", L"Height"}));
+    EXPECT_EQ(list.extended_style(), 0x10005u);
+    EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(list.window(), GWL_STYLE)) & 0xFFFF, 0x0009u);
+    EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(list.window(), GWL_STYLE)) & 0x50800000u, 0x50800000u);
+    EXPECT_EQ(title_of(GetDlgItem(hwnd_ScanListView, 1)), L"Move");
+    EXPECT_EQ(title_of(GetDlgItem(hwnd_ScanListView, 2)), L"Create Profile");
+    for (const int id : {1, 2})
+        EXPECT_EQ(GetWindowLongW(GetDlgItem(hwnd_ScanListView, id), GWL_STYLE), 0x50000300);
+    const HWND button = GetDlgItem(hwnd_ScanListView, 1);
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0)), sizeof font, &font);
+    EXPECT_EQ(font.lfWeight, 700);
+    EXPECT_EQ(font.lfPitchAndFamily, 16);
+    EXPECT_GT(font.lfHeight, 0);
+}
+
+TEST(ListOfWindows, LaysListAndColumnsOutWithTheWindowButNotTheButtons)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    expect_layout();
+    MoveWindow(hwnd_ScanListView, 10, 10, 700, 420, TRUE);
+    expect_layout();
+    MoveWindow(hwnd_ScanListView, 10, 10, 900, 600, TRUE);
+    expect_layout();
+}
+
+TEST(ListOfWindows, SelectsARowWithItsTickAndDeselectsItAgain)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    const RemoteListView list = scan.desk.list();
+    EXPECT_EQ(list.extended_style() & 0x20, 0u);
+    list.set_ticked(1, true);
+    EXPECT_TRUE(list.is_selected(1));
+    EXPECT_FALSE(list.is_selected(0));
+    EXPECT_EQ(list.extended_style() & 0x20, 0x20u);
+    list.set_ticked(1, false);
+    EXPECT_FALSE(list.is_selected(1));
+}
+
+TEST(ListOfWindows, ReleasesTheScanAndForgetsItselfWhenItCloses)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    SendMessageW(hwnd_ScanListView, WM_CLOSE, 0, 0);
+    EXPECT_EQ(hwnd_ScanListView, nullptr);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath, nullptr);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP, nullptr);
+    EXPECT_EQ(scan_record.pcTmpBuf_Prg_Folder_Path, nullptr);
+    EXPECT_EQ(scan_record.pcDynMem_GeomText, nullptr);
+    EXPECT_EQ(scan_record.pcDynMem_WinHndls, nullptr);
+    EXPECT_EQ(scan_record.pcDynMem_FullPaths, nullptr);
+    EXPECT_EQ(scan_record.counter_valid, 2u); // the counters stay
+    MSG message;
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST(ListOfWindows, IgnoresDataThatIsNotForIt)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    wchar_t name[] = L"name";
+    COPYDATASTRUCT data{.dwData = 1, .cbData = sizeof name, .lpData = name};
+    const BoxWatcher boxes;
+    EXPECT_EQ(SendMessageW(hwnd_ScanListView, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data)), TRUE);
+    // The low 32 bits decide; this one is a name, yet from another window.
+    data.dwData = ULONG_PTR{1} << 32;
+    EXPECT_EQ(SendMessageW(hwnd_ScanListView, WM_COPYDATA,
+                           reinterpret_cast<WPARAM>(static_cast<HWND>(scan.first)),
+                           reinterpret_cast<LPARAM>(&data)),
+              FALSE);
+    boxes.expect_no_boxes();
+}
+
+TEST(ListOfWindows, ShowsTheMenuOverANumberAndNotOverTheName)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    const RemoteListView list = scan.desk.list();
+    // The menu answers to WM_CANCELMODE as to a click elsewhere.
+    int menus = 0;
+    POINT shown_at{};
+    const ImportHook<"TrackPopupMenu", decltype(TrackPopupMenu)> track(
+        "user32.dll", [&](HMENU menu, UINT flags, int x, int y, int, HWND owner, const RECT*) -> BOOL {
+            ++menus;
+            shown_at = {x, y};
+            EXPECT_EQ(flags, 0u);
+            EXPECT_EQ(owner, hwnd_ScanListView);
+            EXPECT_EQ(GetMenuItemCount(menu), 1);
+            EXPECT_EQ(GetMenuItemID(menu, 0), 101u);
+            return TRUE;
+        });
+    for (int column = 0; column < 6; ++column) {
+        const POINT centre = list.cell_centre(1, column);
+        SetCursorPos(centre.x, centre.y);
+        NMITEMACTIVATE click{};
+        click.hdr = {list.window(), 4, static_cast<UINT>(NM_RCLICK)};
+        SendMessageW(hwnd_ScanListView, WM_NOTIFY, 4, reinterpret_cast<LPARAM>(&click));
+        EXPECT_EQ(menus, column < 2 ? 0 : column - 1) << "column " << column;
+        if (column >= 2) {
+            EXPECT_EQ(shown_at.x, centre.x);
+            EXPECT_EQ(shown_at.y, centre.y);
+        }
+    }
+}
+
+TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    const HWND list = scan.desk.list().window();
+    STR_HitCell cell{7, 8};
+    NMHDR header{};
+    const BoxWatcher boxes;
+    EXPECT_EQ(on_WM_NOTIFY_ListView(nullptr, list, 0, 0, &header, nullptr, &cell), -1);
+    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, nullptr, 0, 0, &header, nullptr, &cell), -1);
+    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, nullptr, nullptr, &cell), -1);
+    const ExpectedBox box{bytes_as_wide("ERROR"),
+                          bytes_as_wide("\nERROR\n\nfile:\n\nsources/wnd_ScanListView\nfunction:\n\n"
+                                        "on_WM_NOTIFY_ListView\nline:\n\n871\n\n")};
+    boxes.expect_boxes({box, box, box});
+    EXPECT_EQ(cell.iRow, 7);
+}
+
+TEST(ListOfWindows, ReportsEachButtonThatCannotBeMadeInUnreadableWords)
+{
+    TwoRows scan;
+    const char* const texts[] = {"err, hWndBTN01=NULL, func WndProc", "err, hWndBTN02=NULL, func WndProc"};
+    for (const int button : {0, 1}) {
+        // The list window itself is the first call.
+        const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails(
+            "user32.dll", button + 2, nullptr, ERROR_NOT_ENOUGH_MEMORY);
+        const BoxWatcher boxes;
+        EXPECT_EQ(scan.desk.scan(), 1);
+        boxes.expect_boxes({{L"i", bytes_as_wide(texts[button])}});
+        EXPECT_EQ(scan.desk.list().row_count(), 2); // it goes on
+    }
+}
+
+TEST(ListOfWindows, StaysWithItsButtonsWhenThereIsNoFont)
+{
+    TwoRows scan;
+    const FailingImport<"CreateFontIndirectW", decltype(CreateFontIndirectW)> fails("gdi32.dll", kEveryCall,
+                                                                                    nullptr, 8);
+    const BoxWatcher boxes;
+    EXPECT_EQ(scan.desk.scan(), 1);
+    boxes.expect_boxes(
+        {{L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\n"
+                    L"line:\n218\n\none of callable functions returned error, vex_CreateFont()\n"
+                    L"line of error handler:475"}});
+    ASSERT_NE(hwnd_ScanListView, nullptr);
+    EXPECT_NE(GetDlgItem(hwnd_ScanListView, 1), nullptr);
+    EXPECT_NE(GetDlgItem(hwnd_ScanListView, 2), nullptr);
+    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
+}
+
+TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
+{
+    TwoRows scan;
+    const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
+    const BoxWatcher boxes;
+    EXPECT_EQ(scan.desk.scan(), 1);
+    ASSERT_GE(boxes.count(), 1u);
+    EXPECT_EQ(boxes.boxes()[0].title, L"error");
+    EXPECT_EQ(boxes.boxes()[0].text,
+              L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\nline:\n189\n\n"
+              L"one of callable functions returned error, GetDC( )\nline of error handler:431");
+    EXPECT_EQ(scan.desk.list().row_count(), 2);
+}
+
+TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
+{
+    TwoRows scan;
+    const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", 4, nullptr, 8);
+    const BoxWatcher boxes;
+    EXPECT_EQ(scan.desk.scan(), 1);
+    ASSERT_GE(boxes.count(), 1u);
+    const std::string text = wide_as_bytes(boxes.boxes()[0].text);
+    RECT client{};
+    GetClientRect(hwnd_ScanListView, &client);
+    const auto narrow = [](const std::wstring& digits) { return std::string(digits.begin(), digits.end()); };
+    const std::string expected = "\nERROR\n\nfile:\n\nsources/"
+                                 "wnd_ScanListView\nfunction:\n\non_WM_CREATE_02_ListView\nline:\n\n641\n\n"
+                                 "NULL <- CreateWindowEx()\nw = " +
+                                 std::to_string(client.right) + "\nh = " + std::to_string(client.bottom) +
+                                 "\nuiCtlID = 4\nhwndThis = " + narrow(pointer(hwnd_ScanListView)) +
+                                 "\nhInst = " + narrow(pointer(GetModuleHandleW(nullptr))) +
+                                 "\nWC_LISTVIEW = ";
+    EXPECT_EQ(text.substr(0, expected.size()), expected);
+    EXPECT_EQ(boxes.boxes()[0].title, bytes_as_wide("ERROR"));
+    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
+    EXPECT_NE(hwnd_ScanListView, nullptr);
+}
+
+TEST(ListOfWindows, GoesAgainWhenThereIsNoScanToShow)
+{
+    ScanDesk desk; // registers the class
+    const BoxWatcher boxes;
+    const HWND window = CreateWindowExW(0, L"List of Windows", L"List of windows", WS_OVERLAPPEDWINDOW, 0, 0,
+                                        400, 300, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    EXPECT_EQ(window, nullptr);
+    boxes.expect_boxes(
+        {{L"error", bytes_as_wide("error\n\nfile:\nsources/wnd_ScanListView\n\nfunction:\n"
+                                  "on_WM_CREATE_02_ListView\n\nline:\n612\n\nincorrect input parameters\n"
+                                  "line of error handler:\n803\n")}});
+}
+
+TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({window});
+    ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+            return message == LVM_INSERTITEMW ? -1 : send.call_original(target, message, wParam, lParam);
+        });
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.scan(), 1);
+    const std::vector<SeenBox> seen = boxes.boxes();
+    ASSERT_EQ(seen.size(), 11u);
+    EXPECT_EQ(seen[0].title, bytes_as_wide("ERROR"));
+    EXPECT_EQ(seen[0].text, L"-1 <-- InsertItem, cycle i");
+    for (std::size_t column = 1; column <= 5; ++column) {
+        EXPECT_EQ(seen[2 * column - 1].title, bytes_as_wide("GetLastError"));
+        EXPECT_TRUE(seen[2 * column - 1].has_icon);
+        EXPECT_EQ(seen[2 * column].title, bytes_as_wide("ERROR"));
+        EXPECT_EQ(seen[2 * column].text, bytes_as_wide("-1 <-- InsertItem, cycle j"));
+    }
+}

@@ -1,0 +1,229 @@
+#include "sources/wnd_ScanListView/move_command.h"
+
+#include <gtest/gtest.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/text.h"
+#include "tests/support/waiting.h"
+#include "tests/support/windows_lookup.h"
+
+using namespace test_support;
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::ScanDesk;
+
+namespace
+{
+
+constexpr wchar_t kNothingTicked[] =
+    L"There are no selected items.\nSelect any item, change its position (or/and dimensions)\n"
+    L"and then press button Move.";
+
+// One scanned window of this process with its row.
+struct OneRow {
+    ScanDesk desk;
+    DeskWindow window{L"window", {100, 120, 420, 360}};
+    Desktop desktop{{window}};
+
+    OneRow() { desk.scan(); }
+
+    void give(const std::wstring& x, const std::wstring& y, const std::wstring& width,
+              const std::wstring& height)
+    {
+        const std::wstring* const texts[] = {&x, &y, &width, &height};
+        for (int i = 0; i < 4; ++i) {
+            LVITEMW item{};
+            item.iSubItem = 2 + i;
+            item.pszText = const_cast<wchar_t*>(texts[i]->c_str());
+            SendMessageW(desk.list().window(), LVM_SETITEMTEXTW, 0, reinterpret_cast<LPARAM>(&item));
+        }
+    }
+};
+
+std::string place_of(HWND window)
+{
+    pump_messages();
+    const RECT rect = rectangle_of(window);
+    return std::to_string(rect.left) + "," + std::to_string(rect.top) + " " +
+           std::to_string(rect.right - rect.left) + "x" + std::to_string(rect.bottom - rect.top);
+}
+
+} // namespace
+
+TEST(MoveCommand, PlacesTickedWindowsOnlyAsTheirCellsSay)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one", {100, 120, 420, 360});
+    const DeskWindow two(L"two", {130, 140, 450, 380});
+    const Desktop desktop({one, two});
+    desk.scan();
+    MoveWindow(one, 300, 310, 200, 210, TRUE);
+    MoveWindow(two, 300, 310, 200, 210, TRUE);
+    desk.list().set_ticked(1, true);
+    const BoxWatcher boxes;
+    desk.press(1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(place_of(one), "300,310 200x210");
+    EXPECT_EQ(place_of(two), "130,140 320x240");
+}
+
+TEST(MoveCommand, TakesNumbersAsTheyAreWritten)
+{
+    OneRow row;
+    row.desk.list().set_ticked(0, true);
+    row.give(L"-15", L" +20x", L"350", L"0260");
+    row.desk.press(1);
+    EXPECT_EQ(place_of(row.window), "-15,20 350x260");
+    row.give(L"abc", L"", L"300", L"200"); // what is no number is 0
+    row.desk.press(1);
+    EXPECT_EQ(place_of(row.window), "0,0 300x200");
+}
+
+TEST(MoveCommand, AsksForAnAsynchronousMoveToTheTop)
+{
+    OneRow row;
+    row.desk.list().set_ticked(0, true);
+    int calls = 0;
+    const ImportHook<"SetWindowPos", decltype(SetWindowPos)> place(
+        "user32.dll", [&](HWND window, HWND after, int x, int y, int width, int height, UINT flags) -> BOOL {
+            ++calls;
+            EXPECT_EQ(window, static_cast<HWND>(row.window));
+            EXPECT_EQ(after, nullptr);
+            EXPECT_EQ(flags, 0x4040u);
+            EXPECT_EQ((std::vector<int>{x, y, width, height}), (std::vector<int>{100, 120, 320, 240}));
+            return TRUE;
+        });
+    row.desk.press(1);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(MoveCommand, ShowsTheInfoBoxWhenNothingIsTicked)
+{
+    OneRow row;
+    const BoxWatcher boxes;
+    EXPECT_EQ(onButton_Move(hwnd_ScanListView, row.desk.list().window(), 0, 0, scan_record.pcDynMem_WinHndls,
+                            scan_record.counter_valid),
+              1);
+    boxes.expect_boxes({{L"info", kNothingTicked}});
+    EXPECT_EQ(boxes.boxes()[0].owner, nullptr);
+    EXPECT_FALSE(boxes.boxes()[0].has_icon);
+}
+
+TEST(MoveCommand, LeavesAMinimisedWindowWithoutSizeAlone)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    ShowWindow(window, SW_MINIMIZE);
+    const Desktop desktop({window});
+    desk.scan();
+    ASSERT_EQ(desk.list().cell(0, 4), L"0");
+    desk.list().set_ticked(0, true);
+    const BoxWatcher boxes;
+    desk.press(1);
+    boxes.expect_no_boxes();
+    pump_messages();
+    EXPECT_TRUE(IsIconic(window));
+}
+
+TEST(MoveCommand, PassesOverARowThatLacksOneSide)
+{
+    OneRow row;
+    row.desk.list().set_ticked(0, true);
+    const BoxWatcher boxes;
+    row.give(L"1", L"2", L"0", L"200");
+    row.desk.press(1);
+    row.give(L"1", L"2", L"300", L"0");
+    row.desk.press(1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(place_of(row.window), "100,120 320x240");
+}
+
+TEST(MoveCommand, RestoresAMinimisedWindowThatWasGivenASize)
+{
+    OneRow row;
+    row.desk.list().set_ticked(0, true);
+    ShowWindow(row.window, SW_MINIMIZE);
+    row.give(L"30", L"40", L"310", L"220");
+    row.desk.press(1);
+    pump_until([&] { return !IsIconic(row.window); }, kShortWait, "the window to be restored");
+    EXPECT_EQ(place_of(row.window), "30,40 310x220");
+}
+
+TEST(MoveCommand, ReportsAWindowThatIsGoneAndMovesTheRest)
+{
+    ScanDesk desk;
+    auto gone = std::make_unique<DeskWindow>(L"gone", RECT{10, 20, 310, 240});
+    const DeskWindow rest(L"rest", {130, 140, 450, 380});
+    const Desktop desktop({*gone, rest});
+    desk.scan();
+    gone.reset();
+    MoveWindow(rest, 300, 310, 200, 210, TRUE);
+    desk.list().set_ticked(0, true);
+    desk.list().set_ticked(1, true);
+    const BoxWatcher boxes;
+    desk.press(1);
+    boxes.expect_boxes(
+        {{L"error", L"impossible to move one of windows:\nx = 10\ny = 20\nwidth = 300\nheight = 220\n"
+                    L"Probably, it was closed. Try to SCAN again."}});
+    EXPECT_TRUE(boxes.boxes()[0].has_icon);
+    EXPECT_EQ(place_of(rest), "130,140 320x240");
+}
+
+TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow going(L"going");
+    Desktop desktop({one, going});
+    desktop.before_pass = [&](int pass) {
+        if (pass == 2)
+            desktop.windows.pop_back();
+    };
+    desk.scan();
+    desk.list().set_ticked(1, true);
+    const BoxWatcher boxes;
+    desk.press(1);
+    boxes.expect_no_boxes(); // no size yet
+    wchar_t size[] = L"50";
+    for (const int column : {4, 5}) {
+        LVITEMW item{};
+        item.iSubItem = column;
+        item.pszText = size;
+        SendMessageW(desk.list().window(), LVM_SETITEMTEXTW, 1, reinterpret_cast<LPARAM>(&item));
+    }
+    desk.press(1);
+    boxes.expect_boxes(
+        {{L"error", L"impossible to move one of windows:\nx = 0\ny = 0\nwidth = 50\nheight = 50\n"
+                    L"Probably, it was closed. Try to SCAN again."}});
+}
+
+TEST(MoveCommand, RefusesAMissingListOrArrayWithFileAndFunctionUnreadable)
+{
+    OneRow row;
+    const std::wstring text =
+        L"error\n\nfile:\n" + bytes_as_wide("sources/wnd_ScanListView") + L"\nfunction:\n" +
+        bytes_as_wide("onButton_Move") +
+        L"\nline:\n1018\n\nERROR, incorrect input parameters\nline of error handler:1127";
+    const BoxWatcher boxes;
+    EXPECT_EQ(onButton_Move(hwnd_ScanListView, nullptr, 0, 0, scan_record.pcDynMem_WinHndls, 1), -1);
+    EXPECT_EQ(onButton_Move(hwnd_ScanListView, row.desk.list().window(), 0, 0, nullptr, 1), -1);
+    boxes.expect_boxes({{L"error", text}, {L"error", text}});
+}
+
+TEST(MoveCommand, IsReportedByTheListAgainWhenItFails)
+{
+    OneRow row;
+    release_scan_blocks(&scan_record);
+    const BoxWatcher boxes;
+    row.desk.press(1);
+    ASSERT_EQ(boxes.count(), 2u);
+    EXPECT_EQ(boxes.boxes()[1].text,
+              L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\n"
+              L"line:\n287\n\niRetCode = -1 <- onButton_Move()\nline of error handler:497");
+}

@@ -1,0 +1,108 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "sources/wnd_ScanListView/profile_writing.h"
+#include "tests/support/files.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/profile_encoder.h"
+
+// What the tests of saving profiles share: a scan to save from, the List of Windows window that
+// shows it, and the save dialog's answer.
+
+namespace profile_tests
+{
+
+struct ScannedWindow {
+    std::uint8_t flag = 1;
+    std::int32_t x = 0;
+    std::int32_t y = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::wstring path;
+};
+
+// The process-wide scan record filled as a scan leaves it: the blocks are written byte by byte.
+class FilledScan
+{
+public:
+    explicit FilledScan(const std::vector<ScannedWindow>& windows);
+    ~FilledScan();
+    FilledScan(const FilledScan&) = delete;
+    FilledScan& operator=(const FilledScan&) = delete;
+};
+
+// Ten windows: number i at X = -i, Y = 10 i, (100 + i) x (200 + i), C:\p\<i>.exe; every third a folder.
+std::vector<ScannedWindow> ten_windows();
+
+// The profile of some of these windows.
+test_support::Bytes profile_of(const std::vector<ScannedWindow>& windows,
+                               const std::vector<std::size_t>& rows, const std::u16string& name);
+
+// The List of Windows window with the scan's rows; closed at the end.
+class ListOfWindows
+{
+public:
+    ListOfWindows();
+    ~ListOfWindows();
+    ListOfWindows(const ListOfWindows&) = delete;
+    ListOfWindows& operator=(const ListOfWindows&) = delete;
+
+    void tick(int row) const { set_state(row, 0x2000, LVIS_STATEIMAGEMASK_value); }
+    void highlight(int row) const { set_state(row, 2, 2); }
+    void press_create_profile() const { SendMessageW(window, WM_COMMAND, 2, 0); }
+    // Ticks the rows, presses Create Profile and returns the name window.
+    HWND ask_name_for(const std::vector<int>& rows) const;
+
+    HWND window = nullptr;
+    HWND list = nullptr;
+
+private:
+    static constexpr UINT LVIS_STATEIMAGEMASK_value = 0xF000;
+    void set_state(int row, UINT state, UINT mask) const;
+};
+
+// The name window of this process, null when there is none.
+HWND name_window();
+// Types the name into the name window's box at once and presses Ok.
+void enter_name(HWND window, const std::wstring& name);
+
+// A save dialog that is answered with a path, or cancelled with an empty one.
+class AnsweredSaveDialog
+{
+public:
+    explicit AnsweredSaveDialog(std::wstring path) : path_(std::move(path)) {}
+    // Called with what the program asked for.
+    std::function<void(const OPENFILENAMEW&)> look;
+    int asked = 0;
+
+private:
+    BOOL answer(OPENFILENAMEW* settings);
+
+    std::wstring path_;
+    test_support::ImportHook<"GetSaveFileNameW", BOOL(OPENFILENAMEW*)> hook_{
+        "comdlg32.dll", [this](OPENFILENAMEW* settings) { return answer(settings); }};
+};
+
+// A write record with arrays of its own for the scan's rows; released at the end.
+class PreparedRecord
+{
+public:
+    PreparedRecord(const std::vector<std::uint32_t>& rows, const std::wstring& name);
+    ~PreparedRecord() { FreeDynMem_wnds_Profile(&record); }
+    PreparedRecord(const PreparedRecord&) = delete;
+    PreparedRecord& operator=(const PreparedRecord&) = delete;
+
+    std::int32_t write(HANDLE file) const;
+
+    STR_RW_PRFL record{};
+};
+
+} // namespace profile_tests

@@ -1,0 +1,371 @@
+#include "sources/funcs_layout_windows/scan_command.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/fixture_programs.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/windows_lookup.h"
+
+using namespace test_support;
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::pointer;
+using scan_tests::ScanDesk;
+
+namespace
+{
+
+using Row = std::vector<std::wstring>;
+
+constexpr wchar_t kEnumerationFailed_counting[] =
+    L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n1017\n\n"
+    L"ERROR <- EnumWindows()\nline of error handler:1382";
+constexpr wchar_t kEnumerationFailed_filling[] =
+    L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n1168\n\n"
+    L"ERROR <- EnumWindows()\nline of error handler:1382";
+
+} // namespace
+
+TEST(ScanCommand, ListsTheWindowsOfOtherProgramsAsTheyStand)
+{
+    FixturePrograms programs;
+    programs.add(L"first", {.title = L"First program", .x = 40, .y = 50, .width = 300, .height = 200});
+    programs.add(L"second", {.title = L"Second program", .x = -60, .y = 90, .width = 250, .height = 180});
+    const HWND first = programs.start(L"first");
+    const HWND second = programs.start(L"second");
+    ScanDesk desk;
+    const BoxWatcher boxes;
+
+    EXPECT_EQ(desk.scan(), 1);
+
+    boxes.expect_no_boxes();
+    const RemoteListView list = desk.list();
+    const auto first_row = list.find_row(L"First program");
+    const auto second_row = list.find_row(L"Second program");
+    ASSERT_TRUE(first_row && second_row);
+    EXPECT_EQ(list.row(*first_row),
+              (Row{std::to_wstring(*first_row + 1), L"First program", L"40", L"50", L"300", L"200"}));
+    EXPECT_EQ(list.row(*second_row),
+              (Row{std::to_wstring(*second_row + 1), L"Second program", L"-60", L"90", L"250", L"180"}));
+    EXPECT_EQ(scan_record.pcDynMem_WinHndls[*first_row], first);
+    EXPECT_EQ(scan_record.pcDynMem_WinHndls[*second_row], second);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[*first_row], 1);
+    const auto* path =
+        reinterpret_cast<const wchar_t*>(path_slot(&scan_record, static_cast<std::uint32_t>(*first_row)));
+    EXPECT_EQ(std::wstring(path), image_path_of(process_of(first)));
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[*first_row], 2 * std::wstring(path).size());
+}
+
+TEST(ScanCommand, OpensTheListAtThreeQuartersOfTheScreen)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    ASSERT_EQ(desk.scan(), 1);
+    const RECT place = rectangle_of(hwnd_ScanListView);
+    EXPECT_EQ(place.left, 30);
+    EXPECT_EQ(place.top, 30);
+    EXPECT_EQ(place.right - place.left, GetSystemMetrics(SM_CXSCREEN) * 3 / 4);
+    EXPECT_EQ(place.bottom - place.top, GetSystemMetrics(SM_CYSCREEN) * 3 / 4);
+    EXPECT_EQ(class_of(hwnd_ScanListView), L"List of Windows");
+    EXPECT_EQ(title_of(hwnd_ScanListView), L"List of windows");
+    EXPECT_EQ(GetWindowLongW(hwnd_ScanListView, GWL_STYLE) & ~(WS_CLIPSIBLINGS | WS_VISIBLE),
+              WS_OVERLAPPEDWINDOW);
+    EXPECT_TRUE(IsWindowVisible(hwnd_ScanListView));
+    EXPECT_EQ(GetWindow(hwnd_ScanListView, GW_OWNER), nullptr);
+    EXPECT_EQ(GetMenu(hwnd_ScanListView), nullptr);
+}
+
+TEST(ScanCommand, ReplacesTheListOfTheScanBefore)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    desk.scan();
+    const HWND first_list = hwnd_ScanListView;
+    EXPECT_EQ(desk.scan(), 1);
+    EXPECT_FALSE(IsWindow(first_list));
+    EXPECT_TRUE(IsWindow(hwnd_ScanListView));
+    EXPECT_FALSE(desk.list().find_row(L"List of windows").has_value());
+}
+
+TEST(ScanCommand, LeavesOtherWindowsAloneWhenTheStoredHandleIsStale)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    desk.scan();
+    DestroyWindow(hwnd_ScanListView);
+    EXPECT_EQ(hwnd_ScanListView, nullptr);
+    // The system has given the handle to another window meanwhile.
+    hwnd_ScanListView = window;
+    EXPECT_EQ(desk.scan(), 1);
+    EXPECT_TRUE(IsWindow(window));
+    EXPECT_NE(hwnd_ScanListView, static_cast<HWND>(window));
+}
+
+TEST(ScanCommand, ListsADesktopWhereOnlyFolderWindowsQualify)
+{
+    FixturePrograms programs;
+    programs.add(L"explorer.exe", {.title = L"Folder"});
+    const HWND folder = programs.start(L"explorer.exe");
+    ScanDesk desk;
+    desk.folders.add(folder, L"C:\\windows");
+    const Desktop desktop({folder});
+    EXPECT_EQ(desk.scan(), 1);
+    ASSERT_NE(hwnd_ScanListView, nullptr);
+    EXPECT_EQ(desk.list().row_count(), 1);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_PrgPath, 0u);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, 20u);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 0);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
+    EXPECT_STREQ(reinterpret_cast<wchar_t*>(path_slot(&scan_record, 0)), L"C:\\windows");
+}
+
+TEST(ScanCommand, ShowsTheInfoBoxWhenNoPathCanBeHad)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow two(L"two");
+    const Desktop desktop({one, two});
+    const FailingImport<"OpenProcess", decltype(OpenProcess)> no_process("kernel32.dll", kEveryCall, nullptr,
+                                                                         ERROR_ACCESS_DENIED);
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.scan(), 1);
+    boxes.expect_boxes(
+        {{L"info", L"Number of found valid windows = 2\nMax length of path to valid windows = 0"}});
+    EXPECT_EQ(hwnd_ScanListView, nullptr);
+}
+
+TEST(ScanCommand, ShowsTheInfoBoxWhenThereIsNoWindow)
+{
+    ScanDesk desk;
+    const Desktop desktop({});
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.scan(), 1);
+    boxes.expect_boxes(
+        {{L"info", L"Number of found valid windows = 0\nMax length of path to valid windows = 0"}});
+    EXPECT_EQ(hwnd_ScanListView, nullptr);
+}
+
+TEST(ScanCommand, RefusesNullArguments)
+{
+    ScanDesk desk;
+    scan_record.uiSize_TmpBuf_Path = 32768;
+    HWND list = nullptr;
+    const auto text = [](const void* host, const void* record, const void* list_storage) {
+        return L"error\n\nfile:\nsources/"
+               L"funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n906\n\n"
+               L"error, incorrect input parameters\nhwndThis = " +
+               pointer(host) + L"\npSTR = " + pointer(record) + L"\np_hwnd_ScanListView = " +
+               pointer(list_storage) + L"\nline of error handler:1301";
+    };
+    const BoxWatcher boxes;
+    EXPECT_EQ(onButton_Scan_Clicked(nullptr, &list, 0, 0, &scan_record), -1);
+    EXPECT_EQ(onButton_Scan_Clicked(desk.host(), nullptr, 0, 0, &scan_record), -1);
+    EXPECT_EQ(onButton_Scan_Clicked(desk.host(), &list, 0, 0, nullptr), -1);
+    boxes.expect_boxes({{L"error", text(nullptr, &scan_record, &list)},
+                        {L"error", text(desk.host(), &scan_record, nullptr)},
+                        {L"error", text(desk.host(), nullptr, &list)}});
+}
+
+TEST(ScanCommand, RefusesAPathBufferOfNoSizeAndKeepsTheList)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    desk.scan();
+    const HWND list = hwnd_ScanListView;
+    scan_record.uiSize_TmpBuf_Path = 0;
+    const BoxWatcher boxes;
+    EXPECT_EQ(onButton_Scan_Clicked(desk.host(), &hwnd_ScanListView, 0, 0, &scan_record), -1);
+    boxes.expect_boxes(
+        {{L"error",
+          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n921\n\n"
+          L"error, incorrect input parameters\npSTR->uiSize_TmpBuf_Path = 0\n\n"
+          L"line of error handler:1328"}});
+    EXPECT_TRUE(IsWindow(list));
+}
+
+TEST(ScanCommand, ReportsAFailedEnumerationAndLeavesNoListOpen)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    desk.scan();
+    const HWND list_before = hwnd_ScanListView;
+    for (const int pass : {1, 2}) {
+        const FailingImport<"EnumWindows", decltype(EnumWindows)> fails("user32.dll", pass, FALSE,
+                                                                        ERROR_INVALID_PARAMETER);
+        const BoxWatcher boxes;
+        EXPECT_EQ(desk.scan(), -2);
+        boxes.expect_boxes(
+            {{L"error", pass == 1 ? kEnumerationFailed_counting : kEnumerationFailed_filling}});
+        EXPECT_EQ(hwnd_ScanListView, nullptr);
+    }
+    EXPECT_FALSE(IsWindow(list_before));
+}
+
+TEST(ScanCommand, ReportsEachBlockThatCannotBeHad)
+{
+    const int lines[] = {988, 1072, 1089, 1106, 1123, 1140};
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({window});
+    for (int block = 0; block < 6; ++block) {
+        const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", block + 1, nullptr,
+                                                                          ERROR_NOT_ENOUGH_MEMORY);
+        const BoxWatcher boxes;
+        EXPECT_EQ(desk.scan(), -3);
+        boxes.expect_boxes({{L"error", L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\n"
+                                       L"onButton_Scan_Clicked\nline:\n" +
+                                           std::to_wstring(lines[block]) +
+                                           L"\n\nERROR <- VirtualAlloc()\nline of error handler:1355"}});
+        EXPECT_EQ(hwnd_ScanListView, nullptr);
+        EXPECT_EQ(fails.calls(), block + 1);
+    }
+    EXPECT_EQ(desk.scan(), 1); // the blocks left over are freed by the next scan
+}
+
+TEST(ScanCommand, AllocatesTheBlocksInTheirOrderAndSizes)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow two(L"two");
+    const Desktop desktop({one, two});
+    std::vector<SIZE_T> sizes;
+    ImportHook<"VirtualAlloc", decltype(VirtualAlloc)> allocate(
+        "kernel32.dll", [&](LPVOID place, SIZE_T size, DWORD type, DWORD protection) {
+            EXPECT_EQ(place, nullptr);
+            EXPECT_EQ(type, 0x1000u);
+            EXPECT_EQ(protection, 4u);
+            sizes.push_back(size);
+            return allocate.call_original(place, size, type, protection);
+        });
+    ASSERT_EQ(desk.scan(), 1);
+    const SIZE_T longest = 2 * scan_tests::own_image_path().size();
+    EXPECT_EQ(sizes, (std::vector<SIZE_T>{32768, 8, 2, 244, 16, 2 * (longest + 1) * 2}));
+}
+
+TEST(ScanCommand, FreesEveryBlockOfTheScanBeforeOnce)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    desk.scan();
+    std::vector<LPVOID> freed;
+    ImportHook<"VirtualFree", decltype(VirtualFree)> release(
+        "kernel32.dll", [&](LPVOID block, SIZE_T size, DWORD type) {
+            EXPECT_EQ(size, 0u);
+            EXPECT_EQ(type, 0x8000u);
+            freed.push_back(block);
+            return release.call_original(block, size, type);
+        });
+    const std::vector<LPVOID> blocks{scan_record.arr1D_ui_LenPath,         scan_record.arr1D_uc_flag_FP,
+                                     scan_record.pcTmpBuf_Prg_Folder_Path, scan_record.pcDynMem_GeomText,
+                                     scan_record.pcDynMem_WinHndls,        scan_record.pcDynMem_FullPaths};
+    desk.scan();
+    EXPECT_EQ(freed, blocks);
+}
+
+TEST(ScanCommand, ShowsTheSystemsTextWhenTheListCannotBeOpened)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", kEveryCall, nullptr,
+                                                                            ERROR_ACCESS_DENIED);
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.scan(), 1);
+    ASSERT_EQ(boxes.count(), 1u);
+    EXPECT_EQ(boxes.boxes()[0].title, L"GetLastError");
+    EXPECT_TRUE(boxes.boxes()[0].has_icon);
+    EXPECT_EQ(hwnd_ScanListView, nullptr);
+}
+
+TEST(ScanCommand, ShowsARowForAWindowWhoseProcessCannotBeOpened)
+{
+    ScanDesk desk;
+    const DeskWindow shut(L"shut away", {10, 20, 210, 140});
+    const DeskWindow open(L"open");
+    const Desktop desktop({open, shut});
+    {
+        int opened = 0;
+        // Two processes are opened in each pass; the second of both is refused.
+        ImportHook<"OpenProcess", decltype(OpenProcess)> open_process(
+            "kernel32.dll", [&](DWORD access, BOOL inherit, DWORD process) -> HANDLE {
+                EXPECT_EQ(access, 0x1010u);
+                return ++opened % 2 == 0 ? nullptr : open_process.call_original(access, inherit, process);
+            });
+        ASSERT_EQ(desk.scan(), 1);
+    }
+    EXPECT_EQ(scan_record.counter_valid, 2u);
+    EXPECT_EQ(scan_record.counter_filled, 1u);
+    const RemoteListView list = desk.list();
+    ASSERT_EQ(list.row_count(), 2);
+    // It came after every filled slot, so it lends the trailing row its title and place.
+    EXPECT_EQ(list.row(1), (Row{L"2", L"shut away", L"10", L"20", L"200", L"120"}));
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[1], 0u);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[1], 0);
+}
+
+TEST(ScanCommand, ShowsAnEmptyRowWhenTheWindowThatCannotBeOpenedCameFirst)
+{
+    ScanDesk desk;
+    const DeskWindow shut(L"shut away", {10, 20, 210, 140});
+    const DeskWindow open(L"open", {100, 120, 420, 360});
+    const Desktop desktop({shut, open});
+    {
+        int opened = 0;
+        ImportHook<"OpenProcess", decltype(OpenProcess)> open_process(
+            "kernel32.dll", [&](DWORD access, BOOL inherit, DWORD process) -> HANDLE {
+                return ++opened % 2 == 1 ? nullptr : open_process.call_original(access, inherit, process);
+            });
+        ASSERT_EQ(desk.scan(), 1);
+    }
+    const RemoteListView list = desk.list();
+    ASSERT_EQ(list.row_count(), 2);
+    EXPECT_EQ(list.row(0), (Row{L"1", L"open", L"100", L"120", L"320", L"240"}));
+    EXPECT_EQ(list.row(1), (Row{L"2", L"", L"0", L"0", L"0", L"0"}));
+}
+
+TEST(ScanCommand, LeavesWindowsOutThatAppearBetweenThePasses)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow late(L"late");
+    Desktop desktop({one});
+    desktop.before_pass = [&](int pass) {
+        if (pass == 2)
+            desktop.windows.push_back(late);
+    };
+    EXPECT_EQ(desk.scan(), 1);
+    EXPECT_EQ(desk.list().row_count(), 1);
+    EXPECT_EQ(scan_record.counter_filled, 1u);
+}
+
+TEST(ScanCommand, KeepsAnEmptyRowForAWindowThatGoesBetweenThePasses)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow going(L"going");
+    Desktop desktop({one, going});
+    desktop.before_pass = [&](int pass) {
+        if (pass == 2)
+            desktop.windows.pop_back();
+    };
+    EXPECT_EQ(desk.scan(), 1);
+    EXPECT_EQ(desk.list().row_count(), 2);
+    EXPECT_EQ(desk.list().row(1), (Row{L"2", L"", L"0", L"0", L"0", L"0"}));
+}
+
+TEST(ScanCommand, IsNotHeldUpForeverByAProgramThatHangs)
+{
+    FixturePrograms programs;
+    programs.add(L"hung", {.title = L"Hung program", .hang_on_get_text = true});
+    const HWND hung = programs.start(L"hung");
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({hung, window});
+    EXPECT_EQ(desk.scan(), 1);
+    ASSERT_EQ(desk.list().row_count(), 1); // it counts as untitled
+    EXPECT_EQ(desk.list().cell(0, 1), L"window");
+}

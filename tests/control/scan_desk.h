@@ -1,0 +1,84 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "sources/funcs_layout_windows/scan_record.h"
+#include "tests/support/folder_windows_script.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/remote_list_view.h"
+
+// What the tests of scanning, of the list and of Modify Cell share: windows to list, a desktop of
+// chosen windows, a scan in this process, and the texts of the boxes.
+
+namespace scan_tests
+{
+
+// A pointer or handle as %p prints it.
+std::wstring pointer(const void* value);
+
+// A visible top-level window of this process, destroyed at the end.
+class DeskWindow
+{
+public:
+    explicit DeskWindow(const std::wstring& title, RECT place = {100, 120, 420, 360},
+                        const std::wstring& class_name = L"DeskWindow",
+                        DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE);
+    ~DeskWindow();
+    DeskWindow(const DeskWindow&) = delete;
+    DeskWindow& operator=(const DeskWindow&) = delete;
+    operator HWND() const { return window_; }
+
+private:
+    HWND window_;
+};
+
+// While it lives, EnumWindows of this process gives these windows, in this order.
+class Desktop
+{
+public:
+    explicit Desktop(std::vector<HWND> windows);
+    std::vector<HWND> windows;
+    // Called before each pass, with its number counted from 1.
+    std::function<void(int)> before_pass;
+
+private:
+    int passes_ = 0;
+    test_support::ImportHook<"EnumWindows", decltype(EnumWindows)> hook_;
+};
+
+// The list's class, COM, an empty list of folder windows, and a window that stands for the main window.
+class ScanDesk
+{
+public:
+    ScanDesk();
+    ~ScanDesk();
+    ScanDesk(const ScanDesk&) = delete;
+    ScanDesk& operator=(const ScanDesk&) = delete;
+
+    HWND host() const { return host_; }
+    // Presses Scan as the main window does and returns the command's result.
+    std::int32_t scan();
+    // The list of the List of Windows window.
+    test_support::RemoteListView list() const;
+    // Presses a button of the List of Windows window: 1 Move, 2 Create Profile.
+    void press(WORD button) const;
+
+private:
+    test_support::ComApartment com_;
+    test_support::StandInRegistration stand_in_;
+
+public:
+    test_support::FolderWindowsScript folders;
+
+private:
+    HWND host_;
+};
+
+std::wstring own_image_path();
+
+} // namespace scan_tests

@@ -1,0 +1,302 @@
+#include "sources/funcs_layout_windows/window_enumeration.h"
+
+#include <psapi.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/fixture_programs.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/waiting.h"
+
+using namespace test_support;
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::own_image_path;
+using scan_tests::pointer;
+using scan_tests::ScanDesk;
+
+namespace
+{
+
+std::wstring title_of_slot(std::uint32_t slot)
+{
+    return geometry_entry(&scan_record, slot)->title;
+}
+
+std::wstring path_of_slot(std::uint32_t slot)
+{
+    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
+}
+
+// Letters that differ, so that a title cut in the wrong place shows.
+std::wstring title_of_length(std::size_t units)
+{
+    std::wstring title;
+    for (std::size_t i = 0; i < units; ++i)
+        title.push_back(static_cast<wchar_t>(L'A' + i % 57));
+    return title;
+}
+
+LPARAM record()
+{
+    return reinterpret_cast<LPARAM>(&scan_record);
+}
+
+} // namespace
+
+TEST(WindowEnumeration, ListsAMinimisedWindowWithZeroPlaceAndSize)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"minimised");
+    ShowWindow(window, SW_MINIMIZE);
+    const Desktop desktop({window});
+    ASSERT_EQ(desk.scan(), 1);
+    const STR_GeomEntry* entry = geometry_entry(&scan_record, 0);
+    EXPECT_EQ(entry->x, 0);
+    EXPECT_EQ(entry->y, 0);
+    EXPECT_EQ(entry->width, 0);
+    EXPECT_EQ(entry->height, 0);
+    EXPECT_EQ(path_of_slot(0), own_image_path());
+}
+
+TEST(WindowEnumeration, KeepsATitleOf48CharactersWholeAndShortensLongerOnes)
+{
+    for (const std::size_t length : {47u, 48u, 49u, 300u}) {
+        const std::wstring title = title_of_length(length);
+        ScanDesk desk;
+        const DeskWindow window(title);
+        const DeskWindow after(L"after"); // its slot follows: nothing may spill over
+        const Desktop desktop({window, after});
+        ASSERT_EQ(desk.scan(), 1);
+        EXPECT_EQ(title_of_slot(0),
+                  length <= 48 ? title : title.substr(0, 25) + L"..." + title.substr(length - 20));
+        EXPECT_EQ(title_of_slot(1), L"after");
+    }
+}
+
+TEST(WindowEnumeration, GivesTwoWindowsOfOneProgramTwoSlotsWithTheSamePath)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow two(L"two");
+    const Desktop desktop({one, two});
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(scan_record.counter_filled, 2u);
+    for (const std::uint32_t slot : {0u, 1u}) {
+        EXPECT_EQ(path_of_slot(slot), own_image_path());
+        EXPECT_EQ(scan_record.arr1D_ui_LenPath[slot], 2 * own_image_path().size());
+        EXPECT_EQ(scan_record.arr1D_uc_flag_FP[slot], 1);
+    }
+}
+
+TEST(WindowEnumeration, SkipsExcludedClassesInAnyCaseOfTheirLetters)
+{
+    ScanDesk desk;
+    const DeskWindow listed(L"listed", {0, 0, 200, 100}, L"Buttons");
+    for (const wchar_t* name : {L"ToolTips_Class", L"SysShadow", L"RegEdit_RegEdit", L"TaskManagerWindow",
+                                L"ApplicationFrameWindow", L"Windows.UI.Core.CoreWindow", L"ProgMan"}) {
+        const DeskWindow excluded(L"excluded", {0, 0, 200, 100}, name);
+        const Desktop desktop({excluded, listed});
+        ASSERT_EQ(desk.scan(), 1) << name;
+        EXPECT_EQ(scan_record.counter_all, 2u);
+        EXPECT_EQ(scan_record.counter_valid, 1u) << name;
+        EXPECT_EQ(title_of_slot(0), L"listed");
+    }
+    const DeskWindow button(L"excluded", {0, 0, 200, 100}, L"Button");
+    const DeskWindow dialog(L"excluded", {0, 0, 200, 100}, L"#32770");
+    const Desktop desktop({button, dialog, listed});
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(scan_record.counter_valid, 1u);
+}
+
+TEST(WindowEnumeration, SkipsInvisibleAndUntitledWindowsAndListsToolWindows)
+{
+    ScanDesk desk;
+    const DeskWindow hidden(L"hidden", {0, 0, 200, 100}, L"DeskWindow", WS_OVERLAPPEDWINDOW);
+    const DeskWindow untitled(L"");
+    const DeskWindow tool(L"tool");
+    SetWindowLongW(tool, GWL_EXSTYLE, WS_EX_TOOLWINDOW);
+    const Desktop desktop({hidden, nullptr, untitled, tool});
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(scan_record.counter_all, 4u);
+    EXPECT_EQ(scan_record.counter_valid, 1u);
+    EXPECT_EQ(title_of_slot(0), L"tool");
+}
+
+TEST(WindowEnumeration, KeepsAnExplorerWindowThatTheShellDoesNotListWithoutPath)
+{
+    FixturePrograms programs;
+    programs.add(L"tools\\EXPLORER.exe", {.title = L"Folder"});
+    const HWND folder = programs.start(L"tools\\EXPLORER.exe");
+    ScanDesk desk;
+    const DeskWindow program(L"program");
+    const Desktop desktop({folder, program});
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(scan_record.counter_filled, 2u);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 0);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 0u);
+    EXPECT_EQ(path_of_slot(0), L"");
+    EXPECT_EQ(title_of_slot(0), L"Folder");
+    // Its image path is not measured either.
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_PrgPath, 2 * own_image_path().size());
+}
+
+TEST(WindowEnumeration, CountsAShortPathAsAProgram)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({window});
+    const ImportHook<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> path(
+        "kernel32.dll", [&](HANDLE, HMODULE, LPWSTR buffer, DWORD units) -> DWORD {
+            EXPECT_EQ(units, 32768u / 2 - 1);
+            lstrcpyW(buffer, L"er.exe");
+            return 6;
+        });
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 1);
+    EXPECT_EQ(path_of_slot(0), L"er.exe");
+}
+
+TEST(WindowEnumeration, SkipsAWindowWithAnEmptyPath)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({window});
+    const ImportHook<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> path(
+        "kernel32.dll", [](HANDLE, HMODULE, LPWSTR, DWORD) -> DWORD { return 1; });
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.scan(), 1);
+    boxes.expect_boxes(
+        {{L"info", L"Number of found valid windows = 1\nMax length of path to valid windows = 0"}});
+}
+
+TEST(WindowEnumeration, EndsInEitherPassWhenAPathCannotBeRead)
+{
+    const struct {
+        int call;
+        std::wstring function;
+        std::wstring line;
+        std::wstring handler;
+    } passes[] = {{1, L"EnumWindowsProc_Calc", L"251", L"391"},
+                  {2, L"EnumWindowsProc_Calc_02", L"618", L"805"}};
+    for (const auto& pass : passes) {
+        ScanDesk desk;
+        const DeskWindow window(L"window");
+        const Desktop desktop({window});
+        const FailingImport<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> fails(
+            "kernel32.dll", pass.call, 0, ERROR_ACCESS_DENIED);
+        const BoxWatcher boxes;
+        EXPECT_EQ(desk.scan(), -2);
+        ASSERT_EQ(boxes.count(), 3u);
+        EXPECT_EQ(boxes.boxes()[0].title, L"GetLastError");
+        EXPECT_TRUE(boxes.boxes()[0].has_icon);
+        EXPECT_FALSE(boxes.boxes()[0].text.empty());
+        EXPECT_EQ(boxes.boxes()[1].text, L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\n" +
+                                             pass.function + L"\nline:\n" + pass.line +
+                                             L"\n\nERROR <- GetModuleFileNameEx()\nline of error handler:" +
+                                             pass.handler);
+    }
+}
+
+TEST(WindowEnumeration, RefusesANullRecord)
+{
+    const DeskWindow window(L"window");
+    const BoxWatcher boxes;
+    EXPECT_FALSE(EnumWindowsProc_Calc(window, 0));
+    EXPECT_FALSE(EnumWindowsProc_Calc_02(window, 0));
+    boxes.expect_boxes(
+        {{L"error",
+          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nEnumWindowsProc_Calc\nline:\n118\n\n"
+          L"error, incorrect input parameters\nlParam = 0000000000000000\nline of error handler:364"},
+         {L"error",
+          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nEnumWindowsProc_Calc_02\nline:\n437\n\n"
+          L"error, incorrect input parameters\nlParam = 0000000000000000\nline of error handler:742"}});
+}
+
+TEST(WindowEnumeration, RefusesARecordWithAMissingBlock)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({window});
+    ASSERT_EQ(desk.scan(), 1);
+    const STR_ENUM_WNDS_DATA kept = scan_record;
+    for (int block = 0; block < 6; ++block) {
+        scan_record = kept;
+        scan_record.counter_filled = 0;
+        if (block == 0)
+            scan_record.arr1D_ui_LenPath = nullptr;
+        if (block == 1)
+            scan_record.arr1D_uc_flag_FP = nullptr;
+        if (block == 2)
+            scan_record.pcTmpBuf_Prg_Folder_Path = nullptr;
+        if (block == 3)
+            scan_record.uiSize_TmpBuf_Path = 0;
+        if (block == 4)
+            scan_record.pcDynMem_WinHndls = nullptr;
+        if (block == 5)
+            scan_record.pcDynMem_GeomText = nullptr;
+        const BoxWatcher boxes;
+        EXPECT_FALSE(EnumWindowsProc_Calc_02(window, record()));
+        boxes.expect_boxes(
+            {{L"error", L"error\n\nfile:\nsources/"
+                        L"funcs_layout_windows\nfunction:\nEnumWindowsProc_Calc_02\nline:\n452\n\n"
+                        L"error, incorrect input parameters\narr1D_ui_LenPath = " +
+                            pointer(scan_record.arr1D_ui_LenPath) + L"\narr1D_uc_flag_FP = " +
+                            pointer(scan_record.arr1D_uc_flag_FP) + L"\npcTmpBuf_Prg_Folder_Path = " +
+                            pointer(scan_record.pcTmpBuf_Prg_Folder_Path) + L"\nuiSize_TmpBuf_Path = " +
+                            std::to_wstring(scan_record.uiSize_TmpBuf_Path) + L"\npcDynMem_WinHndls = " +
+                            pointer(scan_record.pcDynMem_WinHndls) + L"\npcDynMem_GeomText = " +
+                            pointer(scan_record.pcDynMem_GeomText) + L"\nline of error handler:771"}});
+        EXPECT_EQ(scan_record.counter_filled, 0u);
+    }
+    scan_record = kept;
+}
+
+TEST(WindowEnumeration, AsksForTitlesWithAnEndAndForTheGivenLengths)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    const Desktop desktop({window});
+    std::vector<WPARAM> asked;
+    ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> send(
+        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam, UINT flags, UINT timeout,
+                          PDWORD_PTR answer) {
+            EXPECT_EQ(message, static_cast<UINT>(WM_GETTEXT));
+            EXPECT_EQ(flags, 2u); // SMTO_ABORTIFHUNG
+            EXPECT_EQ(timeout, 5000u);
+            asked.push_back(wParam);
+            return send.call_original(target, message, wParam, lParam, flags, timeout, answer);
+        });
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(asked, (std::vector<WPARAM>{512, 1000}));
+}
+
+TEST(WindowEnumeration, OpensEachProcessOncePerPassAndClosesIt)
+{
+    ScanDesk desk;
+    const DeskWindow one(L"one");
+    const DeskWindow two(L"two");
+    const Desktop desktop({one, two});
+    std::vector<HANDLE> open;
+    int opened = 0;
+    ImportHook<"OpenProcess", decltype(OpenProcess)> open_process(
+        "kernel32.dll", [&](DWORD access, BOOL inherit, DWORD process) {
+            EXPECT_EQ(access, 0x1010u);
+            EXPECT_FALSE(inherit);
+            ++opened;
+            open.push_back(open_process.call_original(access, inherit, process));
+            return open.back();
+        });
+    ImportHook<"CloseHandle", decltype(CloseHandle)> close("kernel32.dll", [&](HANDLE handle) {
+        std::erase(open, handle);
+        return close.call_original(handle);
+    });
+    ASSERT_EQ(desk.scan(), 1);
+    EXPECT_EQ(opened, 4);
+    EXPECT_TRUE(open.empty());
+}

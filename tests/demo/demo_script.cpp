@@ -1,0 +1,59 @@
+#include "tests/demo/demo_script.h"
+
+#include <iostream>
+
+#include "tests/support/waiting.h"
+
+namespace demo
+{
+
+namespace
+{
+
+int failure_count = 0;
+
+void say(const std::string& line)
+{
+    std::cout << line << std::endl;
+}
+
+} // namespace
+
+void step(const std::string& text)
+{
+    say("STEP " + text);
+}
+
+void picture(const std::string& name)
+{
+    say("PICTURE " + name);
+    std::string answer;
+    if (!std::getline(std::cin, answer) || !answer.starts_with("done"))
+        throw test_support::Failure("no picture " + name + " was taken");
+}
+
+void row(const std::string& window, const std::string& saved, const std::string& found)
+{
+    const bool same = saved == found;
+    say("ROW " + window + "|" + saved + "|" + found + "|" + (same ? "ok" : "DIFFERS"));
+    expect(same, window + " is not where the profile says");
+}
+
+void fail(const std::string& text)
+{
+    ++failure_count;
+    say("FAIL " + text);
+}
+
+void expect(bool condition, const std::string& text)
+{
+    if (!condition)
+        fail(text);
+}
+
+int failures()
+{
+    return failure_count;
+}
+
+} // namespace demo

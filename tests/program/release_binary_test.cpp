@@ -1,0 +1,138 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+#include <string>
+
+#include "tests/support/files.h"
+#include "tests/support/wendlow_process.h"
+
+using namespace test_support;
+
+namespace
+{
+
+// The program's file, read as the loader of the system reads it.
+class Image
+{
+public:
+    Image() : bytes_(read_file(wendlow_path()))
+    {
+        const auto dos = at<IMAGE_DOS_HEADER>(0);
+        headers_ = at<IMAGE_NT_HEADERS64>(static_cast<std::size_t>(dos.e_lfanew));
+        first_section_ = static_cast<std::size_t>(dos.e_lfanew) +
+                         offsetof(IMAGE_NT_HEADERS64, OptionalHeader) +
+                         headers_.FileHeader.SizeOfOptionalHeader;
+    }
+
+    std::size_t size() const { return bytes_.size(); }
+    const IMAGE_NT_HEADERS64& headers() const { return headers_; }
+
+    std::vector<std::string> sections() const
+    {
+        std::vector<std::string> names;
+        for (std::size_t i = 0; i < headers_.FileHeader.NumberOfSections; ++i) {
+            const auto header = section(i);
+            const auto* name = reinterpret_cast<const char*>(header.Name);
+            names.emplace_back(name, strnlen(name, IMAGE_SIZEOF_SHORT_NAME));
+        }
+        return names;
+    }
+
+    std::set<std::string> imported_modules() const
+    {
+        std::set<std::string> names;
+        std::size_t entry =
+            file_offset(headers_.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
+        for (;; entry += sizeof(IMAGE_IMPORT_DESCRIPTOR)) {
+            const auto descriptor = at<IMAGE_IMPORT_DESCRIPTOR>(entry);
+            if (descriptor.Name == 0)
+                return names;
+            std::string name = text_at(file_offset(descriptor.Name));
+            for (char& c : name)
+                c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+            names.insert(name);
+        }
+    }
+
+private:
+    template <typename Record> Record at(std::size_t offset) const
+    {
+        Record record{};
+        if (offset + sizeof(record) > bytes_.size())
+            throw Failure("the program's file is too short");
+        std::memcpy(&record, bytes_.data() + offset, sizeof(record));
+        return record;
+    }
+
+    IMAGE_SECTION_HEADER section(std::size_t i) const
+    {
+        return at<IMAGE_SECTION_HEADER>(first_section_ + i * sizeof(IMAGE_SECTION_HEADER));
+    }
+
+    std::size_t file_offset(DWORD address) const
+    {
+        for (std::size_t i = 0; i < headers_.FileHeader.NumberOfSections; ++i) {
+            const auto header = section(i);
+            if (address >= header.VirtualAddress && address < header.VirtualAddress + header.SizeOfRawData)
+                return address - header.VirtualAddress + header.PointerToRawData;
+        }
+        throw Failure("an address of the program's file lies in no section");
+    }
+
+    std::string text_at(std::size_t offset) const
+    {
+        std::string text;
+        while (const char c = at<char>(offset++))
+            text += c;
+        return text;
+    }
+
+    Bytes bytes_;
+    IMAGE_NT_HEADERS64 headers_{};
+    std::size_t first_section_ = 0;
+};
+
+TEST(ReleaseBinary, IsA64BitGuiProgram)
+{
+    const Image image;
+    EXPECT_EQ(image.headers().Signature, 0x4550u);
+    EXPECT_EQ(image.headers().FileHeader.Machine, 0x8664);
+    EXPECT_EQ(image.headers().OptionalHeader.Magic, 0x20B);
+    EXPECT_EQ(image.headers().OptionalHeader.Subsystem, 2);
+}
+
+TEST(ReleaseBinary, IsLoadedAnywhereAndItsDataCannotBeRun)
+{
+    const Image image;
+    const unsigned flags = image.headers().OptionalHeader.DllCharacteristics;
+    EXPECT_TRUE(flags & 0x0020) << "no high-entropy addresses";
+    EXPECT_TRUE(flags & 0x0040) << "no address space layout randomisation";
+    EXPECT_TRUE(flags & 0x0100) << "data may be run as code";
+    // Without relocations the image could not be loaded elsewhere.
+    EXPECT_EQ(image.headers().FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0);
+    EXPECT_NE(image.headers().OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0u);
+}
+
+TEST(ReleaseBinary, NeedsNothingButWindows)
+{
+    const std::set<std::string> modules_of_windows{
+        "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",   "kernel32.dll", "msimg32.dll",
+        "msvcrt.dll",   "ole32.dll",    "oleaut32.dll", "shell32.dll", "user32.dll"};
+    for (const std::string& module : Image().imported_modules())
+        EXPECT_TRUE(modules_of_windows.count(module)) << module;
+}
+
+TEST(ReleaseBinary, IsSmallAndWithoutSymbols)
+{
+    const Image image;
+    EXPECT_LE(image.size(), 128u * 1024u);
+    EXPECT_EQ(image.headers().FileHeader.NumberOfSymbols, 0u);
+    EXPECT_EQ(image.headers().FileHeader.PointerToSymbolTable, 0u);
+    for (const std::string& name : image.sections())
+        EXPECT_FALSE(name.starts_with("/") || name.starts_with(".debug")) << name;
+}
+
+} // namespace

@@ -1,0 +1,169 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/box_watcher.h"
+#include "tests/support/fixture_programs.h"
+#include "tests/support/folder_windows_script.h"
+#include "tests/support/real_input.h"
+#include "tests/support/wendlow_process.h"
+#include "tests/support/windows_lookup.h"
+
+using namespace test_support;
+
+namespace
+{
+
+using Cells = std::vector<std::wstring>;
+
+Cells cells_of(const WendlowProcess& wendlow, const std::wstring& name)
+{
+    const int row = wendlow.row_of(name);
+    Cells cells = wendlow.list_view().row(row);
+    EXPECT_EQ(cells[0], std::to_wstring(row + 1));
+    cells.erase(cells.begin());
+    return cells;
+}
+
+TEST(Scan, ListsProgramsFoldersAndItselfWithTheirPlaces)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"plain", {.title = L"Plain", .x = 640, .y = 80, .width = 400, .height = 300});
+    fixtures.add(L"left", {.title = L"Left of the screen", .x = -50, .y = 310, .width = 330, .height = 250});
+    fixtures.add(L"small", {.title = L"Made small", .minimised = true});
+    for (const wchar_t* name : {L"plain", L"left", L"small"})
+        fixtures.start(name);
+    const RealFolderWindow folder(fixtures.folder().make_folder(L"Folder on the list"));
+    SetWindowPos(folder.window(), nullptr, 333, 222, 500, 310, SWP_NOZORDER);
+    const WendlowProcess wendlow;
+    const BoxWatcher boxes(wendlow.process_id());
+    wendlow.scan();
+    EXPECT_EQ(cells_of(wendlow, L"Plain"), (Cells{L"Plain", L"640", L"80", L"400", L"300"}));
+    EXPECT_EQ(cells_of(wendlow, L"Left of the screen"),
+              (Cells{L"Left of the screen", L"-50", L"310", L"330", L"250"}));
+    EXPECT_EQ(cells_of(wendlow, L"Made small"), (Cells{L"Made small", L"0", L"0", L"0", L"0"}));
+    EXPECT_EQ(cells_of(wendlow, L"Folder on the list"),
+              (Cells{L"Folder on the list", L"333", L"222", L"500", L"310"}));
+    const RECT own = rectangle_of(wendlow.main_window());
+    EXPECT_EQ(cells_of(wendlow, L"Wendlow"),
+              (Cells{L"Wendlow", std::to_wstring(own.left), std::to_wstring(own.top),
+                     std::to_wstring(own.right - own.left), std::to_wstring(own.bottom - own.top)}));
+    boxes.expect_no_boxes();
+}
+
+TEST(Scan, OpensTheListAtThreeQuartersOfTheScreen)
+{
+    const WendlowProcess wendlow;
+    wendlow.scan();
+    const RECT list = rectangle_of(wendlow.list_window());
+    EXPECT_EQ(title_of(wendlow.list_window()), L"List of windows");
+    EXPECT_EQ(list.left, 30);
+    EXPECT_EQ(list.top, 30);
+    EXPECT_EQ(list.right - list.left, static_cast<int>(0.75 * GetSystemMetrics(SM_CXSCREEN)));
+    EXPECT_EQ(list.bottom - list.top, static_cast<int>(0.75 * GetSystemMetrics(SM_CYSCREEN)));
+    EXPECT_EQ(GetWindow(wendlow.list_window(), GW_OWNER), nullptr);
+}
+
+TEST(Scan, SecondScanReplacesTheListAndItsEdits)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"edited", {.title = L"Edited", .x = 640});
+    fixtures.start(L"edited");
+    const WendlowProcess wendlow;
+    wendlow.scan();
+    const HWND first = wendlow.list_window();
+    const HWND cell = wendlow.open_modify_cell(wendlow.row_of(L"Edited"), 2);
+    double_click(centre_of(GetDlgItem(cell, 0)));
+    type_text(L"1");
+    click(GetDlgItem(cell, 4));
+    wait_until([&] { return cells_of(wendlow, L"Edited")[1] == L"1"; }, kShortWait, "the edit");
+    wendlow.scan();
+    EXPECT_FALSE(IsWindow(first));
+    EXPECT_EQ(cells_of(wendlow, L"Edited")[1], L"640");
+}
+
+TEST(Scan, AfterClosingTheListDisturbsNoOtherWindow)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"bystander");
+    const HWND bystander = fixtures.start(L"bystander");
+    const WendlowProcess wendlow;
+    const BoxWatcher boxes(wendlow.process_id());
+    for (int i = 0; i < 3; ++i) {
+        wendlow.scan();
+        wendlow.close_list_window();
+    }
+    wendlow.scan();
+    EXPECT_TRUE(IsWindow(bystander));
+    EXPECT_TRUE(IsWindowVisible(wendlow.main_window()));
+    EXPECT_EQ(FixturePrograms::close_requests(bystander), 0);
+    boxes.expect_no_boxes();
+}
+
+TEST(Scan, IsNotFrozenByAHungProgram)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"hung", {.title = L"Hung", .hang_after_start = true});
+    fixtures.add(L"well", {.title = L"Well"});
+    fixtures.start(L"hung");
+    fixtures.wait_until_hanging(L"hung");
+    fixtures.start(L"well");
+    const WendlowProcess wendlow;
+    wendlow.scan(2 * kLongWait);
+    EXPECT_EQ(cells_of(wendlow, L"Well")[0], L"Well");
+    EXPECT_FALSE(wendlow.list_view().find_row(L"Hung"));
+}
+
+TEST(ListOfWindows, TickingARowSelectsItAndUntickingDeselectsIt)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"listed", {.title = L"Listed"});
+    fixtures.start(L"listed");
+    const WendlowProcess wendlow;
+    const RemoteListView list = wendlow.scan();
+    const int row = wendlow.row_of(L"Listed");
+    list.click_check_box(row);
+    EXPECT_TRUE(list.is_ticked(row));
+    EXPECT_TRUE(becomes_true([&] { return list.is_selected(row); }));
+    list.set_ticked(row, false);
+    EXPECT_FALSE(list.is_ticked(row));
+    EXPECT_TRUE(becomes_true([&] { return !list.is_selected(row); }));
+}
+
+TEST(ListOfWindows, OffersModifyCellOverNumbersOnly)
+{
+    const WendlowProcess wendlow;
+    const RemoteListView list = wendlow.scan();
+    bring_to_front(wendlow.list_window());
+    const auto popup = [&] { return find_window(wendlow.process_id(), L"#32768"); };
+    for (const int column : {0, 1}) {
+        right_click(list.cell_centre(0, column));
+        wendlow.wait_until_idle();
+        EXPECT_EQ(popup(), nullptr) << "column " << column;
+    }
+    for (const int column : {2, 3, 4, 5}) {
+        right_click(list.cell_centre(0, column));
+        EXPECT_TRUE(becomes_true([&] { return popup() != nullptr; })) << "column " << column;
+        press_key(VK_ESCAPE);
+        EXPECT_TRUE(becomes_true([&] { return popup() == nullptr; })) << "column " << column;
+    }
+}
+
+TEST(ListOfWindows, ResizingChangesTheListAndItsColumnsButNotTheButtons)
+{
+    const WendlowProcess wendlow;
+    const RemoteListView list = wendlow.scan();
+    const HWND window = wendlow.list_window();
+    const RECT move = rectangle_of(GetDlgItem(window, 1));
+    SetWindowPos(window, nullptr, 30, 30, 700, 400, SWP_NOZORDER);
+    const RECT move_now = rectangle_of(GetDlgItem(window, 1));
+    EXPECT_TRUE(EqualRect(&move, &move_now));
+    RECT client{};
+    GetClientRect(window, &client);
+    EXPECT_EQ(list.column_width(1), static_cast<int>(0.56 * client.right));
+    EXPECT_EQ(list.column_width(5), static_cast<int>(0.088 * client.right));
+    const RECT list_rectangle = rectangle_of(list.window());
+    EXPECT_EQ(list_rectangle.right - list_rectangle.left, client.right - 10);
+}
+
+} // namespace

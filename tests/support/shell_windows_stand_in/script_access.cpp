@@ -1,0 +1,39 @@
+#include "tests/support/shell_windows_stand_in/script.h"
+
+namespace test_support::stand_in
+{
+
+namespace
+{
+
+// Kept once found: the memory lives as long as somebody looks at it, and a later script of the same
+// name is the same memory.
+Script* mapped_script()
+{
+    static Script* mapped = nullptr;
+    if (!mapped) {
+        const HANDLE mapping = OpenFileMappingW(FILE_MAP_ALL_ACCESS, FALSE, kScriptName);
+        if (mapping) {
+            mapped = static_cast<Script*>(MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(Script)));
+            CloseHandle(mapping);
+        }
+    }
+    return mapped;
+}
+
+} // namespace
+
+Script* current_script()
+{
+    Script* script = mapped_script();
+    return script && script->active ? script : nullptr;
+}
+
+Counters& counters()
+{
+    static Counters unread{};
+    Script* script = current_script();
+    return script ? script->counters : unread;
+}
+
+} // namespace test_support::stand_in

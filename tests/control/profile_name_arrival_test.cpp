@@ -36,7 +36,7 @@ ExpectedBox not_written_box(const std::wstring& code)
 {
     return arrival_box(2009, 2131,
                        L"file of profile was not written, profile is not saved\nGetLastError = " + code +
-                           L" <- WriteFile()");
+                           L" <- WriteFile() or FlushFileBuffers()");
 }
 
 LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,
@@ -262,11 +262,46 @@ TEST(ProfileSaving, IgnoresOtherMessagesAndStrangers)
     EXPECT_EQ(send_name(list, name, 1, L"x", 2), TRUE);
     EXPECT_TRUE(IsWindow(name));
     EXPECT_EQ(send_name(list, list.window, 0, L"x", 2), FALSE);
-    EXPECT_EQ(send_name(list, nullptr, 0, L"x", 2), FALSE);
     EXPECT_EQ(SendMessageW(list.window, WM_COPYDATA, reinterpret_cast<WPARAM>(name), 0), FALSE);
     EXPECT_EQ(dialog.asked, 0);
     EXPECT_TRUE(IsWindow(name));
     boxes.expect_no_boxes();
+}
+
+TEST(ProfileSaving, ReportsANameThatComesFromNoWindow)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    BoxWatcher boxes;
+    EXPECT_EQ(send_name(list, nullptr, 0, L"x", 2), FALSE);
+    const auto seen = boxes.boxes();
+    ASSERT_EQ(seen.size(), 2U);
+    EXPECT_NE(seen.front().text.find(L"error, incorrect input parameters\nhwnd_wnd_ListOfWnds = " +
+                                     pointer(list.window) +
+                                     L", hwnd_wnd_NameProfile = 0000000000000000, pSTR_ENUM_WNDS_DATA = "),
+              std::wstring::npos);
+    const ExpectedBox again = save_box(L"WndProc_ScanListView", 358, 541,
+                                       L"iRetCode = -1 <- on_WM_COPYDATA_on_wnd_NameOfProfile()");
+    EXPECT_EQ(seen.back().title, again.title);
+    EXPECT_EQ(seen.back().text, again.text);
+}
+
+TEST(ProfileSaving, TakesAFileSystemThatHasNoFlushing)
+{
+    for (const DWORD code : {DWORD{ERROR_INVALID_FUNCTION}, DWORD{ERROR_NOT_SUPPORTED}}) {
+        const FilledScan scan(ten_windows());
+        const ListOfWindows list;
+        const TemporaryFolder folder;
+        const std::wstring path = folder.file(L"saved.txt");
+        const HWND name = list.ask_name_for({1});
+        AnsweredSaveDialog dialog(path);
+        const FailingImport<"FlushFileBuffers", decltype(FlushFileBuffers)> failing(
+            "kernel32.dll", test_support::kEveryCall, FALSE, code);
+        BoxWatcher boxes;
+        EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+        boxes.expect_no_boxes();
+        EXPECT_TRUE(file_exists(path));
+    }
 }
 
 TEST(ProfileSaving, RefusesMissingArgumentsNamingThem)

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "sources/main_prg/main_window.h"
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
@@ -368,4 +369,25 @@ TEST(ScanCommand, IsNotHeldUpForeverByAProgramThatHangs)
     EXPECT_EQ(desk.scan(), 1);
     ASSERT_EQ(desk.list().row_count(), 1); // it counts as untitled
     EXPECT_EQ(desk.list().cell(0, 1), L"window");
+}
+
+TEST(ScanCommand, DoesNothingWithinAnotherScan)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window", {100, 120, 420, 360});
+    Desktop desktop({window});
+    int passes = 0;
+    desktop.before_pass = [&](int) {
+        ++passes;
+        EXPECT_TRUE(is_scan_running());
+        EXPECT_EQ(onButton_Scan_Clicked(desk.host(), &hwnd_ScanListView, 0, 0, &scan_record), 1);
+        EXPECT_EQ(WndProc(desk.host(), WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), 0), 0);
+        EXPECT_EQ(hwnd_ScanListView, nullptr);
+    };
+
+    ASSERT_EQ(desk.scan(), 1);
+
+    EXPECT_EQ(passes, 2);
+    EXPECT_FALSE(is_scan_running());
+    EXPECT_EQ(desk.list().row(0), (Row{L"1", L"window", L"100", L"120", L"320", L"240"}));
 }

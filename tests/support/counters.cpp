@@ -17,8 +17,7 @@ namespace
 
 template <typename Function> Function* native_function(const char* name)
 {
-    const auto function =
-        reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), name));
+    const auto function = reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), name));
     if (!function)
         throw Failure(std::string("the system has no ") + name);
     return reinterpret_cast<Function*>(function);
@@ -99,8 +98,8 @@ struct SystemHandles {
 
 std::size_t handles_in_table(HANDLE process)
 {
-    constexpr auto kSystemExtendedHandleInformation = static_cast<SYSTEM_INFORMATION_CLASS>(64);
-    const auto query = native_function<decltype(NtQuerySystemInformation)>("NtQuerySystemInformation");
+    constexpr ULONG kSystemExtendedHandleInformation = 64;
+    const auto query = native_function<LONG WINAPI(ULONG, void*, ULONG, ULONG*)>("NtQuerySystemInformation");
     std::vector<std::byte> table(1 << 20);
     while (query(kSystemExtendedHandleInformation, table.data(), static_cast<ULONG>(table.size()), nullptr) !=
            0) {
@@ -111,9 +110,9 @@ std::size_t handles_in_table(HANDLE process)
     const auto* head = reinterpret_cast<const SystemHandles*>(table.data());
     const auto* first = reinterpret_cast<const SystemHandle*>(head + 1);
     const ULONG_PTR process_id = GetProcessId(process);
-    return static_cast<std::size_t>(std::count_if(
-        first, first + head->count,
-        [process_id](const SystemHandle& handle) { return handle.process_id == process_id; }));
+    return static_cast<std::size_t>(
+        std::count_if(first, first + head->count,
+                      [process_id](const SystemHandle& handle) { return handle.process_id == process_id; }));
 }
 
 std::size_t handles_of_process(HANDLE process)

@@ -13,8 +13,8 @@ namespace test_support
 
 struct Holdings {
     std::size_t gdi_objects = 0;
-    std::size_t user_objects = 0; // where the system does not count them: windows, hidden and child ones too
-    std::size_t handles = 0;      // of processes, threads, files and other kernel objects
+    std::size_t user_objects = 0;  // where the system does not count them: windows, hidden and child ones too
+    std::size_t handles = 0;       // of processes, threads, files and other kernel objects
     std::size_t private_bytes = 0; // committed and shared with no other process
 };
 

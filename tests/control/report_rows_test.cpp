@@ -1,0 +1,313 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "errors/error_box.h"
+#include "sources/funcs_layout_windows/layout_windows_errors.h"
+#include "sources/funcs_layout_windows/profiles_errors.h"
+#include "sources/main_prg/main_errors.h"
+#include "sources/wnd_ModifyCell/modify_cell_errors.h"
+#include "sources/wnd_ProfileName/profile_name_errors.h"
+#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "tests/support/import_patch.h"
+
+// Every report of the program is shown by a test. Which one is written here, row by row; whenever that test
+// runs, it fails unless it really showed the row.
+
+using test_support::ImportPatch;
+
+namespace
+{
+
+struct ShownBy {
+    const ErrorSource* source;
+    std::uint32_t site;
+    std::string_view test; // Suite.Test of this executable
+};
+
+// clang-format off
+const ShownBy kShownBy[] = {
+    {&errors_main, 241, "MessageLoop.TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded"},
+    {&errors_main, 402, "MainWindow.ReportsEveryControlThatCannotBeMade"},
+    {&errors_main, 431, "MainWindow.ReportsEveryControlThatCannotBeMade"},
+    {&errors_main, 512, "MainWindow.ReportsEveryControlThatCannotBeMade"},
+    {&errors_main, 563, "MainWindow.GoesOnWithoutAFontWhenThereIsNoDeviceContext"},
+    {&errors_main, 580, "RareReports.MainWindowWithoutRoomForItsTextKeepsItsButtons"},
+    {&errors_main, 604, "MainWindow.GoesOnWithoutAFontWhenItCannotBeMade"},
+    {&errors_main, 652, "MainWindow.ReportsTheThreeResultsOfComThatMeanNoCom"},
+    {&errors_main, 888, "MainWindow.ReportsAFailedScan"},
+    {&errors_main, 951, "RareReports.LoadCommandTellsTheResultOfAFailedLoad"},
+    {&errors_main, 934, "RareReports.LoadCommandGoesOnWithoutItsStore"},
+    {&errors_main, 1107, "MainWindow.SetsTheStoreUpOnceEvenWhenThatFails"},
+    {&errors_main, 1001, "AboutBox.SaysWhatTheProgramIsAndWhoMadeIt"},
+    {&errors_main, 1015, "MainWindow.ShowsReservedCommandsAsBytes"},
+    {&errors_main, 1022, "MainWindow.DoesNotTouchTheProfileListOnTheReservedCommandOfItsNumber"},
+    {&errors_main, 1029, "MainWindow.ShowsReservedCommandsAsBytes"},
+    {&errors_main, 1036, "MainWindow.ShowsReservedCommandsAsBytes"},
+    {&errors_main, 1043, "MainWindow.ShowsReservedCommandsAsBytes"},
+    {&errors_main, 1050, "MainWindow.ShowsReservedCommandsAsBytes"},
+
+    {&errors_layout_windows, 2861, "FontFitting.ReportsAMissingFaceNameAndMakesAFontAllTheSame"},
+    {&errors_layout_windows, 2912, "FontFitting.RefusesBadInput"},
+    {&errors_layout_windows, 3024, "FontFitting.RefusesBadInput"},
+    {&errors_layout_windows, 3151, "Drawing.TakesALineWithoutLengthForAnError"},
+    {&errors_layout_windows, 3214, "Drawing.RefusesAMiniatureWithoutWindowContextOrSize"},
+    {&errors_layout_windows, 1491, "MainResizing.RefusesNullArgumentsInUnreadableWords"},
+    {&errors_layout_windows, 3552, "MainPainting.RefusesNullArguments"},
+    {&errors_layout_windows, 118, "WindowEnumeration.RefusesANullRecord"},
+    {&errors_layout_windows, 251, "WindowEnumeration.EndsInEitherPassWhenAPathCannotBeRead"},
+    {&errors_layout_windows, 437, "WindowEnumeration.RefusesANullRecord"},
+    {&errors_layout_windows, 452, "WindowEnumeration.RefusesARecordWithAMissingBlock"},
+    {&errors_layout_windows, 618, "WindowEnumeration.EndsInEitherPassWhenAPathCannotBeRead"},
+    {&errors_layout_windows, 1802, "ExplorerFolders.RefuseANullRecord"},
+    {&errors_layout_windows, 2038, "ExplorerFolders.RefuseANullRecord"},
+    {&errors_layout_windows, 2053, "ExplorerFolders.RefuseARecordWithAMissingBlock"},
+    {&errors_layout_windows, 2095, "ExplorerFolders.GoOnWithoutTheShellsListWhenCounting"},
+    {&errors_layout_windows, 2216, "ExplorerFolders.StopAtAWindowWithoutHandleWhenFilling"},
+    {&errors_layout_windows, 906, "ScanCommand.RefusesNullArguments"},
+    {&errors_layout_windows, 921, "ScanCommand.RefusesAPathBufferOfNoSizeAndKeepsTheList"},
+    {&errors_layout_windows, 988, "ScanCommand.ReportsEachBlockThatCannotBeHad"},
+    {&errors_layout_windows, 1017, "ScanCommand.ReportsAFailedEnumerationAndLeavesNoListOpen"},
+    {&errors_layout_windows, 1049, "ScanCommand.ShowsTheInfoBoxWhenNoPathCanBeHad"},
+    {&errors_layout_windows, 1072, "ScanCommand.ReportsEachBlockThatCannotBeHad"},
+    {&errors_layout_windows, 1089, "ScanCommand.ReportsEachBlockThatCannotBeHad"},
+    {&errors_layout_windows, 1106, "ScanCommand.ReportsEachBlockThatCannotBeHad"},
+    {&errors_layout_windows, 1123, "ScanCommand.ReportsEachBlockThatCannotBeHad"},
+    {&errors_layout_windows, 1140, "ScanCommand.ReportsEachBlockThatCannotBeHad"},
+    {&errors_layout_windows, 1168, "ScanCommand.ReportsAFailedEnumerationAndLeavesNoListOpen"},
+
+    {&errors_profiles, 9672, "ComboSelection.RefusesMissingArgumentsTheProfileListUnreadably"},
+    {&errors_profiles, 9777, "RareReports.LoadTellsThatTheStoreHasNoNameToShow"},
+    {&errors_profiles, 9792, "ProfileCombo.RefusesTheThirtyThirdName"},
+    {&errors_profiles, 9841, "ProfileCombo.KeepsTheEntryOfANameThatTheListRefuses"},
+    {&errors_profiles, 9907, "ProfileCombo.RefusesMissingArguments"},
+    {&errors_profiles, 9925, "ProfileCombo.DeletesNothingWithoutASelectionOrWithoutNames"},
+    {&errors_profiles, 9938, "ProfileCombo.ReportsANameThatTheListDoesNotDelete"},
+    {&errors_profiles, 10044, "ActionCombo.RefusesMissingArguments"},
+    {&errors_profiles, 10063, "ActionCombo.ReportsEachTextThatCannotBeInsertedAndGoesOn"},
+    {&errors_profiles, 10182, "ComboSelection.RefusesMissingArgumentsTheProfileListUnreadably"},
+    {&errors_profiles, 10278, "Apply.RefusesMissingArgumentsNamingThem"},
+    {&errors_profiles, 10291, "Apply.AsksForAnActionBeforeAnythingElse"},
+    {&errors_profiles, 10304, "Apply.AsksForAProfile"},
+    {&errors_profiles, 10472, "Apply.RestoresNothingFromAMissingStoreOrOneWithoutFiles"},
+    {&errors_profiles, 10480, "Apply.RestoresNothingFromAMissingStoreOrOneWithoutFiles"},
+    {&errors_profiles, 4505, "LoadedProfiles.RefuseANullStore"},
+    {&errors_profiles, 4539, "LoadedProfiles.ReportAnAreaThatCannotBeAllocatedAndKeepTheOneBefore"},
+    {&errors_profiles, 4557, "LoadedProfiles.ReportAnAreaThatCannotBeAllocatedAndKeepTheOneBefore"},
+    {&errors_profiles, 4666, "LoadedProfiles.RefuseANullStore"},
+    {&errors_profiles, 4809, "LoadedProfiles.RefuseMissingArgumentsNamingThem"},
+    {&errors_profiles, 4826, "LoadedProfiles.RefuseAProfileBeforeTheyAreSetUp"},
+    {&errors_profiles, 4845, "LoadedProfiles.RefuseTheProfileBeyondTheLast"},
+    {&errors_profiles, 4869, "LoadedProfiles.RefuseWhatTheAreasCannotTake"},
+    {&errors_profiles, 4890, "LoadedProfiles.RefuseWhatTheAreasCannotTake"},
+    {&errors_profiles, 4912, "LoadedProfiles.RefuseWhatTheAreasCannotTake"},
+    {&errors_profiles, 4933, "LoadedProfiles.RefuseAFileLargerThanTheFreePartOfTheWholeArea"},
+    {&errors_profiles, 5087, "LoadedProfiles.WarnWhenAFileIsTooShortToHoldAName"},
+    {&errors_profiles, 5131, "LoadedProfiles.WarnWhenAFileIsTooShortToHoldAName"},
+    {&errors_profiles, 5470, "ProfileLoading.RefusesMissingArgumentsNamingThem"},
+    {&errors_profiles, 5521, "ProfileLoading.AsksForAFileWithTheGivenSettings"},
+    {&errors_profiles, 5570, "DroppedFiles.CannotBeAFolder"},
+    {&errors_profiles, 5581, "DroppedFiles.AreCreatedEmptyAndRefusedWhenTheyAreGone"},
+    {&errors_profiles, 5601, "ProfileLoading.RefusesEveryBadFileWithItsBoxAndStartsNothing"},
+    {&errors_profiles, 5617, "ProfileLoading.ReportsAReadThatFails"},
+    {&errors_profiles, 5629, "DroppedFiles.ShowsTheLoadsBoxAndThenAnUnreadableOneForAFileThatIsNoProfile"},
+    {&errors_profiles, 5647, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 5676, "ProfileLoading.ReportsAReadThatFails"},
+    {&errors_profiles, 5701, "ProfileLoading.RefusesEveryBadFileWithItsBoxAndStartsNothing"},
+    {&errors_profiles, 5713, "ProfileLoading.ABadFileLeavesTheProfilesLoadedBeforeAsTheyAre"},
+    {&errors_profiles, 5754, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 5768, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 5783, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 5797, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 5812, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 5843, "ProfileLoading.ReportsMemoryThatIsNotThere"},
+    {&errors_profiles, 6987, "ProfileLoading.StartsTheProfileEvenWhenTheStoreWasNeverSetUp"},
+    {&errors_profiles, 7003, "RareReports.LoadTellsThatTheStoreHasNoNameToShow"},
+    {&errors_profiles, 6147, "Launching.EndsTheLoadWhenTheFoldersCannotBeChecked"},
+    {&errors_profiles, 6258, "RareReports.LaunchGoesOnWhenTheProgramsCannotBeSearchedFor"},
+    {&errors_profiles, 6391, "RareReports.LaunchGoesOnWhenTheProgramsCannotBeSearchedFor"},
+    {&errors_profiles, 6412, "Launching.RefusesAFolderPathThatNoSystemCallTakesWithoutOpeningAnything"},
+    {&errors_profiles, 6433, "Launching.GivesUpOnAProgramWithoutAWindowAfterTenPassesAndTenPauses"},
+    {&errors_profiles, 6454, "Launching.ReportsInOrderWhateverIsMissing"},
+    {&errors_profiles, 7466, "ProgramMatching.RefusesMissingArgumentsAndFields"},
+    {&errors_profiles, 7480, "RareReports.LaunchGoesOnWhenTheProgramsCannotBeSearchedFor"},
+    {&errors_profiles, 7698, "FolderMatching.ReportsThatThereIsNoListWithFileAndFunctionUnreadable"},
+    {&errors_profiles, 7756, "FolderMatching.ReportsThatThereIsNoListWithFileAndFunctionUnreadable"},
+    {&errors_profiles, 8119, "ProgramMatching.EndsThePassWithoutARecordOrWithAnEmptyOne"},
+    {&errors_profiles, 8136, "ProgramMatching.EndsThePassWithoutARecordOrWithAnEmptyOne"},
+    {&errors_profiles, 8405, "ProgramMatching.EndsThePassWhenAnImagePathCannotBeQueried"},
+    {&errors_profiles, 9337, "FolderCheck.RefusesMissingArguments"},
+    {&errors_profiles, 9102, "DroppedFiles.RefusesAMissingWindowOrHandleUnreadably"},
+    {&errors_profiles, 9120, "DroppedFiles.ReportsThatThereIsNoMemoryForThePath"},
+    {&errors_profiles, 9142, "DroppedFiles.ReportsAPathThatCannotBeQueried"},
+    {&errors_profiles, 9168, "DroppedFiles.AreCreatedEmptyAndRefusedWhenTheyAreGone"},
+
+    {&errors_scan_list, 152, "ListOfWindows.ReportsEachButtonThatCannotBeMadeInUnreadableWords"},
+    {&errors_scan_list, 171, "ListOfWindows.ReportsEachButtonThatCannotBeMadeInUnreadableWords"},
+    {&errors_scan_list, 189, "ListOfWindows.ReportsAMissingDeviceContextAndStillShowsTheList"},
+    {&errors_scan_list, 203, "RareReports.ListWithoutRoomForItsTextIsShownAllTheSame"},
+    {&errors_scan_list, 218, "ListOfWindows.StaysWithItsButtonsWhenThereIsNoFont"},
+    {&errors_scan_list, 287, "MoveCommand.IsReportedByTheListAgainWhenItFails"},
+    {&errors_scan_list, 304, "CreateProfile.ReportsARowThatCannotBePrepared"},
+    {&errors_scan_list, 358, "ProfileSaving.ReportsAWriterThatRefusesAndAnswersFalse"},
+    {&errors_scan_list, 612, "ListOfWindows.GoesAgainWhenThereIsNoScanToShow"},
+    {&errors_scan_list, 641, "ListOfWindows.ReportsAListThatCannotBeMadeInUnreadableWords"},
+    {&errors_scan_list, 718, "ListOfWindows.ReportsEveryRowAndCellThatCannotBeInserted"},
+    {&errors_scan_list, 746, "ListOfWindows.ReportsEveryRowAndCellThatCannotBeInserted"},
+    {&errors_scan_list, 871, "ListOfWindows.ReportsAMissingNotificationInUnreadableWords"},
+    {&errors_scan_list, 1018, "MoveCommand.RefusesAMissingListOrArrayWithFileAndFunctionUnreadable"},
+    {&errors_scan_list, 1083, "MoveCommand.ReportsASlotThatWasNeverFilledAndGivenASize"},
+    {&errors_scan_list, 1102, "MoveCommand.ShowsTheInfoBoxWhenNothingIsTicked"},
+    {&errors_scan_list, 1214, "CreateProfile.RefusesMissingArgumentsNamingThem"},
+    {&errors_scan_list, 1262, "CreateProfile.ReportsThatItHasNoMemoryInThreeBoxes"},
+    {&errors_scan_list, 1277, "RareReports.CreateProfileStopsWhenItsRowNumbersAreGone"},
+    {&errors_scan_list, 1304, "CreateProfile.ReportsARowThatCannotBePrepared"},
+    {&errors_scan_list, 1349, "CreateProfile.ReportsThatTheNameWindowCannotBeCreatedAndWhy"},
+    {&errors_scan_list, 1246, "CreateProfile.AsksToTickSomethingAndOpensNothing"},
+    {&errors_scan_list, 1508, "ProfileArrays.AreRefusedForMissingOrEmptyRecords"},
+    {&errors_scan_list, 1521, "ProfileArrays.AreRefusedForMissingOrEmptyRecords"},
+    {&errors_scan_list, 1547, "ProfileArrays.AreKeptUpToTheOneThatCannotBeAllocated"},
+    {&errors_scan_list, 1712, "ProfileArrays.AreFilledOnlyWhenEverythingIsThere"},
+    {&errors_scan_list, 1726, "ProfileArrays.AreFilledOnlyWhenEverythingIsThere"},
+    {&errors_scan_list, 1908, "ProfileSaving.RefusesMissingArgumentsNamingThem"},
+    {&errors_scan_list, 1972, "ProfileSaving.LeavesAFileThatExistsAsItIs"},
+    {&errors_scan_list, 1983, "ProfileSaving.SaysThatAFileCannotBeCreated"},
+    {&errors_scan_list, 1997, "ProfileSaving.ReportsAWriterThatRefusesAndAnswersFalse"},
+    {&errors_scan_list, 2009, "ProfileSaving.DeletesAHalfWrittenFileAndSaysSo"},
+    {&errors_scan_list, 2031, "RareReports.ArraysThatCannotBeReleasedWouldBeTold"},
+    {&errors_scan_list, 2204, "ProfileWriting.RefusesMissingArgumentsNamingThem"},
+    {&errors_scan_list, 2371, "ProfileArrays.AreReleasedAndTheirPointersCleared"},
+
+    {&errors_modify_cell, 118, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 139, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 162, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 185, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 207, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 229, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 251, "ModifyCell.KeepsTheSystemFontWithoutADeviceContext"},
+    {&errors_modify_cell, 264, "RareReports.ModifyCellWithoutRoomForItsTextKeepsTheSystemFont"},
+    {&errors_modify_cell, 283, "ModifyCell.ReportsAFontThatCannotBeMade"},
+    {&errors_modify_cell, 318, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
+    {&errors_modify_cell, 642, "ModifyCell.RefusesAMissingHandleOrRecord"},
+    {&errors_modify_cell, 655, "ModifyCell.StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter"},
+    {&errors_modify_cell, 668, "ModifyCell.CopesWithARowThatWasNotHit"},
+    {&errors_modify_cell, 934, "ModifyCell.ReportsAButtonWithoutParent"},
+
+    {&errors_profile_name, 96, "ProfileName.HasNoControlsWithoutItsCreationParameter"},
+    {&errors_profile_name, 141, "ProfileName.ReportsEachControlThatCannotBeCreatedAndGoesOn"},
+    {&errors_profile_name, 163, "ProfileName.ReportsEachControlThatCannotBeCreatedAndGoesOn"},
+    {&errors_profile_name, 187, "ProfileName.ReportsEachControlThatCannotBeCreatedAndGoesOn"},
+    {&errors_profile_name, 421, "ProfileName.RefusesMissingHandles"},
+    {&errors_profile_name, 446, "ProfileName.WarnsAboutAnEmptyNameAndStaysOpen"},
+    {&errors_profile_name, 268, "ProfileName.ReportsTwiceWhenOkHasNoEditBoxToRead"},
+    {&errors_profile_name, 548, "ProfileName.RefusesMissingHandles"},
+    {&errors_profile_name, 289, "RareReports.NameWindowThatIsNotThereCannotBeCancelled"},
+};
+// clang-format on
+
+const ErrorSource* const kSources[] = {&errors_main,      &errors_layout_windows, &errors_profiles,
+                                       &errors_scan_list, &errors_modify_cell,    &errors_profile_name};
+
+using Row = std::pair<const ErrorSource*, std::uint32_t>;
+
+std::string name_of(const Row& row)
+{
+    return std::string(row.first->file) + " " + std::to_string(row.second);
+}
+
+std::set<Row> rows_of_the_tables()
+{
+    std::set<Row> rows;
+    for (const ErrorSource* source : kSources) {
+        for (const ErrorSite& site : source->sites)
+            rows.insert({source, site.site});
+    }
+    return rows;
+}
+
+bool has_test(std::string_view name)
+{
+    const testing::UnitTest& all = *testing::UnitTest::GetInstance();
+    for (int i = 0; i < all.total_test_suite_count(); ++i) {
+        const testing::TestSuite& suite = *all.GetTestSuite(i);
+        for (int j = 0; j < suite.total_test_count(); ++j) {
+            if (std::string(suite.name()) + "." + suite.GetTestInfo(j)->name() == name)
+                return true;
+        }
+    }
+    return false;
+}
+
+// The rows shown by the test that is running. A report stores its site number and composes its text in
+// its module's buffer before it asks for the box.
+class ShownRows : public testing::EmptyTestEventListener
+{
+public:
+    static void note(const wchar_t* text)
+    {
+        for (const ErrorSource* source : kSources) {
+            if (text == source->message)
+                rows_.insert({source, *source->error_site});
+        }
+    }
+
+private:
+    void OnTestStart(const testing::TestInfo&) override { rows_.clear(); }
+
+    void OnTestEnd(const testing::TestInfo& test) override
+    {
+        if (!test.result()->Passed())
+            return;
+        const std::string name = std::string(test.test_suite_name()) + "." + test.name();
+        for (const ShownBy& row : kShownBy) {
+            if (row.test == name && !rows_.contains({row.source, row.site}))
+                ADD_FAILURE() << name << " does not show the report " << name_of({row.source, row.site});
+        }
+    }
+
+    static inline std::set<Row> rows_;
+};
+
+int WINAPI note_and_show(HWND owner, const wchar_t* text, const wchar_t* title, UINT style);
+
+const ImportPatch message_boxes("user32.dll", "MessageBoxW", &note_and_show);
+
+int WINAPI note_and_show(HWND owner, const wchar_t* text, const wchar_t* title, UINT style)
+{
+    ShownRows::note(text);
+    return message_boxes.original<decltype(MessageBoxW)>()(owner, text, title, style);
+}
+
+[[maybe_unused]] const bool listening = [] {
+    testing::UnitTest::GetInstance()->listeners().Append(new ShownRows); // owned by GoogleTest
+    return true;
+}();
+
+} // namespace
+
+TEST(ReportRows, AreEachShownByATest)
+{
+    std::set<Row> listed;
+    for (const ShownBy& row : kShownBy)
+        listed.insert({row.source, row.site});
+    for (const Row& row : rows_of_the_tables())
+        EXPECT_TRUE(listed.contains(row)) << "no test shows the report " << name_of(row);
+}
+
+TEST(ReportRows, ListedAsShownAreInTheTables)
+{
+    const std::set<Row> rows = rows_of_the_tables();
+    for (const ShownBy& row : kShownBy)
+        EXPECT_TRUE(rows.contains({row.source, row.site})) << name_of({row.source, row.site}) << " is gone";
+}
+
+TEST(ReportRows, AreShownByTestsThatExist)
+{
+    for (const ShownBy& row : kShownBy)
+        EXPECT_TRUE(has_test(row.test))
+            << name_of({row.source, row.site}) << ": there is no test " << row.test;
+}

@@ -1,0 +1,287 @@
+#include "sources/funcs_layout_windows/explorer_folders.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "sources/funcs_layout_windows/window_matching.h"
+#include "tests/control/profile_desk.h"
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/files.h"
+#include "tests/support/folder_windows_script.h"
+#include "tests/support/profile_encoder.h"
+
+// Whole scans and loads over lists of folder windows as the shell gives them on a busy desktop: many,
+// vanishing, without a handle, of no place on the disk. Nothing obtained on the way is kept.
+
+using namespace test_support;
+using profile_tests::OwnWindow;
+using profile_tests::ProfileDesk;
+using profile_tests::RecordedFolderStarts;
+using profile_tests::RecordedSleeps;
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::ScanDesk;
+
+namespace
+{
+
+constexpr int kPathColumn = 8;
+constexpr int kManyWindows = 64;
+
+const ExpectedBox kNoHandle{
+    L"error", L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\n"
+              L"line:\n2216\n\nhwnd of folder = 0000000000000000\n\nline of error handler:\n2388"};
+const ExpectedBox kFoldersNotDetected{L"info", L"Not all Folders of Profile were detected after launching\n"};
+
+// That much was handed out, and none of it is kept or was given back twice.
+void expect_released(const FolderWindowsScript& folders, int passes)
+{
+    const StandInCounts counts = folders.counts();
+    EXPECT_EQ(counts.passes, passes);
+    EXPECT_GE(counts.interfaces_given, passes);
+    EXPECT_EQ(counts.interfaces_live, 0);
+    EXPECT_EQ(counts.released_too_often, 0);
+    EXPECT_EQ(counts.id_lists_live, 0);
+}
+
+FolderWindow folder_window(HWND window, const std::wstring& path, Missing missing = Missing::kNothing)
+{
+    FolderWindow folder;
+    folder.window = window;
+    folder.path = path;
+    folder.missing = missing;
+    return folder;
+}
+
+// The folder the record holds for a slot.
+std::wstring path_of(std::uint32_t slot)
+{
+    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
+}
+
+Bytes one_folder(const std::u16string& path)
+{
+    return ProfileEncoder().add_folder(40, 50, 410, 310, path).name(u"F").bytes();
+}
+
+} // namespace
+
+TEST(ShellFolders, GiveEachOfManyWindowsItsOwnFolder)
+{
+    ScanDesk desk;
+    const TemporaryFolder place;
+    std::vector<std::unique_ptr<DeskWindow>> windows;
+    std::vector<HWND> handles;
+    std::vector<std::wstring> paths;
+    for (int i = 0; i < kManyWindows; ++i) {
+        windows.push_back(std::make_unique<DeskWindow>(L"folder " + std::to_wstring(i)));
+        handles.push_back(*windows.back());
+        paths.push_back(place.make_folder(L"number " + std::to_wstring(i)));
+        // Listed the other way round than on the desktop.
+    }
+    for (int i = kManyWindows - 1; i >= 0; --i)
+        desk.folders.add(handles[static_cast<std::size_t>(i)], paths[static_cast<std::size_t>(i)]);
+    const Desktop desktop(handles);
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_folders, 64u);
+    ASSERT_EQ(scan_record.counter_valid, 64u);
+    for (std::uint32_t slot = 0; slot < scan_record.counter_valid; ++slot) {
+        const auto window = std::find(handles.begin(), handles.end(), scan_record.pcDynMem_WinHndls[slot]);
+        ASSERT_NE(window, handles.end());
+        EXPECT_EQ(path_of(slot), paths[static_cast<std::size_t>(window - handles.begin())]);
+    }
+    expect_released(desk.folders, 2);
+    EXPECT_EQ(desk.folders.counts().id_lists_given, 2 * kManyWindows);
+}
+
+TEST(ShellFolders, AreMissingFromAScanOfADesktopWithoutThem)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"program");
+    const Desktop desktop({window});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(path_of(0), scan_tests::own_image_path());
+    expect_released(desk.folders, 2);
+}
+
+TEST(ShellFolders, VanishingWhileTheListIsReadArePassedOver)
+{
+    ScanDesk desk;
+    const DeskWindow staying(L"staying");
+    const DeskWindow passing(L"passing");
+    FolderWindow closed = folder_window(passing, L"C:\\windows\\system32");
+    closed.last_pass = 1;
+    desk.folders.add(closed).add(staying, L"C:\\windows").claim_more(500);
+    const Desktop desktop({staying, passing});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(path_of(0), L"C:\\windows");
+    EXPECT_EQ(path_of(1), scan_tests::own_image_path());
+    expect_released(desk.folders, 2);
+}
+
+TEST(ShellFolders, GrowingBetweenThePassesKeepToTheirSlots)
+{
+    ScanDesk desk;
+    const TemporaryFolder place;
+    std::wstring deep = place.path();
+    for (int level = 0; level < 3; ++level) {
+        deep += L"\\" + std::wstring(40, L'd');
+        CreateDirectoryW(deep.c_str(), nullptr);
+    }
+    const DeskWindow first(L"first");
+    const DeskWindow second(L"second");
+    FolderWindow growing = folder_window(first, L"C:\\");
+    growing.later_from_pass = 2;
+    growing.later_path = deep;
+    desk.folders.add(growing).add(second, L"C:\\windows");
+    const Desktop desktop({first, second});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    // Slots are as wide as the longest path of the first pass: this program's own.
+    const std::wstring own = scan_tests::own_image_path();
+    ASSERT_LT(own.size(), deep.size());
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, own.size() * 2);
+    EXPECT_EQ(path_of(0), own);
+    EXPECT_EQ(path_of(1), L"C:\\windows");
+    expect_released(desk.folders, 2);
+}
+
+TEST(ShellFolders, WithoutAHandleEndTheFillingOfTheList)
+{
+    ScanDesk desk;
+    const DeskWindow before(L"before");
+    const DeskWindow after(L"after");
+    const Desktop desktop({before, after});
+    for (const Missing missing : {Missing::kNothing, Missing::kWindowHandle}) {
+        SCOPED_TRACE(static_cast<int>(missing));
+        desk.folders.clear();
+        desk.folders.add(before, L"C:\\windows")
+            .add(folder_window(missing == Missing::kNothing ? nullptr : HWND{after}, L"C:\\windows", missing))
+            .add(after, L"C:\\windows");
+        const BoxWatcher boxes;
+        EXPECT_EQ(desk.scan(), 1); // the list opens all the same
+        boxes.expect_boxes({kNoHandle});
+        EXPECT_EQ(path_of(0), L"C:\\windows");
+        EXPECT_EQ(path_of(1), scan_tests::own_image_path());
+        EXPECT_EQ(desk.list().row_count(), 2);
+        expect_released(desk.folders, 2);
+    }
+}
+
+TEST(ShellFolders, OfTheShellsOwnAreListedAsPrograms)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"This PC");
+    desk.folders.add(folder_window(window, L"", Missing::kFileSystemPath));
+    const Desktop desktop({window});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(path_of(0), scan_tests::own_image_path());
+    expect_released(desk.folders, 2);
+}
+
+TEST(ShellFolders, AreFoundAmongManyOthersByALoad)
+{
+    ProfileDesk desk;
+    const RecordedFolderStarts starts;
+    const TemporaryFolder place;
+    std::vector<std::unique_ptr<OwnWindow>> others;
+    const OwnWindow wanted(L"wanted");
+    for (int i = 0; i < kManyWindows - 1; ++i) {
+        if (i == 40)
+            desk.folders.add(wanted, L"C:\\windows");
+        others.push_back(std::make_unique<OwnWindow>(L"other", WS_OVERLAPPEDWINDOW));
+        desk.folders.add(*others.back(), place.make_folder(std::to_wstring(i)));
+    }
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.load(one_folder(u"C:\\windows")), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(desk.stored_handle(0, 0), wanted.get());
+    EXPECT_EQ(profile_tests::place_of(wanted), "40,50 410x310");
+    expect_released(desk.folders, 1);
+}
+
+TEST(ShellFolders, NeverSeenWholeAreSearchedForTenTimes)
+{
+    ProfileDesk desk;
+    const RecordedFolderStarts starts;
+    const OwnWindow window(L"folder");
+    const std::string place = profile_tests::place_of(window);
+    for (const Missing missing :
+         {Missing::kNothing, Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp,
+          Missing::kWindowHandle, Missing::kServiceProvider, Missing::kShellBrowser, Missing::kShellView,
+          Missing::kFolderView, Missing::kPersistFolder, Missing::kItemIdList, Missing::kItemIdListNull,
+          Missing::kFileSystemPath}) {
+        SCOPED_TRACE(static_cast<int>(missing));
+        const RecordedSleeps sleeps;
+        desk.folders.clear();
+        desk.folders.add(
+            folder_window(missing == Missing::kNothing ? nullptr : window.get(), L"C:\\windows", missing));
+        const BoxWatcher boxes;
+        EXPECT_EQ(desk.load(one_folder(u"C:\\windows")), 1);
+        boxes.expect_boxes({kFoldersNotDetected});
+        EXPECT_EQ(desk.stored_handle(desk.store.uiN_loaded_prfls - 1, 0), nullptr);
+        EXPECT_EQ(profile_tests::place_of(window), place);
+        EXPECT_EQ(sleeps.pauses, std::vector<DWORD>(10, 1000));
+        expect_released(desk.folders, 10);
+    }
+}
+
+TEST(ShellFolders, VanishingWhileALoadSearchesAreStillPlacedOnceTheyCome)
+{
+    ProfileDesk desk;
+    const RecordedFolderStarts starts;
+    const RecordedSleeps sleeps;
+    const OwnWindow window(L"folder");
+    FolderWindow late = folder_window(window, L"C:\\windows");
+    late.first_pass = 3;
+    desk.folders.add(late).claim_more(3);
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.load(one_folder(u"C:\\windows")), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(profile_tests::place_of(window), "40,50 410x310");
+    EXPECT_EQ(sleeps.pauses, std::vector<DWORD>(2, 1000));
+    expect_released(desk.folders, 3);
+}
+
+TEST(ShellFolders, OpenedByALoadAreFoundAndPlacedEachAtItsOwnRectangle)
+{
+    ProfileDesk desk;
+    desk.folders.show_real_windows();
+    const std::wstring first = desk.files.make_folder(L"first of two");
+    const std::wstring second = desk.files.make_folder(L"second of two");
+    const BoxWatcher boxes;
+    EXPECT_EQ(desk.load(ProfileEncoder()
+                            .add_folder(60, 70, 420, 320, units_of(first))
+                            .add_folder(160, 170, 430, 330, units_of(second))
+                            .name(u"F")
+                            .bytes()),
+              1);
+    boxes.expect_no_boxes();
+    const HWND windows[] = {desk.stored_handle(0, 0), desk.stored_handle(0, 1)};
+    EXPECT_EQ(profile_tests::place_once_it_is(windows[0], "60,70 420x320"), "60,70 420x320");
+    EXPECT_EQ(profile_tests::place_once_it_is(windows[1], "160,170 430x330"), "160,170 430x330");
+    const StandInCounts counts = desk.folders.counts();
+    EXPECT_EQ(counts.interfaces_live, 0);
+    EXPECT_EQ(counts.released_too_often, 0);
+    EXPECT_EQ(counts.id_lists_live, 0);
+    for (const HWND window : windows) {
+        PostMessageW(window, WM_CLOSE, 0, 0);
+        EXPECT_TRUE(becomes_true([&] { return !IsWindow(window); }));
+    }
+}

@@ -1,0 +1,170 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/box_watcher.h"
+#include "tests/support/counters.h"
+#include "tests/support/files.h"
+#include "tests/support/fixture_programs.h"
+#include "tests/support/profile_encoder.h"
+#include "tests/support/wendlow_process.h"
+#include "tests/support/windows_lookup.h"
+
+// Hundreds of commands on one process: what it holds afterwards is what it held before, and what it keeps on
+// purpose, to the number.
+
+using namespace test_support;
+
+namespace
+{
+
+constexpr WORD kModifyCellCommand = 101; // of the list's popup menu
+constexpr int kModifyCell_cancel = 5;
+// Of the heap, which takes memory in pieces at times that are its own.
+constexpr std::size_t kHeapPieces_bytes = 64 * 1024;
+
+// What the system itself keeps in a process that starts a program, waits until it is ready for input and
+// closes both its handles: nothing, or the event that is waited for.
+std::size_t handles_kept_by_a_start(const FixturePrograms& fixtures, const std::wstring& name)
+{
+    std::size_t before = 0;
+    for (int round = 0; round < 2; ++round) { // the first may load something that stays
+        before = holdings_of(GetCurrentProcess()).handles;
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        PROCESS_INFORMATION process{};
+        if (!CreateProcessW(fixtures.path_of(name).c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
+                            nullptr, &startup, &process))
+            throw Failure("the program cannot be started");
+        WaitForInputIdle(process.hProcess, kShortWait);
+        CloseHandle(process.hThread);
+        CloseHandle(process.hProcess);
+        fixtures.stop(name);
+    }
+    return holdings_of(GetCurrentProcess()).handles - before;
+}
+
+class LongRun : public testing::Test
+{
+protected:
+    LongRun()
+    {
+        fixtures_.add(L"Neighbour", {.title = L"Neighbour"});
+        fixtures_.start(L"Neighbour");
+    }
+
+    void scan_and_close() const
+    {
+        wendlow_.press_scan();
+        wendlow_.wait_for_list_window();
+        wendlow_.wait_until_idle();
+        wendlow_.close_list_window();
+    }
+
+    // Opens the window for the cell that was clicked last and cancels it.
+    void modify_and_cancel() const
+    {
+        PostMessageW(wendlow_.list_window(), WM_COMMAND, kModifyCellCommand, 0);
+        const HWND window =
+            wait_for([&] { return wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell");
+        wendlow_.press(GetDlgItem(window, kModifyCell_cancel));
+        wait_until([&] { return !IsWindow(window); }, kShortWait, "Modify Cell to close");
+    }
+
+    void name_and_cancel() const
+    {
+        wendlow_.press_create_profile();
+        const HWND window = wendlow_.wait_for_name_window();
+        wendlow_.press_name_cancel();
+        wait_until([&] { return !IsWindow(window); }, kShortWait, "the name window to close");
+    }
+
+    // Loads the profile by dropping it, applies all actions to it, and waits for the end of its program.
+    void load_and_apply(const std::wstring& path) const
+    {
+        wendlow_.drop_files({path});
+        wait_until([&] { return wendlow_.combo_texts(wendlow_.profile_combo()).size() == 1; }, kLongWait,
+                   "the profile");
+        wendlow_.wait_until_idle();
+        wendlow_.select_profile(0);
+        wendlow_.apply(L"Minimize");
+        wendlow_.apply(L"Restore");
+        wendlow_.apply(L"Close");
+        fixtures_.wait_for_end(L"Loaded");
+    }
+
+    Holdings holdings() const
+    {
+        wendlow_.wait_until_idle();
+        return holdings_of(wendlow_.process());
+    }
+
+    static void expect_flat(const Holdings& before, const Holdings& after, std::size_t handles_kept = 0,
+                            std::size_t bytes_kept = 0)
+    {
+        SCOPED_TRACE("before: " + testing::PrintToString(before) +
+                     "; after: " + testing::PrintToString(after));
+        EXPECT_EQ(after.gdi_objects, before.gdi_objects);
+        EXPECT_EQ(after.user_objects, before.user_objects);
+        EXPECT_EQ(after.handles, before.handles + handles_kept);
+        EXPECT_LE(after.private_bytes, before.private_bytes + bytes_kept + kHeapPieces_bytes);
+    }
+
+    FixturePrograms fixtures_;
+    TemporaryFolder folder_;
+    WendlowProcess wendlow_;
+};
+
+TEST_F(LongRun, ThreeHundredScansLeaveNothingBehind)
+{
+    const BoxWatcher boxes(wendlow_.process_id());
+    for (int i = 0; i < 5; ++i)
+        scan_and_close();
+    const Holdings before = holdings();
+    for (int i = 0; i < 300; ++i)
+        scan_and_close();
+    expect_flat(before, holdings());
+    boxes.expect_no_boxes();
+}
+
+TEST_F(LongRun, AHundredDialogsLeaveNothingBehind)
+{
+    const BoxWatcher boxes(wendlow_.process_id());
+    wendlow_.scan();
+    wendlow_.tick(L"Neighbour");
+    wendlow_.press(
+        GetDlgItem(wendlow_.open_modify_cell(wendlow_.row_of(L"Neighbour"), 3), kModifyCell_cancel));
+    wait_until([&] { return !wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell to close");
+    for (int i = 0; i < 5; ++i) {
+        modify_and_cancel();
+        name_and_cancel();
+    }
+    const Holdings before = holdings();
+    for (int i = 0; i < 100; ++i) {
+        modify_and_cancel();
+        name_and_cancel();
+    }
+    expect_flat(before, holdings());
+    boxes.expect_no_boxes();
+}
+
+TEST_F(LongRun, ThirtyLoadsKeepTwoHandlesEachAndNothingElse)
+{
+    const std::wstring program = fixtures_.add(L"Loaded", {.title = L"Loaded"});
+    const std::wstring path = folder_.file(L"profile.txt");
+    write_file(path,
+               ProfileEncoder().add_program(50, 60, 320, 240, units_of(program)).name(u"Office").bytes());
+    const std::size_t kept_by_system = handles_kept_by_a_start(fixtures_, L"Loaded");
+    const BoxWatcher boxes(wendlow_.process_id());
+    for (int i = 0; i < 3; ++i)
+        load_and_apply(path);
+    const Holdings before = holdings();
+    for (int i = 0; i < 30; ++i)
+        load_and_apply(path);
+    // The process and the thread of every program started stay open. The list of each drop, one page, stays
+    // too: it is this test that put it there.
+    expect_flat(before, holdings(), (2 + kept_by_system) * 30, 30 * 4096);
+    boxes.expect_no_boxes();
+}
+
+} // namespace

@@ -47,7 +47,9 @@ bool holds_dropped_files(const std::uint8_t* bytes)
 bool is_drop_handle(HDROP hDrop)
 {
     const auto* bytes = static_cast<const std::uint8_t*>(GlobalLock(hDrop));
-    const bool holds = bytes != nullptr && holds_dropped_files(bytes);
+    if (bytes == nullptr)
+        return false;
+    const bool holds = holds_dropped_files(bytes);
     GlobalUnlock(hDrop);
     return holds;
 }

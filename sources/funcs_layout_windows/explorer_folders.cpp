@@ -58,14 +58,14 @@ std::int32_t GetCurrentExplorerFolders_01(STR_ENUM_WNDS_DATA* pSTR_params)
     if (pSTR_params == nullptr)
         return report(errors_layout_windows, SITE_FOLDERS_01_NULL_RECORD, pSTR_params);
 
-    ComPtr<IShellWindows> shell_windows;
-    const HRESULT created = open_shell_windows(&shell_windows);
-    if (!shell_windows)
+    ShellWindowsList list;
+    const HRESULT created = open_shell_windows(&list);
+    if (!list.windows)
         return kFolders_no_list_counting;
 
     FolderMeasure measure{};
     if (SUCCEEDED(created))
-        walk_shell_windows(shell_windows, count_shell_windows(shell_windows), measure_folder, &measure);
+        walk_shell_windows(list, count_shell_windows(list), measure_folder, &measure);
     pSTR_params->counter_folders = measure.count;
     pSTR_params->uiMaxLen_inBytes_FolderPath =
         static_cast<std::uint32_t>(measure.longest_units * sizeof(wchar_t));
@@ -80,20 +80,20 @@ std::int32_t GetCurrentExplorerFolders_02(STR_ENUM_WNDS_DATA* pSTR_params)
         return report(errors_layout_windows, SITE_FOLDERS_02_MISSING_BLOCK, pSTR_params->pcDynMem_WinHndls,
                       pSTR_params->pcDynMem_FullPaths, pSTR_params->arr1D_uc_flag_FP);
 
-    ComPtr<IShellWindows> shell_windows;
-    const HRESULT created = open_shell_windows(&shell_windows);
-    if (!shell_windows)
+    ShellWindowsList list;
+    const HRESULT created = open_shell_windows(&list);
+    if (!list.windows)
         return report(errors_layout_windows, SITE_FOLDERS_02_NO_LIST, created);
     if (FAILED(created))
         return 1;
 
-    const long count = count_shell_windows(shell_windows);
+    const long count = count_shell_windows(list);
     if (count == 0) {
         pSTR_params->counter_folders = 0;
         pSTR_params->uiMaxLen_inBytes_FolderPath = 0;
         return 1;
     }
     FolderFilling filling{.record = pSTR_params, .result = 1};
-    walk_shell_windows(shell_windows, count, fill_folder, &filling);
+    walk_shell_windows(list, count, fill_folder, &filling);
     return filling.result;
 }

@@ -92,6 +92,11 @@ std::int32_t read_file(LoadedFile* loaded)
 std::int32_t check_contents(LoadedFile* loaded)
 {
     const std::span<const std::uint8_t> bytes(loaded->bytes, loaded->size_bytes);
+    // The signature was found at the end of the file. A file beyond 32-bit sizes, or one that has changed
+    // since, has other bytes at the end of what was read, and readers of the name rely on the signature
+    // there.
+    if (!profile_file::ends_with_signature(bytes))
+        return report(errors_profiles, SITE_LOAD_SIGNATURE);
     if (bytes.size() >= profile_file::kCount_bytes && profile_file::window_count(bytes) == 0)
         return report(errors_profiles, SITE_LOAD_NO_WINDOWS);
     const profile_file::ExtentFault fault = profile_file::check_extent(bytes);
@@ -176,16 +181,12 @@ std::int32_t find_path(HWND hwnd_MW, std::uint8_t uc_flag_path_given, const wcha
         *path = given;
         return 1;
     }
-    switch (choose_file(hwnd_MW, chosen)) {
-    case FileChoice::CANCELLED:
-        return 1;
-    case FileChoice::FAILED:
-        // The dialog's failure has no text of its own, on purpose.
-        return report(errors_profiles, SITE_LOAD_DIALOG);
-    case FileChoice::CHOSEN:
+    const FileChoice choice = choose_file(hwnd_MW, chosen);
+    if (choice == FileChoice::FAILED)
+        return report(errors_profiles,
+                      SITE_LOAD_DIALOG); // The dialog's failure has no text of its own, on purpose.
+    if (choice == FileChoice::CHOSEN)
         *path = chosen->data();
-        return 1;
-    }
     return 1;
 }
 

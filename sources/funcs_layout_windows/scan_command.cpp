@@ -21,6 +21,13 @@ constexpr double kScanList_fraction_of_screen = 0.75;
 
 bool scan_running = false;
 
+// True when the main window was closed during the scan, which releases the record's blocks. The scan ends
+// quietly then.
+bool is_released(const STR_ENUM_WNDS_DATA* pSTR)
+{
+    return pSTR->pcTmpBuf_Prg_Folder_Path == nullptr;
+}
+
 // Marks a Scan as running up to the end of the scope.
 class ScanRunning
 {
@@ -74,7 +81,8 @@ std::int32_t fill_slots(STR_ENUM_WNDS_DATA* pSTR)
     pSTR->counter_filled = 0;
     if (EnumWindows(EnumWindowsProc_Calc_02, reinterpret_cast<LPARAM>(pSTR)) == FALSE)
         return report(errors_layout_windows, SITE_SCAN_ENUM_FILLING);
-    GetCurrentExplorerFolders_02(pSTR);
+    if (!is_released(pSTR))
+        GetCurrentExplorerFolders_02(pSTR);
     return 1;
 }
 
@@ -104,7 +112,7 @@ std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPA
         return report(errors_layout_windows, SITE_SCAN_INPUT, hwndThis, pSTR, p_hwnd_ScanListView);
     if (pSTR->uiSize_TmpBuf_Path == 0)
         return report(errors_layout_windows, SITE_SCAN_ZERO_SIZE, pSTR->uiSize_TmpBuf_Path);
-    if (scan_running)
+    if (scan_running) // The main window has asked already, before it resets the counters.
         return 1;
     const ScanRunning running;
 
@@ -118,6 +126,8 @@ std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPA
     std::int32_t result = measure_windows(pSTR);
     if (result < 0)
         return result;
+    if (is_released(pSTR))
+        return 1;
     if (pSTR->counter_valid == 0 || pSTR->uiMaxLen_inBytes_AllPath == 0)
         return report(errors_layout_windows, SITE_SCAN_NOTHING_FOUND, pSTR->counter_valid,
                       pSTR->uiMaxLen_inBytes_AllPath);
@@ -126,7 +136,8 @@ std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPA
         result = fill_slots(pSTR);
     if (result < 0)
         return result;
-
+    if (is_released(pSTR))
+        return 1;
     open_scan_list(hwndThis, p_hwnd_ScanListView);
     return 1;
 }

@@ -25,8 +25,8 @@ bool is_scan_running();
 // Replaces the scan in `pSTR` by a new one of the desktop's windows and opens the List of Windows window on
 // it; the window of the scan before is closed first, even when the new one fails. `p_hwnd_ScanListView` is
 // where the window's handle is kept. When nothing qualifies an info box is shown and no window opened; when
-// the window cannot be created, the system's text: both return 1, and so does a Scan within a Scan. `wParam`
-// and `lParam` are not used. The caller has set the counters to 0 and uiSize_TmpBuf_Path to
-// kScanPathBuffer_bytes, unless is_scan_running.
+// the window cannot be created, the system's text: both return 1, and so do a Scan within a Scan and one
+// during which the main window was closed. `wParam` and `lParam` are not used. The caller has set the
+// counters to 0 and uiSize_TmpBuf_Path to kScanPathBuffer_bytes, unless is_scan_running.
 std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM wParam, LPARAM lParam,
                                    STR_ENUM_WNDS_DATA* pSTR);

@@ -12,7 +12,8 @@
 
 // Process-wide; every block comes from VirtualAlloc and is zero-filled. Slots are numbered from 0 in the
 // order of the second enumeration pass. Slots from counter_filled on are empty; the first of them may hold
-// the handle, geometry and title of a window whose process could not be read.
+// the handle, geometry and title of a window whose process could not be read, or whose path was longer than
+// measured.
 struct STR_ENUM_WNDS_DATA {
     std::uint32_t* arr1D_ui_LenPath;   // per slot: bytes of its path without terminator, 0 = no path
     std::uint8_t* arr1D_uc_flag_FP;    // per slot: 1 program window, 0 folder window or unfilled

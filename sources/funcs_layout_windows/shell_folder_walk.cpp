@@ -74,26 +74,28 @@ bool read_folder_window(const ComPtr<IShellWindows>& shell_windows, long index, 
 
 } // namespace
 
-HRESULT open_shell_windows(ComPtr<IShellWindows>* shell_windows)
+HRESULT open_shell_windows(ShellWindowsList* list)
 {
-    return CoCreateInstance(kCLSID_ShellWindows, nullptr, CLSCTX_ALL, kIID_IShellWindows,
-                            shell_windows->out_void());
+    const HRESULT created = CoCreateInstance(kCLSID_ShellWindows, nullptr, CLSCTX_ALL, kIID_IShellWindows,
+                                             list->windows.out_void());
+    if (list->windows)
+        list->com.take();
+    return created;
 }
 
-long count_shell_windows(const ComPtr<IShellWindows>& shell_windows)
+long count_shell_windows(const ShellWindowsList& list)
 {
     long count = 0;
-    shell_windows->get_Count(&count);
+    list.windows->get_Count(&count);
     return count;
 }
 
-void walk_shell_windows(const ComPtr<IShellWindows>& shell_windows, long count, FolderVisitor visitor,
-                        void* context)
+void walk_shell_windows(const ShellWindowsList& list, long count, FolderVisitor visitor, void* context)
 {
     PathBuffer path{};
     for (long index = 0; index < count; ++index) {
         HWND hwnd = nullptr;
-        if (read_folder_window(shell_windows, index, &hwnd, &path) && !visitor(hwnd, text_in(path), context))
+        if (read_folder_window(list.windows, index, &hwnd, &path) && !visitor(hwnd, text_in(path), context))
             return;
     }
 }

@@ -13,15 +13,20 @@
 // most 259 units, zero-terminated, valid during the call). False ends the walk.
 using FolderVisitor = bool (*)(HWND hwnd, std::wstring_view path, void* context);
 
-// Creates the shell's list of open windows on this thread, which must be initialised for COM. Returns the
-// system's result; the pointer stays empty when there is no list.
-HRESULT open_shell_windows(ComPtr<IShellWindows>* shell_windows);
+// The shell's list of open windows. Messages come in during calls to it, also one that closes the main
+// window, which uninitialises COM: the hold outlives the list.
+struct ShellWindowsList {
+    ComHold com;
+    ComPtr<IShellWindows> windows; // empty when there is no list
+};
+
+// Creates the list on this thread, which must be initialised for COM. Returns the system's result.
+HRESULT open_shell_windows(ShellWindowsList* list);
 
 // The number of windows in the list; 0 when it cannot be asked.
-long count_shell_windows(const ComPtr<IShellWindows>& shell_windows);
+long count_shell_windows(const ShellWindowsList& list);
 
 // Visits the first `count` windows of the list in order. Windows that do not answer for one of the interfaces
 // on the way, or show a virtual folder, are passed over. Every interface and list obtained is released before
 // the next window, last obtained first.
-void walk_shell_windows(const ComPtr<IShellWindows>& shell_windows, long count, FolderVisitor visitor,
-                        void* context);
+void walk_shell_windows(const ShellWindowsList& list, long count, FolderVisitor visitor, void* context);

@@ -135,15 +135,15 @@ std::int32_t GetHWNDS_of_LoadedFolders(const std::uint8_t* pcFileData, HWND* p_a
     if (pcFileData == nullptr || p_arr1D_hwnd == nullptr)
         return report(errors_profiles, SITE_LOADED_FOLDERS_INPUT, pcFileData, p_arr1D_hwnd);
 
-    ComPtr<IShellWindows> shell_windows;
-    const HRESULT created = open_shell_windows(&shell_windows);
-    if (!shell_windows)
+    ShellWindowsList list;
+    const HRESULT created = open_shell_windows(&list);
+    if (!list.windows)
         return report(errors_profiles, SITE_LOADED_FOLDERS_NO_LIST, created);
-    const long count = count_shell_windows(shell_windows);
+    const long count = count_shell_windows(list);
     if (count == 0)
         return kMatch_no_shell_windows;
     FolderMatch match{.pcFileData = pcFileData, .p_arr1D_hwnd = p_arr1D_hwnd};
-    walk_shell_windows(shell_windows, count, match_folder, &match);
+    walk_shell_windows(list, count, match_folder, &match);
     return 1;
 }
 

@@ -113,7 +113,7 @@ void on_WM_DESTROY(MainWindowState* state)
     release_block(scan_record.pcDynMem_FullPaths);
     release_block(scan_record.pcDynMem_GeomText);
     release_block(scan_record.pcDynMem_WinHndls);
-    // The flag array goes with the list, which is closed below.
+    // The flag array goes with the list, if one is open.
     finishWork_onLoadProfile(&state->LoadedProfiles);
     // A load that is still under way, below one of its boxes, must not write into the areas any more.
     state->LoadedProfiles = {};

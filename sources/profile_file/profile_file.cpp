@@ -57,6 +57,11 @@ bool is_signature(std::span<const std::uint8_t, kSignature.size()> bytes)
     return std::equal(bytes.begin(), bytes.end(), kSignature.begin());
 }
 
+bool ends_with_signature(std::span<const std::uint8_t> bytes)
+{
+    return bytes.size() >= kSignature.size() && is_signature(bytes.last<kSignature.size()>());
+}
+
 std::uint32_t window_count(std::span<const std::uint8_t> file)
 {
     return file.size() < kCount_bytes ? 0 : read_u32(file.data());

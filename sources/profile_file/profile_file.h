@@ -85,6 +85,9 @@ const char* name_of_field(Field field);
 // True for the three bytes of the signature.
 bool is_signature(std::span<const std::uint8_t, kSignature.size()> bytes);
 
+// True when the bytes end in the signature.
+bool ends_with_signature(std::span<const std::uint8_t> bytes);
+
 // The number of windows; 0 when the file is too short to hold it.
 std::uint32_t window_count(std::span<const std::uint8_t> file);
 

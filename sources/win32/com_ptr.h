@@ -30,6 +30,24 @@ private:
     T* interface_ = nullptr;
 };
 
+// A hold on COM on this thread. While it lives, whoever else initialised COM may uninitialise it.
+class ComHold
+{
+public:
+    ComHold() = default;
+    ComHold(const ComHold&) = delete;
+    ComHold& operator=(const ComHold&) = delete;
+    ~ComHold()
+    {
+        if (held_)
+            CoUninitialize();
+    }
+    void take() { held_ = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
+
+private:
+    bool held_ = false;
+};
+
 // An item identifier list from the shell, freed with CoTaskMemFree.
 class ItemIdList
 {

@@ -8,6 +8,7 @@
 
 #include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/funcs_layout_windows/scan_command.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/window_class.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
@@ -199,10 +200,12 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ModifyCellState* sta
     state->flag_created = true;
 }
 
-// A cell reference of a list of this thread; other messages may come from anywhere.
-bool is_cell_reference(const COPYDATASTRUCT* data)
+// A cell reference from the List of Windows window, of a list of this thread; other messages may come from
+// anywhere.
+bool is_cell_reference(HWND sender, const COPYDATASTRUCT* data)
 {
-    if (data == nullptr || data->lpData == nullptr || data->cbData != sizeof(STR_CellReference))
+    if (!is_own_window_of_class(sender, kClass_ScanListView) || data == nullptr || data->lpData == nullptr ||
+        data->cbData != sizeof(STR_CellReference))
         return false;
     STR_CellReference cell{};
     std::memcpy(&cell, data->lpData, sizeof cell);
@@ -210,9 +213,9 @@ bool is_cell_reference(const COPYDATASTRUCT* data)
 }
 
 // Keeps the cell reference and shows the row's four texts.
-void on_WM_COPYDATA(const COPYDATASTRUCT* data, ModifyCellState* state)
+void on_WM_COPYDATA(HWND sender, const COPYDATASTRUCT* data, ModifyCellState* state)
 {
-    if (!is_cell_reference(data))
+    if (!is_cell_reference(sender, data))
         return;
     std::memcpy(&state->cell, data->lpData, sizeof state->cell);
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
@@ -327,7 +330,8 @@ LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPAR
         on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), state);
         return 0;
     case WM_COPYDATA:
-        on_WM_COPYDATA(reinterpret_cast<const COPYDATASTRUCT*>(lParam), state);
+        on_WM_COPYDATA(reinterpret_cast<HWND>(wParam), reinterpret_cast<const COPYDATASTRUCT*>(lParam),
+                       state);
         return 0;
     case WM_SIZE:
         state->i_client_width = LOWORD(lParam);

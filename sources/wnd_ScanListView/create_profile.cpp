@@ -33,6 +33,7 @@ void open_name_window(HWND hwndThis, HWND* p_hwnd_ProfileName)
         report_owned(hwndThis, errors_scan_list, SITE_CREATE_PROFILE_NAME_WINDOW);
         show_system_error(error);
     }
+    // Without effect on a window that is missing.
     ShowWindow(*p_hwnd_ProfileName, SW_SHOW);
     UpdateWindow(*p_hwnd_ProfileName);
 }

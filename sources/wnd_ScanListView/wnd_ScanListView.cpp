@@ -167,7 +167,8 @@ void keep_profile_name(const COPYDATASTRUCT* data, STR_RW_PRFL* record)
 }
 
 // The profile's name from the profile name window. Answered FALSE after a failed save, and for a name that
-// does not come from that window: other programs may send this message as well.
+// does not come from that window: other programs may send this message as well. A missing sender is refused
+// with a box further down.
 LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanListState* state)
 {
     state->hwnd_COPYDATA_from = sender;
@@ -175,13 +176,16 @@ LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanL
         return FALSE;
     if (static_cast<DWORD>(data->dwData) != kProfileName_dwData)
         return TRUE;
-    const bool foreign = sender != nullptr && !is_own_window_of_class(sender, kClass_ProfileName);
-    if (data->lpData == nullptr || foreign)
+    const bool from_name_window = is_own_window_of_class(sender, kClass_ProfileName);
+    if (data->lpData == nullptr || (sender != nullptr && !from_name_window))
         return FALSE;
-    keep_profile_name(data, &state->RW_PRFL);
+    if (from_name_window)
+        keep_profile_name(data, &state->RW_PRFL);
     std::int32_t result = on_WM_COPYDATA_on_wnd_NameOfProfile(hwnd, sender, &scan_record, &state->RW_PRFL);
-    if (result == kNameArrival_cancelled)
-        result = FreeDynMem_wnds_Profile(&state->RW_PRFL);
+    if (result == kNameArrival_cancelled) {
+        // When the list has gone with its dialog, the record may be another list's already.
+        result = IsWindow(hwnd) != FALSE ? FreeDynMem_wnds_Profile(&state->RW_PRFL) : 1;
+    }
     if (result >= 0)
         return TRUE;
     report(errors_scan_list, SITE_LIST_NAME_FAILED, result);

@@ -150,6 +150,27 @@ TEST(Apply, AsksWindowsToCloseWithoutWaitingAndTakesTheNameOffTheList)
     EXPECT_EQ(place_once_it_is(later, "70,80 300x200"), "70,80 300x200");
 }
 
+TEST(Apply, ReachesAFolderWindowOfTheProfile)
+{
+    ProfileDesk desk;
+    const OwnWindow folder(L"windows");
+    desk.folders.add(folder, L"C:\\windows");
+    const RecordedSleeps no_pauses;
+    const NothingStarts nothing;
+    ASSERT_EQ(desk.load(ProfileEncoder().add_folder(70, 80, 300, 200, u"C:\\windows").name(u"f").bytes()), 1);
+    ASSERT_EQ(desk.stored_handle(0, 0), folder.get());
+    EXPECT_EQ(apply(desk, kMinimize), 1);
+    EXPECT_TRUE(becomes_iconic(folder));
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    EXPECT_EQ(place_once_it_is(folder, "70,80 300x200"), "70,80 300x200");
+    EXPECT_FALSE(IsIconic(folder));
+    EXPECT_EQ(apply(desk, kClose), 1);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_CLOSE, WM_CLOSE, PM_REMOVE));
+    EXPECT_EQ(message.hwnd, folder.get());
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+}
+
 TEST(Apply, PostsNoCloseToAWindowThatWasNeverFound)
 {
     ProfileDesk desk;

@@ -8,6 +8,7 @@
 
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/fixture_programs.h"
 #include "tests/support/import_patch.h"
 
 using namespace test_support;
@@ -121,6 +122,31 @@ TEST(ExplorerFolders, ThatGiveNothingOnTheWayArePassedOverAndReleased)
         EXPECT_EQ(counts.released_too_often, 0) << static_cast<int>(missing);
         EXPECT_EQ(counts.id_lists_live, 0) << static_cast<int>(missing);
     }
+}
+
+TEST(ExplorerFolders, ThatAreVirtualKeepTheirWindowAsAFolderWithoutPath)
+{
+    FixturePrograms programs;
+    programs.add(L"explorer.exe", {.title = L"This PC"});
+    FolderWindow folder;
+    folder.window = programs.start(L"explorer.exe");
+    folder.path = kLongFolder;
+    folder.missing = Missing::kFileSystemPath;
+    ScanDesk desk;
+    desk.folders.add(folder);
+    const DeskWindow program(L"program");
+    const Desktop desktop({folder.window, program});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_filled, 2u);
+    EXPECT_EQ(scan_record.pcDynMem_WinHndls[0], folder.window);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 0);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 0u);
+    EXPECT_EQ(path_of_slot(0), L"");
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[1], 1);
+    EXPECT_EQ(desk.folders.counts().passes, 2);
+    EXPECT_EQ(desk.folders.counts().id_lists_live, 0);
 }
 
 TEST(ExplorerFolders, StopAtAWindowWithoutHandleWhenFilling)

@@ -17,6 +17,7 @@ using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
+using scan_tests::text_of_system;
 
 namespace
 {
@@ -267,23 +268,31 @@ TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
 TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
 {
     TwoRows scan;
-    const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", 4, nullptr, 8);
+    const wchar_t* class_name = nullptr;
+    ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create(
+        "user32.dll",
+        [&](DWORD extended, const wchar_t* name, const wchar_t* title, DWORD style, int x, int y, int width,
+            int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter) -> HWND {
+            if (HIWORD(name) == 0 || std::wstring(name) != L"SysListView32")
+                return create.call_original(extended, name, title, style, x, y, width, height, parent, menu,
+                                            instance, parameter);
+            class_name = name;
+            return nullptr;
+        });
     const BoxWatcher boxes;
     EXPECT_EQ(scan.desk.scan(), 1);
-    ASSERT_GE(boxes.count(), 1u);
-    const std::string text = wide_as_bytes(boxes.boxes()[0].text);
     RECT client{};
     GetClientRect(hwnd_ScanListView, &client);
     const auto narrow = [](const std::wstring& digits) { return std::string(digits.begin(), digits.end()); };
-    const std::string expected = "\nERROR\n\nfile:\n\nsources/"
-                                 "wnd_ScanListView\nfunction:\n\non_WM_CREATE_02_ListView\nline:\n\n641\n\n"
-                                 "NULL <- CreateWindowEx()\nw = " +
-                                 std::to_string(client.right) + "\nh = " + std::to_string(client.bottom) +
-                                 "\nuiCtlID = 4\nhwndThis = " + narrow(pointer(hwnd_ScanListView)) +
-                                 "\nhInst = " + narrow(pointer(GetModuleHandleW(nullptr))) +
-                                 "\nWC_LISTVIEW = ";
-    EXPECT_EQ(text.substr(0, expected.size()), expected);
-    EXPECT_EQ(boxes.boxes()[0].title, bytes_as_wide("ERROR"));
+    const std::string expected =
+        "\nERROR\n\nfile:\n\nsources/"
+        "wnd_ScanListView\nfunction:\n\non_WM_CREATE_02_ListView\nline:\n\n641\n\n"
+        "NULL <- CreateWindowEx()\nw = " +
+        std::to_string(client.right) + "\nh = " + std::to_string(client.bottom) +
+        "\nuiCtlID = 4\nhwndThis = " + narrow(pointer(hwnd_ScanListView)) +
+        "\nhInst = " + narrow(pointer(GetModuleHandleW(nullptr))) +
+        "\nWC_LISTVIEW = " + std::to_string(static_cast<int>(reinterpret_cast<INT_PTR>(class_name)));
+    boxes.expect_boxes({{bytes_as_wide("ERROR"), bytes_as_wide(expected)}});
     EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
     EXPECT_NE(hwnd_ScanListView, nullptr);
 }
@@ -308,18 +317,20 @@ TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
     const Desktop desktop({window});
     ImportHook<"SendMessageW", decltype(SendMessageW)> send(
         "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-            return message == LVM_INSERTITEMW ? -1 : send.call_original(target, message, wParam, lParam);
+            const LRESULT result =
+                message == LVM_INSERTITEMW ? -1 : send.call_original(target, message, wParam, lParam);
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+            return result;
         });
     const BoxWatcher boxes;
     EXPECT_EQ(desk.scan(), 1);
     const std::vector<SeenBox> seen = boxes.boxes();
-    ASSERT_EQ(seen.size(), 11u);
-    EXPECT_EQ(seen[0].title, bytes_as_wide("ERROR"));
-    EXPECT_EQ(seen[0].text, L"-1 <-- InsertItem, cycle i");
-    for (std::size_t column = 1; column <= 5; ++column) {
-        EXPECT_EQ(seen[2 * column - 1].title, bytes_as_wide("GetLastError"));
-        EXPECT_TRUE(seen[2 * column - 1].has_icon);
-        EXPECT_EQ(seen[2 * column].title, bytes_as_wide("ERROR"));
-        EXPECT_EQ(seen[2 * column].text, bytes_as_wide("-1 <-- InsertItem, cycle j"));
+    std::vector<ExpectedBox> expected{{bytes_as_wide("ERROR"), L"-1 <-- InsertItem, cycle i"}};
+    for (int column = 1; column <= 5; ++column) {
+        expected.push_back({bytes_as_wide("GetLastError"), text_of_system(ERROR_NOT_ENOUGH_MEMORY)});
+        expected.push_back({bytes_as_wide("ERROR"), bytes_as_wide("-1 <-- InsertItem, cycle j")});
     }
+    ASSERT_EQ(difference(seen, expected), "");
+    for (std::size_t column = 1; column <= 5; ++column)
+        EXPECT_TRUE(seen[2 * column - 1].has_icon);
 }

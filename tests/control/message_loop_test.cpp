@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 
@@ -31,4 +33,36 @@ TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
     EXPECT_EQ(calls, 3);
     EXPECT_NE(FindWindowW(L"prg_wnds_layout", nullptr), nullptr);
     DestroyWindow(FindWindowW(L"prg_wnds_layout", nullptr));
+    // The end of the window asks the thread to end, which would close the boxes of later tests.
+    MSG quit;
+    PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+}
+
+TEST(MessageLoop, IsReachedAlsoWithoutAMainWindow)
+{
+    wchar_t text[512]{};
+    ASSERT_NE(FormatMessageW(0x1200, nullptr, ERROR_NOT_ENOUGH_MEMORY, 0x400, text, 512, nullptr), 0u);
+    const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> no_window("user32.dll", 1, nullptr,
+                                                                                ERROR_NOT_ENOUGH_MEMORY);
+    std::vector<UINT> types;
+    const ImportHook<"MessageBoxW", decltype(MessageBoxW)> type(
+        "user32.dll", [&](HWND owner, LPCWSTR message, LPCWSTR title, UINT box_type) {
+            types.push_back(box_type);
+            return type.call_original(owner, message, title, box_type);
+        });
+    int waits = 0;
+    const ImportHook<"GetMessageW", decltype(GetMessageW)> messages(
+        "user32.dll", [&](MSG* message, HWND, UINT, UINT) -> BOOL {
+            ++waits;
+            *message = {};
+            message->message = WM_QUIT;
+            message->wParam = 7;
+            return 0;
+        });
+    const BoxWatcher boxes;
+    EXPECT_EQ(wWinMain(GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW), 7);
+    boxes.expect_boxes({{L"GetLastError", text}});
+    EXPECT_EQ(types, std::vector<UINT>{MB_ICONINFORMATION});
+    EXPECT_EQ(no_window.calls(), 1);
+    EXPECT_EQ(waits, 1);
 }

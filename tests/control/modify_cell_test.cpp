@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <array>
+#include <cstring>
 #include <string>
 
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
@@ -20,6 +21,7 @@ using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
+using scan_tests::text_of_system;
 
 namespace
 {
@@ -131,6 +133,25 @@ TEST_F(ModifyCell, TakesAPastedNegativeNumber)
     enter(0, L"-8");
     press(4);
     EXPECT_EQ(cells(0)[0], L"-8");
+    EXPECT_EQ(entry(0), "-8,50 300x200");
+}
+
+TEST_F(ModifyCell, TakesANegativeNumberFromTheClipboard)
+{
+    open(0);
+    const wchar_t pasted[] = L"-8";
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof pasted);
+    std::memcpy(GlobalLock(block), pasted, sizeof pasted);
+    GlobalUnlock(block);
+    ASSERT_TRUE(OpenClipboard(dialog));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, block);
+    CloseClipboard();
+    SendMessageW(control(0), EM_SETSEL, 0, -1);
+    SendMessageW(control(0), WM_PASTE, 0, 0);
+    EXPECT_EQ(text(0), L"-8");
+    press(4);
+    EXPECT_EQ(cells(0), (Texts{L"-8", L"50", L"300", L"200"}));
     EXPECT_EQ(entry(0), "-8,50 300x200");
 }
 
@@ -254,6 +275,39 @@ TEST_F(ModifyCell, CopesWithARowThatWasNotHit)
     EXPECT_EQ(entry(1), "-20,60 200x150");
 }
 
+TEST_F(ModifyCell, WritesNothingForARowThatTheScanDoesNotHave)
+{
+    const STR_ENUM_WNDS_DATA record = scan_record;
+    // All of the memory the geometry lies in, which is more than its entries.
+    const auto geometry = [] {
+        MEMORY_BASIC_INFORMATION region{};
+        VirtualQuery(scan_record.pcDynMem_GeomText, &region, sizeof region);
+        const auto* bytes = static_cast<const char*>(region.BaseAddress);
+        return std::string(bytes, bytes + region.RegionSize);
+    };
+    const std::string before = geometry();
+    for (const int row : {2, 0x7FFFFFFF}) {
+        SCOPED_TRACE(row);
+        const ExpectedBox box{
+            L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
+                      L"incorrect input parameters:\nrow = " +
+                          std::to_wstring(row) + L", counter_valid = 2\nline of error handler:845"};
+        const BoxWatcher boxes;
+        open(row);
+        for (int id = 0; id < 4; ++id)
+            enter(id, L"77");
+        EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), static_cast<std::uint32_t>(row), &scan_record),
+                  -3);
+        press(4);
+        EXPECT_TRUE(IsWindow(dialog));
+        SendMessageW(control(4), WM_KEYDOWN, VK_RETURN, 0);
+        EXPECT_FALSE(IsWindow(dialog));
+        boxes.expect_boxes({box, box, box});
+        EXPECT_EQ(std::memcmp(&scan_record, &record, sizeof record), 0);
+        EXPECT_TRUE(geometry() == before);
+    }
+}
+
 TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
 {
     open(0);
@@ -312,14 +366,21 @@ TEST_F(ModifyCell, IgnoresDataThatIsNoCellOfAListOfItsOwn)
         HWND list;
     } cell{1, 2, first};
     COPYDATASTRUCT data{.dwData = 0, .cbData = sizeof cell, .lpData = &cell};
-    const auto send = [&] { return SendMessageW(dialog, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data)); };
+    HWND sender = hwnd_ScanListView;
+    const auto send = [&] {
+        return SendMessageW(dialog, WM_COPYDATA, reinterpret_cast<WPARAM>(sender),
+                            reinterpret_cast<LPARAM>(&data));
+    };
     EXPECT_EQ(send(), 0);
     cell.list = desk.list().window();
     data.cbData = 15;
     EXPECT_EQ(send(), 0);
     EXPECT_EQ(SendMessageW(dialog, WM_COPYDATA, 0, 0), 0);
-    EXPECT_EQ(texts(), (Texts{L"10", L"50", L"300", L"200"}));
     data.cbData = 16;
+    sender = nullptr;
+    EXPECT_EQ(send(), 0);
+    EXPECT_EQ(texts(), (Texts{L"10", L"50", L"300", L"200"}));
+    sender = hwnd_ScanListView;
     EXPECT_EQ(send(), 0);
     EXPECT_EQ(texts(), (Texts{L"-20", L"60", L"200", L"150"}));
 }
@@ -352,9 +413,8 @@ TEST_F(ModifyCell, ShowsTheSystemsTextWhenItCannotBeOpened)
     const BoxWatcher boxes;
     open(0);
     EXPECT_EQ(dialog, nullptr);
-    ASSERT_EQ(boxes.count(), 1u);
-    EXPECT_EQ(boxes.boxes()[0].title, L"GetLastError");
-    EXPECT_TRUE(boxes.boxes()[0].has_icon);
+    boxes.expect_boxes({{L"GetLastError", text_of_system(5)}});
+    EXPECT_TRUE(boxes.boxes().at(0).has_icon);
 }
 
 TEST_F(ModifyCell, KeepsTheSystemFontWithoutADeviceContext)

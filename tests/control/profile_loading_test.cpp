@@ -17,6 +17,7 @@ using test_support::ExpectedBox;
 using test_support::FailingImport;
 using test_support::file_exists;
 using test_support::ImportHook;
+using test_support::kEveryCall;
 using test_support::ProfileEncoder;
 
 constexpr wchar_t kReadFailed[] = L"one of callable functions returned error: error <- ReadFileEx( )";
@@ -232,6 +233,24 @@ TEST(ProfileLoading, ReportsAReadThatFails)
         EXPECT_EQ(fails.calls(), call);
     }
     EXPECT_EQ(starts.count(), 0);
+}
+
+TEST(ProfileLoading, ReadsNothingButTheSignatureOfAFileWithAWrongOne)
+{
+    ProfileDesk desk;
+    std::vector<DWORD> reads;
+    const ImportHook<"ReadFile", decltype(ReadFile)> read(
+        "kernel32.dll", [&](HANDLE file, LPVOID bytes, DWORD size, LPDWORD done, LPOVERLAPPED overlapped) {
+            reads.push_back(size);
+            return read.call_original(file, bytes, size, done, overlapped);
+        });
+    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> blocks("kernel32.dll", kEveryCall, nullptr,
+                                                                       ERROR_NOT_ENOUGH_MEMORY);
+    BoxWatcher boxes;
+    EXPECT_EQ(desk.load(two_programs().signature(0, 7, 13).bytes()), -6);
+    boxes.expect_boxes({load_box(5629, 7183, L"invalid type of file, signature doesn't coincide")});
+    EXPECT_EQ(reads, std::vector<DWORD>{3});
+    EXPECT_EQ(blocks.calls(), 0);
 }
 
 TEST(ProfileLoading, ReportsMemoryThatIsNotThere)

@@ -14,6 +14,7 @@ using namespace profile_tests;
 using test_support::Background;
 using test_support::BoxWatcher;
 using test_support::Bytes;
+using test_support::difference;
 using test_support::ExpectedBox;
 using test_support::FailingImport;
 using test_support::file_exists;
@@ -174,7 +175,7 @@ TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
         enter_name(name, L"x");
         const auto seen = boxes.boxes();
         ASSERT_FALSE(seen.empty());
-        EXPECT_EQ(seen.front().text, not_written_box(L"112").text);
+        EXPECT_EQ(difference({seen.front()}, {not_written_box(L"112")}), "");
         EXPECT_FALSE(file_exists(path));
         EXPECT_EQ(releases.calls(), 8);
     }
@@ -183,8 +184,9 @@ TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
                                                                               ERROR_WRITE_FAULT);
     BoxWatcher boxes;
     enter_name(name, L"x");
-    ASSERT_FALSE(boxes.boxes().empty());
-    EXPECT_EQ(boxes.boxes().front().text, not_written_box(L"29").text);
+    const auto seen = boxes.boxes();
+    ASSERT_FALSE(seen.empty());
+    EXPECT_EQ(difference({seen.front()}, {not_written_box(L"29")}), "");
     EXPECT_FALSE(file_exists(path));
 }
 
@@ -199,11 +201,11 @@ TEST(ProfileSaving, SaysThatAFileCannotBeCreated)
     enter_name(name, L"x");
     const auto seen = boxes.boxes();
     ASSERT_FALSE(seen.empty());
-    EXPECT_EQ(seen.front().text,
-              arrival_box(
-                  1983, 2087,
-                  L"file of profile was not created, profile is not saved\nGetLastError = 3 <- CreateFile()")
-                  .text);
+    EXPECT_EQ(
+        difference({seen.front()}, {arrival_box(1983, 2087,
+                                                L"file of profile was not created, profile is not saved\n"
+                                                L"GetLastError = 3 <- CreateFile()")}),
+        "");
 }
 
 TEST(ProfileSaving, ReportsAWriterThatRefusesAndAnswersFalse)
@@ -229,12 +231,12 @@ TEST(ProfileSaving, ReportsAWriterThatRefusesAndAnswersFalse)
     const auto seen = boxes.boxes();
     ASSERT_EQ(seen.size(), 3u);
     EXPECT_EQ(
-        seen[1].text,
-        arrival_box(1997, 2109, L"error, one of callable functions returned error, -1 <- WriteData_Profile()")
-            .text);
-    EXPECT_EQ(seen[2].text, save_box(L"WndProc_ScanListView", 358, 541,
-                                     L"iRetCode = -2 <- on_WM_COPYDATA_on_wnd_NameOfProfile()")
-                                .text);
+        difference({seen[1], seen[2]}, {arrival_box(1997, 2109,
+                                                    L"error, one of callable functions returned error, -1 <- "
+                                                    L"WriteData_Profile()"),
+                                        save_box(L"WndProc_ScanListView", 358, 541,
+                                                 L"iRetCode = -2 <- on_WM_COPYDATA_on_wnd_NameOfProfile()")}),
+        "");
 }
 
 TEST(ProfileSaving, TakesAtMost256UnitsAndWholeUnitsOnly)

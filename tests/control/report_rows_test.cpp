@@ -118,7 +118,7 @@ const ShownBy kShownBy[] = {
     {&errors_profiles, 5647, "ProfileLoading.ReportsMemoryThatIsNotThere"},
     {&errors_profiles, 5676, "ProfileLoading.ReportsAReadThatFails"},
     {&errors_profiles, 5701, "ProfileLoading.RefusesEveryBadFileWithItsBoxAndStartsNothing"},
-    {&errors_profiles, 5713, "ProfileLoading.ABadFileLeavesTheProfilesLoadedBeforeAsTheyAre"},
+    {&errors_profiles, 5713, "ProfileLoading.RefusesEveryBadFileWithItsBoxAndStartsNothing"},
     {&errors_profiles, 5754, "ProfileLoading.ReportsMemoryThatIsNotThere"},
     {&errors_profiles, 5768, "ProfileLoading.ReportsMemoryThatIsNotThere"},
     {&errors_profiles, 5783, "ProfileLoading.ReportsMemoryThatIsNotThere"},

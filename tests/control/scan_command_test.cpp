@@ -17,6 +17,7 @@ using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
+using scan_tests::text_of_system;
 
 namespace
 {
@@ -276,9 +277,8 @@ TEST(ScanCommand, ShowsTheSystemsTextWhenTheListCannotBeOpened)
                                                                             ERROR_ACCESS_DENIED);
     const BoxWatcher boxes;
     EXPECT_EQ(desk.scan(), 1);
-    ASSERT_EQ(boxes.count(), 1u);
-    EXPECT_EQ(boxes.boxes()[0].title, L"GetLastError");
-    EXPECT_TRUE(boxes.boxes()[0].has_icon);
+    boxes.expect_boxes({{L"GetLastError", text_of_system(ERROR_ACCESS_DENIED)}});
+    EXPECT_TRUE(boxes.boxes().at(0).has_icon);
     EXPECT_EQ(hwnd_ScanListView, nullptr);
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "tests/program/hostile_files.h"
+#include "tests/support/counters.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/profile_encoder.h"
 #include "tests/support/wendlow_process.h"
@@ -133,6 +134,8 @@ TEST_F(HostileFiles, AreRefusedOneByOneWithTheirBoxesAndLeaveNothingBehind)
     std::map<std::int32_t, int> results;
     std::vector<std::wstring> paths;
     BoxWatcher boxes(wendlow_.process_id());
+    std::size_t handles_kept = 0;
+    const std::size_t handles_before = holdings_of(wendlow_.process()).handles;
     for (const hostile::HostileFile& file : files_) {
         SCOPED_TRACE(file.what);
         boxes.forget();
@@ -142,7 +145,9 @@ TEST_F(HostileFiles, AreRefusedOneByOneWithTheirBoxesAndLeaveNothingBehind)
         wendlow_.wait_until_idle();
         ASSERT_FALSE(HasFailure());
         ++results[file.refusal.result];
+        handles_kept += file.refusal.keeps_handle ? 1u : 0u;
     }
+    EXPECT_EQ(holdings_of(wendlow_.process()).handles, handles_before + handles_kept);
     for (const std::int32_t result : {-3, -4, -6, -10, -11})
         EXPECT_GT(results[result], 0) << result;
 

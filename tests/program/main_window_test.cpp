@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/support/box_watcher.h"
 #include "tests/support/file_dialogs.h"
+#include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
+#include "tests/support/profile_encoder.h"
 #include "tests/support/real_input.h"
 #include "tests/support/text.h"
 #include "tests/support/wendlow_process.h"
@@ -21,6 +25,21 @@ int count_main_windows()
     for (const HWND window : top_level_windows())
         count += class_of(window) == L"prg_wnds_layout" ? 1 : 0;
     return count;
+}
+
+// Runs a second copy to its end and returns the greatest number of main windows meanwhile.
+int most_main_windows_during_second_copy()
+{
+    Background second_copy([] { EXPECT_EQ(run_second_copy(), 0u); });
+    int most = 0;
+    wait_until(
+        [&] {
+            most = std::max(most, count_main_windows());
+            return second_copy.finished();
+        },
+        2 * kShortWait, "the second copy to end");
+    second_copy.join();
+    return most;
 }
 
 SIZE size_of(HWND window)
@@ -47,10 +66,9 @@ TEST(MainWindow, SecondCopyRestoresAndActivatesTheFirst)
     const WendlowProcess wendlow;
     ShowWindow(wendlow.main_window(), SW_MINIMIZE);
     wait_until([&] { return IsIconic(wendlow.main_window()) != FALSE; }, kShortWait, "the minimised window");
-    EXPECT_EQ(run_second_copy(), 0u);
+    EXPECT_EQ(most_main_windows_during_second_copy(), 1);
     EXPECT_TRUE(becomes_true([&] { return !IsIconic(wendlow.main_window()); }));
     EXPECT_TRUE(becomes_true([&] { return GetForegroundWindow() == wendlow.main_window(); }));
-    EXPECT_EQ(count_main_windows(), 1);
 }
 
 TEST(MainWindow, SecondCopyBringsAWindowBehindOthersToTheFront)
@@ -59,9 +77,8 @@ TEST(MainWindow, SecondCopyBringsAWindowBehindOthersToTheFront)
     FixturePrograms fixtures;
     fixtures.add(L"in front");
     bring_to_front(fixtures.start(L"in front"));
-    EXPECT_EQ(run_second_copy(), 0u);
+    EXPECT_EQ(most_main_windows_during_second_copy(), 1);
     EXPECT_TRUE(becomes_true([&] { return GetForegroundWindow() == wendlow.main_window(); }));
-    EXPECT_EQ(count_main_windows(), 1);
 }
 
 TEST(MainWindow, OpensAtAFractionOfTheScreenAndGetsNoSmaller)
@@ -168,6 +185,33 @@ TEST(MainWindow, EndsWithExitCode0WhateverIsOpen)
     EXPECT_TRUE(IsWindow(modify_cell));
     EXPECT_TRUE(IsWindow(name));
     EXPECT_EQ(wendlow.close_and_wait(), 0u);
+    boxes.expect_no_boxes();
+}
+
+TEST(MainWindow, EndsWithExitCode0WhateverIsOpenAfterALoad)
+{
+    FixturePrograms fixtures;
+    const std::wstring program = fixtures.add(L"loaded", {.title = L"Loaded"});
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"p.txt");
+    write_file(path, ProfileEncoder()
+                         .add_program(20, 30, 340, 250, std::u16string(program.begin(), program.end()))
+                         .name(u"Loaded")
+                         .bytes());
+    WendlowProcess wendlow;
+    const BoxWatcher boxes(wendlow.process_id());
+    wendlow.load_profile(path);
+    wendlow.scan();
+    const HWND modify_cell = wendlow.open_modify_cell(wendlow.row_of(L"Loaded"), 2);
+    wendlow.tick(L"Loaded");
+    wendlow.press_create_profile();
+    const HWND name = wendlow.wait_for_name_window();
+    EXPECT_TRUE(IsWindow(wendlow.list_window()));
+    EXPECT_TRUE(IsWindow(modify_cell));
+    EXPECT_TRUE(IsWindow(name));
+    EXPECT_EQ(wendlow.combo_texts(wendlow.profile_combo()), std::vector<std::wstring>{L"Loaded"});
+    EXPECT_EQ(wendlow.close_and_wait(), 0u);
+    EXPECT_TRUE(fixtures.is_running(L"loaded"));
     boxes.expect_no_boxes();
 }
 

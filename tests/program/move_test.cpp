@@ -226,7 +226,10 @@ TEST_F(ModifyCell, CopesWithoutARow)
     cell_ = wait_for([&] { return wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell");
     EXPECT_EQ(text_of(kX), L"");
     PostMessageW(control(kOk), BM_CLICK, 0, 0);
-    EXPECT_EQ(boxes.wait_for_box(0).title, L"error");
+    boxes.expect_boxes(
+        {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
+                    L"incorrect input parameters:\nrow = -1, counter_valid = " +
+                        std::to_wstring(list.row_count()) + L"\nline of error handler:845"}});
     EXPECT_TRUE(IsWindow(cell_));
     EXPECT_EQ(cells(), (Cells{L"200", L"150", L"400", L"300"}));
 }

@@ -258,10 +258,11 @@ TEST_F(NothingLost, EndedBelowTheSaveDialogItLeavesNoFile)
     const std::wstring earlier = folder_.file(L"earlier.txt");
     const Bytes before = put_earlier_profile(earlier);
     start_saving(L"Later");
-    wait_for_file_dialog(wendlow_.process_id());
+    const std::wstring later = folder_.file(L"later.txt");
+    enter_file_name(wendlow_.process_id(), later);
     terminate_process(wendlow_.process_id());
     EXPECT_EQ(hex(read_file(earlier)), hex(before));
-    EXPECT_FALSE(file_exists(folder_.file(L"Profile_01.txt")));
+    EXPECT_FALSE(file_exists(later));
 }
 
 TEST_F(NothingLost, EndedInTheMiddleOfASaveItLeavesEarlierProfilesAsTheyWere)

@@ -187,6 +187,7 @@ TEST_F(Saving, WritesNothingWhenTheSaveDialogIsCancelled)
     wendlow_.press_create_profile();
     wendlow_.enter_name(L"A");
     wendlow_.press_name_ok();
+    enter_file_name(wendlow_.process_id(), file());
     cancel_file_dialog(wendlow_.process_id());
     wendlow_.wait_until_idle();
     EXPECT_FALSE(file_exists(file()));

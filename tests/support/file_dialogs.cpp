@@ -104,6 +104,11 @@ std::wstring file_dialog_name(HWND dialog)
     return text_of(name_edit_of(dialog));
 }
 
+void enter_file_name(DWORD process_id, const std::wstring& path, unsigned milliseconds)
+{
+    enter_name(wait_for_file_dialog(process_id, milliseconds), path);
+}
+
 void choose_file(DWORD process_id, const std::wstring& path, unsigned milliseconds)
 {
     const HWND dialog = wait_for_file_dialog(process_id, milliseconds);

@@ -22,6 +22,9 @@ std::wstring file_dialog_title(HWND dialog);
 // The file name the dialog proposes.
 std::wstring file_dialog_name(HWND dialog);
 
+// Enters the path and leaves the dialog on the screen.
+void enter_file_name(DWORD process_id, const std::wstring& path, unsigned milliseconds = kShortWait);
+
 // Enters the path and presses Open or Save.
 void choose_file(DWORD process_id, const std::wstring& path, unsigned milliseconds = kShortWait);
 void cancel_file_dialog(DWORD process_id, unsigned milliseconds = kShortWait);

@@ -359,9 +359,10 @@ TEST_F(HostileMessages, CommandsUnderAnOpenBoxAreCarriedOut)
     wendlow_.press_move(); // with nothing ticked
     boxes_.wait_for_box(3);
     boxes_.release();
+    // The four that were held, and the one that follows each refused file.
+    boxes_.wait_for_box(5);
     wendlow_.wait_until_idle();
 
-    // The four that were held, and the one that follows each refused file.
     EXPECT_EQ(boxes_.count(), 6u);
     EXPECT_EQ(wendlow_.combo_texts(wendlow_.profile_combo()), (Texts{L"Good", L"Good"}));
     EXPECT_TRUE(wendlow_.list_view().find_row(L"Edited"));

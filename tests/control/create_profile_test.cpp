@@ -15,6 +15,7 @@ using test_support::BoxWatcher;
 using test_support::difference;
 using test_support::ExpectedBox;
 using test_support::FailingImport;
+using test_support::system_error_box;
 
 const ExpectedBox kNothingTicked{
     L"info", L"There are no selected items.\nTo create profile - select items you want to include\nand then "
@@ -148,16 +149,13 @@ TEST(CreateProfile, ReportsThatTheNameWindowCannotBeCreatedAndWhy)
     HWND opened = list.window;
     const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", 1, nullptr,
                                                                             ERROR_ACCESS_DENIED);
-    wchar_t why[256] = {};
-    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, ERROR_ACCESS_DENIED,
-                   0x400, why, 256, nullptr);
     BoxWatcher boxes;
     EXPECT_EQ(onButton_Create_Profile(list.window, list.list, &opened, &record, &scan_record), 1);
-    boxes.expect_boxes({{L"error", L"error while creating window Name of Profile"}, {L"GetLastError", why}});
+    boxes.expect_boxes(
+        {{L"error", L"error while creating window Name of Profile"}, system_error_box(ERROR_ACCESS_DENIED)});
     const auto seen = boxes.boxes();
     EXPECT_EQ(seen[0].owner, list.window);
     EXPECT_EQ(seen[1].owner, nullptr);
-    EXPECT_TRUE(seen[1].has_icon);
     EXPECT_EQ(opened, nullptr);
     FreeDynMem_wnds_Profile(&record);
 }

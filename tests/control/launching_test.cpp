@@ -19,6 +19,7 @@ using test_support::FixtureOptions;
 using test_support::FixturePrograms;
 using test_support::ImportHook;
 using test_support::ProfileEncoder;
+using test_support::SeenBox;
 using test_support::StartupRecord;
 using test_support::units_of;
 
@@ -313,6 +314,12 @@ TEST(Launching, ReportsInOrderWhateverIsMissing)
     FixturePrograms programs;
     const std::wstring silent = programs.add(L"silent", {.no_window = true});
     const RecordedSleeps sleeps;
+    std::vector<UINT> types;
+    const ImportHook<"MessageBoxW", decltype(MessageBoxW)> type(
+        "user32.dll", [&](HWND owner, LPCWSTR message, LPCWSTR title, UINT box_type) {
+            types.push_back(box_type);
+            return type.call_original(owner, message, title, box_type);
+        });
     BoxWatcher boxes;
     EXPECT_EQ(desk.load(ProfileEncoder()
                             .add_folder(0, 0, 9, 9, u"C:\\gone")
@@ -324,6 +331,10 @@ TEST(Launching, ReportsInOrderWhateverIsMissing)
               1);
     boxes.expect_boxes(
         {programs_failed(L"1", L"2"), folders_failed(L"1", L"2"), kProgramsNotDetected, kFoldersNotDetected});
+    for (const SeenBox& box : boxes.boxes())
+        EXPECT_EQ(box.owner, desk.window.get()) << ::testing::PrintToString(box);
+    // What was started meanwhile must not lie above them.
+    EXPECT_EQ(types, std::vector<UINT>(4, MB_SETFOREGROUND));
     EXPECT_EQ(sleeps.pauses.size(), 20u);
 }
 

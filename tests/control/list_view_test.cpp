@@ -17,7 +17,6 @@ using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
-using scan_tests::text_of_system;
 
 namespace
 {
@@ -327,10 +326,8 @@ TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
     const std::vector<SeenBox> seen = boxes.boxes();
     std::vector<ExpectedBox> expected{{bytes_as_wide("ERROR"), L"-1 <-- InsertItem, cycle i"}};
     for (int column = 1; column <= 5; ++column) {
-        expected.push_back({bytes_as_wide("GetLastError"), text_of_system(ERROR_NOT_ENOUGH_MEMORY)});
+        expected.push_back({bytes_as_wide("GetLastError"), text_of_system(ERROR_NOT_ENOUGH_MEMORY), true});
         expected.push_back({bytes_as_wide("ERROR"), bytes_as_wide("-1 <-- InsertItem, cycle j")});
     }
     ASSERT_EQ(difference(seen, expected), "");
-    for (std::size_t column = 1; column <= 5; ++column)
-        EXPECT_TRUE(seen[2 * column - 1].has_icon);
 }

@@ -27,8 +27,7 @@ TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
         });
     const BoxWatcher boxes;
     EXPECT_EQ(wWinMain(GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW), 5);
-    boxes.expect_boxes({{L"error", L"-1 <- GetMessage()"}, {L"error", L"-1 <- GetMessage()"}});
-    EXPECT_TRUE(boxes.boxes().at(0).has_icon);
+    boxes.expect_boxes({{L"error", L"-1 <- GetMessage()", true}, {L"error", L"-1 <- GetMessage()", true}});
     EXPECT_EQ(boxes.boxes().at(0).owner, nullptr);
     EXPECT_EQ(calls, 3);
     EXPECT_NE(FindWindowW(L"prg_wnds_layout", nullptr), nullptr);
@@ -40,8 +39,6 @@ TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
 
 TEST(MessageLoop, IsReachedAlsoWithoutAMainWindow)
 {
-    wchar_t text[512]{};
-    ASSERT_NE(FormatMessageW(0x1200, nullptr, ERROR_NOT_ENOUGH_MEMORY, 0x400, text, 512, nullptr), 0u);
     const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> no_window("user32.dll", 1, nullptr,
                                                                                 ERROR_NOT_ENOUGH_MEMORY);
     std::vector<UINT> types;
@@ -61,7 +58,7 @@ TEST(MessageLoop, IsReachedAlsoWithoutAMainWindow)
         });
     const BoxWatcher boxes;
     EXPECT_EQ(wWinMain(GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW), 7);
-    boxes.expect_boxes({{L"GetLastError", text}});
+    boxes.expect_boxes({system_error_box(ERROR_NOT_ENOUGH_MEMORY)});
     EXPECT_EQ(types, std::vector<UINT>{MB_ICONINFORMATION});
     EXPECT_EQ(no_window.calls(), 1);
     EXPECT_EQ(waits, 1);

@@ -21,7 +21,6 @@ using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
-using scan_tests::text_of_system;
 
 namespace
 {
@@ -413,8 +412,7 @@ TEST_F(ModifyCell, ShowsTheSystemsTextWhenItCannotBeOpened)
     const BoxWatcher boxes;
     open(0);
     EXPECT_EQ(dialog, nullptr);
-    boxes.expect_boxes({{L"GetLastError", text_of_system(5)}});
-    EXPECT_TRUE(boxes.boxes().at(0).has_icon);
+    boxes.expect_boxes({system_error_box(5)});
 }
 
 TEST_F(ModifyCell, KeepsTheSystemFontWithoutADeviceContext)

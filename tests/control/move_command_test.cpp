@@ -119,7 +119,6 @@ TEST(MoveCommand, ShowsTheInfoBoxWhenNothingIsTicked)
               1);
     boxes.expect_boxes({{L"info", kNothingTicked}});
     EXPECT_EQ(boxes.boxes()[0].owner, nullptr);
-    EXPECT_FALSE(boxes.boxes()[0].has_icon);
 }
 
 TEST(MoveCommand, LeavesAMinimisedWindowWithoutSizeAlone)
@@ -175,10 +174,10 @@ TEST(MoveCommand, ReportsAWindowThatIsGoneAndMovesTheRest)
     desk.list().set_ticked(1, true);
     const BoxWatcher boxes;
     desk.press(1);
-    boxes.expect_boxes(
-        {{L"error", L"impossible to move one of windows:\nx = 10\ny = 20\nwidth = 300\nheight = 220\n"
-                    L"Probably, it was closed. Try to SCAN again."}});
-    EXPECT_TRUE(boxes.boxes()[0].has_icon);
+    boxes.expect_boxes({{L"error",
+                         L"impossible to move one of windows:\nx = 10\ny = 20\nwidth = 300\nheight = 220\n"
+                         L"Probably, it was closed. Try to SCAN again.",
+                         true}});
     EXPECT_EQ(place_of(rest), "130,140 320x240");
 }
 
@@ -205,9 +204,10 @@ TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
         SendMessageW(desk.list().window(), LVM_SETITEMTEXTW, 1, reinterpret_cast<LPARAM>(&item));
     }
     desk.press(1);
-    boxes.expect_boxes(
-        {{L"error", L"impossible to move one of windows:\nx = 0\ny = 0\nwidth = 50\nheight = 50\n"
-                    L"Probably, it was closed. Try to SCAN again."}});
+    boxes.expect_boxes({{L"error",
+                         L"impossible to move one of windows:\nx = 0\ny = 0\nwidth = 50\nheight = 50\n"
+                         L"Probably, it was closed. Try to SCAN again.",
+                         true}});
 }
 
 TEST(MoveCommand, RefusesAMissingListOrArrayWithFileAndFunctionUnreadable)

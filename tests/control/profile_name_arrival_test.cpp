@@ -128,19 +128,24 @@ TEST(ProfileSaving, LeavesAFileThatExistsAsItIs)
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
     const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"kept.txt");
     const Bytes kept{'k', 'e', 'p', 't', 0, 7, 12};
-    test_support::write_file(path, kept);
-    const HWND name = list.ask_name_for({1});
-    AnsweredSaveDialog dialog(path);
-    const Releases releases("kernel32.dll", -1, TRUE, 0);
-    BoxWatcher boxes;
-    enter_name(name, L"x");
-    boxes.expect_boxes({{L"information", L"File already exists"}});
-    EXPECT_EQ(boxes.boxes().front().owner, nullptr);
-    EXPECT_EQ(boxes.boxes().front().buttons, std::vector<int>{IDOK});
-    EXPECT_EQ(read_file(path), kept);
-    EXPECT_EQ(releases.calls(), 8);
+    for (const DWORD attributes : {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN}) {
+        SCOPED_TRACE(attributes);
+        const std::wstring path = folder.file(L"kept " + std::to_wstring(attributes) + L".txt");
+        test_support::write_file(path, kept);
+        SetFileAttributesW(path.c_str(), attributes);
+        const HWND name = list.ask_name_for({1});
+        AnsweredSaveDialog dialog(path);
+        const Releases releases("kernel32.dll", -1, TRUE, 0);
+        BoxWatcher boxes;
+        enter_name(name, L"x");
+        boxes.expect_boxes({{L"information", L"File already exists"}});
+        EXPECT_EQ(boxes.boxes().front().owner, nullptr);
+        EXPECT_EQ(boxes.boxes().front().buttons, std::vector<int>{IDOK});
+        EXPECT_EQ(read_file(path), kept);
+        EXPECT_EQ(releases.calls(), 8);
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL); // or it could not be deleted
+    }
 }
 
 TEST(ProfileSaving, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)

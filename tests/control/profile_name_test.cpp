@@ -206,7 +206,6 @@ TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)
     window.press(1);
     boxes.expect_boxes({{L"warning", L"Please enter Name of Profile, e.g. \"work docs 01\""}});
     EXPECT_EQ(boxes.boxes().front().owner, static_cast<HWND>(window));
-    EXPECT_FALSE(boxes.boxes().front().has_icon);
     EXPECT_TRUE(IsWindow(window));
     EXPECT_EQ(window.typed(), L"");
     EXPECT_TRUE(owner.told.empty());

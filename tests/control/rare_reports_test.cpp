@@ -207,14 +207,19 @@ TEST(RareReports, LoadTellsThatTheStoreHasNoNameToShow)
     const BoxWatcher boxes;
     EXPECT_EQ(desk.load(ProfileEncoder().add({.flag = 7, .path = u"C:\\x"}).name(u"F").bytes()), 1);
     desk.store.pc_raw_FilesProfile = files;
-    const std::vector<SeenBox> seen = boxes.boxes();
-    ASSERT_GE(seen.size(), 2u);
-    EXPECT_EQ(seen.back().title, L"error");
-    EXPECT_EQ(seen.back().text, L"error <- CB_Profile_add_string()");
-    EXPECT_EQ(seen[seen.size() - 2].text,
-              handler_first_text({kLayoutFile, L"CB_Profile_add_string", 9777, 9874},
-                                 L"error, incorrect input parameters:\np_CB_mng_STR = " +
-                                     pointer(&desk.profiles) + L", p_tc_sz_name = 0000000000000000"));
+    boxes.expect_boxes(
+        {{L"error",
+          handler_first_text(
+              {kLayoutFile, L"add_profile_data_to_DynMem", 4826, 5234},
+              L"error, incorrect input parameters (fields of STRUCTURE):\n\nuiMax_num_loaded_prfls = "
+              L"1024, uiSize_DynMem_hwnds_wnds_prfl = 4194304, uiSize_DynMem_files = 33554432, "
+              L"pc_hwnds_wnds_of_prfl = " +
+                  pointer(desk.store.pc_hwnds_wnds_of_prfl) + L", pc_raw_FilesProfile = 0000000000000000")},
+         {L"error", L"error <- add_profile_data_to_DynMem()"},
+         {L"error", handler_first_text({kLayoutFile, L"CB_Profile_add_string", 9777, 9874},
+                                       L"error, incorrect input parameters:\np_CB_mng_STR = " +
+                                           pointer(&desk.profiles) + L", p_tc_sz_name = 0000000000000000")},
+         {L"error", L"error <- CB_Profile_add_string()"}});
     EXPECT_EQ(desk.profiles.uiN_strs, 0u);
 }
 

@@ -17,7 +17,6 @@ using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
-using scan_tests::text_of_system;
 
 namespace
 {
@@ -277,8 +276,7 @@ TEST(ScanCommand, ShowsTheSystemsTextWhenTheListCannotBeOpened)
                                                                             ERROR_ACCESS_DENIED);
     const BoxWatcher boxes;
     EXPECT_EQ(desk.scan(), 1);
-    boxes.expect_boxes({{L"GetLastError", text_of_system(ERROR_ACCESS_DENIED)}});
-    EXPECT_TRUE(boxes.boxes().at(0).has_icon);
+    boxes.expect_boxes({system_error_box(ERROR_ACCESS_DENIED)});
     EXPECT_EQ(hwnd_ScanListView, nullptr);
 }
 

@@ -110,14 +110,6 @@ void ScanDesk::press(WORD button) const
                  reinterpret_cast<LPARAM>(GetDlgItem(hwnd_ScanListView, button)));
 }
 
-std::wstring text_of_system(DWORD code)
-{
-    wchar_t text[512]{};
-    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
-                   MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, 512, nullptr);
-    return text;
-}
-
 std::wstring own_image_path()
 {
     wchar_t path[MAX_PATH]{};

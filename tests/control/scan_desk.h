@@ -81,7 +81,4 @@ private:
 
 std::wstring own_image_path();
 
-// What the system says of an error code, which a box of the title GetLastError shows.
-std::wstring text_of_system(DWORD code);
-
 } // namespace scan_tests

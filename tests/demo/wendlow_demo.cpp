@@ -275,7 +275,7 @@ void run_demo()
     picture("01-laid-out");
 
     WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     show_main_window(wendlow);
     scan_and_tick(wendlow, desktop);
     save_profile(wendlow);

@@ -56,14 +56,14 @@ protected:
 
 TEST_F(Apply, AsksForAnAction)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     click(wendlow_.apply_button());
     boxes.expect_boxes({{L"info", L"There is no selected item in \"Action\" list"}});
 }
 
 TEST_F(Apply, AsksForAProfile)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.select_action(L"Close");
     wendlow_.press_apply();
     boxes.expect_boxes(
@@ -72,7 +72,7 @@ TEST_F(Apply, AsksForAProfile)
 
 TEST_F(Apply, MinimisesRestoresAndClosesTheWindowsOfTheProfile)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     const RECT place{310, 90, 710, 390};
     const HWND window = load(L"Work", place);
     ASSERT_TRUE(comes_to(window, place));

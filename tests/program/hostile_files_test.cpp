@@ -133,7 +133,7 @@ TEST_F(HostileFiles, AreRefusedOneByOneWithTheirBoxesAndLeaveNothingBehind)
     ASSERT_GE(files_.size(), 200u);
     std::map<std::int32_t, int> results;
     std::vector<std::wstring> paths;
-    BoxWatcher boxes(wendlow_.process_id());
+    BoxWatcher boxes = wendlow_.watch_boxes();
     std::size_t handles_kept = 0;
     const std::size_t handles_before = holdings_of(wendlow_.process()).handles;
     for (const hostile::HostileFile& file : files_) {
@@ -169,7 +169,7 @@ TEST_F(HostileFiles, AreRefusedOneByOneWithTheirBoxesAndLeaveNothingBehind)
 
 TEST_F(HostileFiles, AreRefusedWithTheirResultsThroughTheOpenDialog)
 {
-    BoxWatcher boxes(wendlow_.process_id());
+    BoxWatcher boxes = wendlow_.watch_boxes();
     for (std::size_t i = 0; i < files_.size(); i += files_.size() / 12) {
         const hostile::HostileFile& file = files_[i];
         SCOPED_TRACE(file.what);
@@ -213,7 +213,7 @@ TEST_F(HostileFiles, ThatAreOddButWholeAreTaken)
         {"ones", gone(1, 1, 1, 1).bytes()},
         {"ones below zero", gone(-1, -1, -1, -1).bytes()},
     };
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     Texts names{L"Kept"};
     for (const auto& file : odd) {
         SCOPED_TRACE(file.what);

@@ -45,7 +45,7 @@ class HostileMessages : public testing::Test
 {
 protected:
     HostileMessages()
-        : neighbours_({{.title = L"Edited", .place = {600, 500, 901, 702}}}), boxes_(wendlow_.process_id())
+        : neighbours_({{.title = L"Edited", .place = {600, 500, 901, 702}}}), boxes_(wendlow_.watch_boxes())
     {
         const std::wstring path = folder_.file(L"good.txt");
         write_file(path, good_profile());

@@ -86,7 +86,7 @@ TEST(HostileWindows, ShowTitlesOfEveryLengthAndKind)
         windows.push_back({.title = row.title, .place = tile(windows.size())});
     const Neighbours neighbours(windows);
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     const RemoteListView list = wendlow.scan();
     const Texts names = names_on(list);
     for (const auto& row : titles)
@@ -126,7 +126,7 @@ TEST(HostileWindows, AreLeftOutByTheirClassInAnyCaseButNotByANearMiss)
         windows.push_back({L"class " + name, name, tile(windows.size())});
     const Neighbours neighbours(windows);
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     const Texts names = names_on(wendlow.scan());
     for (const std::wstring& name : excluded)
         EXPECT_FALSE(is_listed(names, L"class " + name)) << printable(name);
@@ -143,7 +143,7 @@ TEST(HostileWindows, MayBeFifteenHundred)
         windows.push_back({.title = L"Window " + std::to_wstring(i), .place = tile(i)});
     const Neighbours neighbours(windows);
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     const RemoteListView list = wendlow.scan(2 * kLongWait);
     const Texts names = names_on(list);
     const std::set<std::wstring> listed(names.begin(), names.end());
@@ -187,7 +187,7 @@ TEST(HostileWindows, MayDieWhileTheyAreListed)
     gone_between = neighbours[2];
     gone_when_asked = neighbours[3];
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     const RemoteListView list = wendlow.scan();
     EXPECT_FALSE(IsWindow(gone_between));
     EXPECT_FALSE(IsWindow(gone_when_asked));
@@ -216,7 +216,7 @@ TEST(HostileWindows, MayDieBetweenTickingAndSaving)
     const std::u16string stays = show(L"Stays", 40);
     const std::u16string dies = show(L"Dies", 440); // the upper one, so its row comes first
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.scan();
     wendlow.tick(L"Dies");
     wendlow.tick(L"Stays");
@@ -245,7 +245,7 @@ TEST(HostileWindows, MayDieWhileTheyAreLoaded)
                                           .name(u"P")
                                           .bytes());
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.drop_files({folder.file(L"p.txt")});
     wait_until([&] { return fixtures.is_running(L"early"); }, kLongWait, "the start of the first program");
     fixtures.stop(L"early");
@@ -285,7 +285,7 @@ TEST(HostileWindows, MayNeverTellTheirTitles)
     fixtures.start(L"well");
     fixtures.start(L"mute");
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     const Texts names = names_on(wendlow.scan(2 * kLongWait));
     EXPECT_TRUE(is_listed(names, L"Well"));
     EXPECT_FALSE(is_listed(names, L"Mute"));

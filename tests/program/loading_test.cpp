@@ -118,7 +118,7 @@ TEST_F(Loading, StartsAndPlacesProgramsAndAFolder)
     const std::wstring left = fixtures_.add(L"left", {.title = L"Left"});
     const std::wstring small = fixtures_.add(L"small", {.title = L"Small"});
     const std::wstring letters = fixtures_.folder().make_folder(L"Letters");
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.load_profile(profile(L"p.txt", ProfileEncoder()
                                                 .add_program(640, 60, 500, 333, units_of(plain))
                                                 .add_folder(70, 400, 480, 320, units_of(letters))
@@ -153,7 +153,7 @@ TEST_F(Loading, RestoresAMinimisedProgramThatIsOnTheScreen)
 TEST_F(Loading, GivesEntriesOfOneProgramTheSameWindow)
 {
     const std::wstring program = fixtures_.add(L"twice");
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.load_profile(profile(L"p.txt", ProfileEncoder()
                                                 .add_program(20, 30, 300, 210, units_of(program))
                                                 .add_program(500, 300, 410, 310, units_of(program))
@@ -174,7 +174,7 @@ TEST_F(Loading, GivesEntriesOfOneProgramTheSameWindow)
 TEST_F(Loading, ReportsAProgramThatIsGoneAndPlacesTheOthers)
 {
     const std::wstring program = fixtures_.add(L"there");
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.load_profile(profile(L"p.txt", ProfileEncoder()
                                                 .add_program(1, 2, 300, 200, u"C:\\gone\\program.exe")
                                                 .add_program(222, 111, 400, 300, units_of(program))
@@ -188,7 +188,7 @@ TEST_F(Loading, ReportsAProgramThatIsGoneAndPlacesTheOthers)
 TEST_F(Loading, ReportsAProgramWhoseWindowNeverComes)
 {
     const std::wstring program = fixtures_.add(L"windowless", {.no_window = true});
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.load_profile(
         profile(L"p.txt", ProfileEncoder().add_program(1, 2, 300, 200, units_of(program)).name(u"P")));
     boxes.expect_boxes({{L"info", L"Not all Programs of Profile were detected after launching\n"}});
@@ -202,7 +202,7 @@ TEST_F(Loading, PlacesAFolderWindowThatWasOpenBefore)
     const std::wstring letters = fixtures_.folder().make_folder(L"Letters");
     FolderWindowsScript script;
     script.add(open_before, letters);
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.load_profile(
         profile(L"p.txt", ProfileEncoder().add_folder(70, 40, 480, 320, units_of(letters)).name(u"P")));
     expect_placed(open_before, 70, 40, 480, 320);
@@ -212,7 +212,7 @@ TEST_F(Loading, PlacesAFolderWindowThatWasOpenBefore)
 
 TEST_F(Loading, ReportsAFolderThatIsGone)
 {
-    BoxWatcher boxes(wendlow_.process_id());
+    BoxWatcher boxes = wendlow_.watch_boxes();
     boxes.set_aside(L"Error"); // the system's own
     wendlow_.load_profile(
         profile(L"p.txt", ProfileEncoder().add_folder(70, 40, 480, 320, u"C:\\gone\\folder").name(u"P")));
@@ -237,7 +237,7 @@ TEST_F(Loading, RefusesTheNameOfThe33rdProfile)
 {
     const std::wstring path =
         profile(L"p.txt", ProfileEncoder().add_program(1, 2, 0, 0, u"C:\\gone\\program.exe").name(u"P"));
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     for (std::size_t i = 0; i < 33; ++i) {
         wendlow_.drop_files({path});
         EXPECT_EQ(boxes.wait_for_box(i).text, programs_failed_box(1, 1).text);
@@ -256,7 +256,7 @@ TEST_F(Loading, AddsTheSameFileTwice)
     const std::wstring program = fixtures_.add(L"twice");
     const std::wstring path =
         profile(L"p.txt", ProfileEncoder().add_program(20, 30, 300, 210, units_of(program)).name(u"Twice"));
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.load_profile(path);
     wendlow_.load_profile(path);
     EXPECT_EQ(profiles(), (Texts{L"Twice", L"Twice"}));
@@ -265,7 +265,7 @@ TEST_F(Loading, AddsTheSameFileTwice)
 
 TEST_F(Loading, ShowsNothingWhenTheDialogIsCancelled)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.press_load_profile();
     cancel_file_dialog(wendlow_.process_id());
     wendlow_.wait_until_idle();
@@ -309,7 +309,7 @@ TEST_F(Loading, RefusesFilesThatAreNoProfilesAndGoesOn)
     int number = 0;
     for (const auto& bad : files) {
         SCOPED_TRACE(bad.what);
-        const BoxWatcher boxes(wendlow_.process_id());
+        const BoxWatcher boxes = wendlow_.watch_boxes();
         // A refused file stays open in the program, so each has a name of its own.
         wendlow_.start_load_profile(file(L"bad" + std::to_wstring(number++) + L".txt", bad.bytes));
         boxes.expect_boxes({bad.box, command_box(bad.result)});
@@ -329,7 +329,7 @@ TEST_F(Loading, DropLoadsTheFirstFileOnly)
     const auto named = [&](const std::u16string& name) {
         return ProfileEncoder().add_program(20, 30, 300, 210, program).name(name);
     };
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.drop_files({profile(L"2.txt", named(u"Second")), profile(L"1.txt", named(u"First")),
                          profile(L"3.txt", named(u"Third"))});
     wait_until([&] { return fixtures_.windows_of(L"dropped").size() == 1; }, kLongWait, "the program");
@@ -358,7 +358,7 @@ TEST_F(Loading, DropOfSomethingElseIsReportedTwice)
     };
     for (const auto& drop : drops) {
         SCOPED_TRACE(drop.what);
-        const BoxWatcher boxes(wendlow_.process_id());
+        const BoxWatcher boxes = wendlow_.watch_boxes();
         wendlow_.drop_files({drop.path});
         boxes.expect_boxes({drop.box, drop_box()});
         wendlow_.wait_until_idle();

@@ -117,7 +117,7 @@ protected:
 
 TEST_F(LongRun, ThreeHundredScansLeaveNothingBehind)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     for (int i = 0; i < 5; ++i)
         scan_and_close();
     const Holdings before = holdings();
@@ -129,7 +129,7 @@ TEST_F(LongRun, ThreeHundredScansLeaveNothingBehind)
 
 TEST_F(LongRun, AHundredDialogsLeaveNothingBehind)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.scan();
     wendlow_.tick(L"Neighbour");
     wendlow_.press(
@@ -155,7 +155,7 @@ TEST_F(LongRun, ThirtyLoadsKeepTwoHandlesEachAndNothingElse)
     write_file(path,
                ProfileEncoder().add_program(50, 60, 320, 240, units_of(program)).name(u"Office").bytes());
     const std::size_t kept_by_system = handles_kept_by_a_start(fixtures_, L"Loaded");
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     for (int i = 0; i < 3; ++i)
         load_and_apply(path);
     const Holdings before = holdings();

@@ -133,7 +133,7 @@ TEST(MainWindow, MinimisingDoesNotMoveTheControls)
 TEST(MainWindow, ReservedMenuCommandsShowTheirBoxesAndLeaveTheListsAlone)
 {
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     for (const int id : {3, 4, 5, 6, 7, 8}) {
         wendlow.send_command(id);
         boxes.wait_for_box(static_cast<std::size_t>(id - 3));
@@ -155,7 +155,7 @@ TEST(MainWindow, ReservedMenuCommandsShowTheirBoxesAndLeaveTheListsAlone)
 TEST(MainWindow, AboutIsChosenFromTheMenuWithTheMouse)
 {
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     bring_to_front(wendlow.main_window());
     const RECT window = rectangle_of(wendlow.main_window());
     POINT client{};
@@ -176,7 +176,7 @@ TEST(MainWindow, EndsWithExitCode0WhateverIsOpen)
     fixtures.add(L"listed");
     fixtures.start(L"listed");
     WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.scan();
     const HWND modify_cell = wendlow.open_modify_cell(0, 2);
     wendlow.tick(L"Fixture");
@@ -199,7 +199,7 @@ TEST(MainWindow, EndsWithExitCode0WhateverIsOpenAfterALoad)
                          .name(u"Loaded")
                          .bytes());
     WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.load_profile(path);
     wendlow.scan();
     const HWND modify_cell = wendlow.open_modify_cell(wendlow.row_of(L"Loaded"), 2);
@@ -218,7 +218,7 @@ TEST(MainWindow, EndsWithExitCode0WhateverIsOpenAfterALoad)
 TEST(MainWindow, EndsWithExitCode0WhenAllElseIsClosed)
 {
     WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.scan();
     wendlow.close_list_window();
     wendlow.press_load_profile();

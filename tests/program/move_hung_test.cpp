@@ -73,7 +73,7 @@ protected:
     // Moves both: the other window comes to its row's place, and the list answers, while the first hangs.
     void expect_move_goes_on()
     {
-        const BoxWatcher boxes(wendlow_.process_id());
+        const BoxWatcher boxes = wendlow_.watch_boxes();
         SetWindowPos(well_, nullptr, 5, 5, 300, 200, SWP_NOZORDER | SWP_NOACTIVATE);
         wendlow_.tick(L"Hung");
         wendlow_.tick(L"Well");

@@ -211,7 +211,7 @@ TEST_F(ModifyCell, EnterOnCancelChangesNothing)
 
 TEST_F(ModifyCell, CopesWithoutARow)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     PostMessageW(wendlow_.list_window(), WM_COMMAND, 101, 0);
     const RemoteListView list = wendlow_.list_view();
     const POINT below_all = {list.cell_centre(0, 1).x, rectangle_of(list.window()).bottom - 40};
@@ -236,7 +236,7 @@ TEST_F(ModifyCell, CopesWithoutARow)
 
 TEST_F(ModifyCell, GoesWithTheList)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     open();
     wendlow_.close_list_window();
     EXPECT_TRUE(becomes_true([&] { return !IsWindow(cell_); }));
@@ -245,7 +245,7 @@ TEST_F(ModifyCell, GoesWithTheList)
 
 TEST_F(Move, BringsTheWindowToTheRowsPlace)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     change(kX, L"700");
     change(kWidth, L"500");
     tick_and_move();
@@ -256,7 +256,7 @@ TEST_F(Move, BringsTheWindowToTheRowsPlace)
 
 TEST_F(Move, AsksForATickedRow)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     wendlow_.press_move();
     boxes.expect_boxes(
         {{L"info", L"There are no selected items.\nSelect any item, change its position (or/and "
@@ -266,7 +266,7 @@ TEST_F(Move, AsksForATickedRow)
 
 TEST_F(Move, LeavesAMinimisedWindowAloneUntilItIsGivenASize)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     ShowWindow(window_, SW_MINIMIZE);
     wait_until([&] { return IsIconic(window_) != FALSE; }, kShortWait, "the minimised window");
     rescan();
@@ -286,15 +286,15 @@ TEST_F(Move, LeavesAMinimisedWindowAloneUntilItIsGivenASize)
 
 TEST_F(Move, ReportsAWindowThatIsGone)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     fixtures_.stop(L"listed");
     wait_until([&] { return !IsWindow(window_); }, kShortWait, "the window to be gone");
     wendlow_.tick(L"Listed");
     wendlow_.press_move();
-    boxes.expect_boxes(
-        {{L"error", L"impossible to move one of windows:\nx = 200\ny = 150\nwidth = 400\nheight = "
-                    L"300\nProbably, it was closed. Try to SCAN again."}});
-    EXPECT_TRUE(boxes.boxes()[0].has_icon);
+    boxes.expect_boxes({{L"error",
+                         L"impossible to move one of windows:\nx = 200\ny = 150\nwidth = 400\nheight = "
+                         L"300\nProbably, it was closed. Try to SCAN again.",
+                         true}});
 }
 
 } // namespace

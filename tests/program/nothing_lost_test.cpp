@@ -172,7 +172,7 @@ protected:
 TEST_F(NothingLost, ProfilesThatExistAreNeverChangedHoweverTheyAreProtected)
 {
     show_and_tick(1);
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     std::vector<ExpectedBox> expected;
     for (const DWORD attributes : {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_HIDDEN}) {
         const std::wstring path = folder_.file(L"earlier " + std::to_wstring(attributes) + L".txt");
@@ -192,7 +192,7 @@ TEST_F(NothingLost, ProfilesThatExistAreNeverChangedHoweverTheyAreProtected)
 TEST_F(NothingLost, AProfileThatAnotherProgramHoldsOpenStaysAsItIs)
 {
     show_and_tick(1);
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     const std::wstring path = folder_.file(L"held.txt");
     const Bytes before = put_earlier_profile(path);
     const HANDLE held = CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -213,7 +213,7 @@ TEST_F(NothingLost, AFolderWithoutRightsIsToldAndLeftAsItIs)
     if (!folder_exists(folder))
         GTEST_SKIP() << "no folder without rights on this system";
     show_and_tick(1);
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     start_saving(L"Later");
     choose_file(wendlow_.process_id(), path);
     boxes.expect_boxes({not_created_box(ERROR_ACCESS_DENIED)});
@@ -237,7 +237,7 @@ TEST_F(NothingLost, AFullDiskIsToldAndNoHalfProfileStaysOnIt)
         const Bytes before = put_earlier_profile(earlier);
         // More than the one page that is left: every window brings its whole path.
         show_and_tick(40);
-        const BoxWatcher boxes(wendlow_.process_id());
+        const BoxWatcher boxes = wendlow_.watch_boxes();
         const std::wstring path = disk + L"\\later.txt";
         start_saving(L"Later");
         choose_file(wendlow_.process_id(), path);
@@ -279,7 +279,7 @@ TEST_F(NothingLost, EndedInTheMiddleOfASaveItLeavesEarlierProfilesAsTheyWere)
     // What is left is empty, and whoever loads it is told so.
     EXPECT_EQ(hex(read_file(later)), "");
     const WendlowProcess again;
-    const BoxWatcher boxes(again.process_id());
+    const BoxWatcher boxes = again.watch_boxes();
     again.start_load_profile(later);
     boxes.expect_boxes(
         {{L"error", L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nonButton_LoadProfile_clicked"

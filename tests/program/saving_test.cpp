@@ -82,7 +82,7 @@ protected:
 
 TEST_F(Saving, WritesOneProgramByteForByte)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
     EXPECT_EQ(hex(save(L"A")), hex(expected({L"One"}, u"A")));
@@ -158,7 +158,7 @@ TEST_F(Saving, KeepsAnExistingFileAsItIs)
     wendlow_.enter_name(L"A");
     wendlow_.press_name_ok();
     choose_existing_file(wendlow_.process_id(), file(), Overwrite::kYes);
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     boxes.expect_boxes({{L"information", L"File already exists"}});
     wendlow_.wait_until_idle();
     EXPECT_EQ(hex(read_file(file())), hex(before));
@@ -181,7 +181,7 @@ TEST_F(Saving, ProposesANameAndAddsTheEndingOfTextFiles)
 
 TEST_F(Saving, WritesNothingWhenTheSaveDialogIsCancelled)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
     wendlow_.press_create_profile();
@@ -198,7 +198,7 @@ TEST_F(Saving, WritesNothingWhenTheSaveDialogIsCancelled)
 
 TEST_F(Saving, AsksForATickedRowFirst)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     const RemoteListView list = wendlow_.scan();
     bring_to_front(wendlow_.list_window());
@@ -227,7 +227,7 @@ TEST_F(Saving, TakesPlacesFromModifyCell)
 
 TEST_F(Saving, RefusesAnEmptyName)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
     wendlow_.press_create_profile();
@@ -242,7 +242,7 @@ TEST_F(Saving, RefusesAnEmptyName)
 
 TEST_F(Saving, LeavesNoFileWhenTheNameIsCancelled)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
     wendlow_.press_create_profile();
@@ -292,7 +292,7 @@ TEST_F(Saving, TypingANameStopsAtTheVisibleWidth)
 
 TEST_F(Saving, SecondCreateProfileAsksAnew)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     show(L"Two", 220, 230, 400, 300);
     scan_and_tick({L"One"});
@@ -311,7 +311,7 @@ TEST_F(Saving, SecondCreateProfileAsksAnew)
 
 TEST_F(Saving, NameWindowGoesWithTheList)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
     wendlow_.press_create_profile();
@@ -324,7 +324,7 @@ TEST_F(Saving, NameWindowGoesWithTheList)
 // What another program may send to the list is no name of a profile.
 TEST_F(Saving, TakesNamesFromItsOwnWindowOnly)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
     wchar_t name[] = L"stranger";
@@ -346,7 +346,7 @@ TEST_F(Saving, TakesNamesFromItsOwnWindowOnly)
 
 TEST_F(Saving, LoadsBackWhatWasSaved)
 {
-    const BoxWatcher boxes(wendlow_.process_id());
+    const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"Middle", 420, 130, 400, 300);
     show(L"Left above", -40, -15, 410, 310);
     show(L"Minimised", 300, 300, 400, 300);

@@ -95,9 +95,10 @@ void press(const SeenBox& box, int button)
                      reinterpret_cast<LPARAM>(control));
 }
 
-std::string describe(const std::wstring& title, const std::wstring& text)
+template <typename Box> std::string describe(const Box& box)
 {
-    return "[" + printable(title) + "]\n" + printable(text) + "\n";
+    return "[" + printable(box.title) + "]" + (box.has_icon ? " with an icon" : "") + "\n" +
+           printable(box.text) + "\n";
 }
 
 } // namespace
@@ -189,7 +190,10 @@ private:
     HANDLE thread_ = nullptr;
 };
 
-BoxWatcher::BoxWatcher(DWORD process_id) : watching_(std::make_unique<Watching>(process_id)) {}
+BoxWatcher::BoxWatcher(DWORD process_id, std::function<void()> settle)
+    : watching_(std::make_unique<Watching>(process_id)), settle_(std::move(settle))
+{
+}
 
 BoxWatcher::~BoxWatcher() = default;
 
@@ -251,6 +255,7 @@ SeenBox BoxWatcher::wait_for_box(std::size_t index, unsigned milliseconds) const
 void BoxWatcher::expect_boxes(const std::vector<ExpectedBox>& expected, unsigned milliseconds) const
 {
     becomes_true([&] { return count() >= expected.size(); }, milliseconds);
+    settle_();
     const std::string differs = difference(boxes(), expected);
     if (!differs.empty())
         ADD_FAILURE() << differs;
@@ -261,26 +266,38 @@ void BoxWatcher::expect_no_boxes() const
     expect_boxes({});
 }
 
+std::wstring text_of_system(DWORD code)
+{
+    wchar_t text[512]{};
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
+                   MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), text, 512, nullptr);
+    return text;
+}
+
+ExpectedBox system_error_box(DWORD code)
+{
+    return {L"GetLastError", text_of_system(code), true};
+}
+
 std::string difference(const std::vector<SeenBox>& seen, const std::vector<ExpectedBox>& expected)
 {
     const std::size_t both = std::min(seen.size(), expected.size());
     for (std::size_t i = 0; i < both; ++i)
-        if (seen[i].title != expected[i].title || seen[i].text != expected[i].text)
-            return "message box " + std::to_string(i + 1) + " differs; expected\n" +
-                   describe(expected[i].title, expected[i].text) + "seen\n" +
-                   describe(seen[i].title, seen[i].text);
+        if (seen[i].title != expected[i].title || seen[i].text != expected[i].text ||
+            seen[i].has_icon != expected[i].has_icon)
+            return "message box " + std::to_string(i + 1) + " differs; expected\n" + describe(expected[i]) +
+                   "seen\n" + describe(seen[i]);
     if (seen.size() > both)
-        return "message box " + std::to_string(both + 1) + " was not expected:\n" +
-               describe(seen[both].title, seen[both].text);
+        return "message box " + std::to_string(both + 1) + " was not expected:\n" + describe(seen[both]);
     if (expected.size() > both)
         return "message box " + std::to_string(both + 1) + " was not shown; expected\n" +
-               describe(expected[both].title, expected[both].text);
+               describe(expected[both]);
     return {};
 }
 
 void PrintTo(const SeenBox& box, std::ostream* out)
 {
-    *out << describe(box.title, box.text);
+    *out << describe(box);
 }
 
 } // namespace test_support

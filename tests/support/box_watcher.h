@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <ostream>
@@ -27,7 +28,12 @@ struct SeenBox {
 struct ExpectedBox {
     std::wstring title;
     std::wstring text;
+    bool has_icon = false;
 };
+
+// What the system says of an error code, and the box in which the program shows it.
+std::wstring text_of_system(DWORD code);
+ExpectedBox system_error_box(DWORD code);
 
 // Watches the message boxes of one process from a thread of its own, records each and answers it.
 // File dialogs, which are of the same window class, and the questions they ask are left alone. In the process
@@ -35,8 +41,10 @@ struct ExpectedBox {
 class BoxWatcher
 {
 public:
-    // Without an argument: the boxes of this process.
-    explicit BoxWatcher(DWORD process_id = GetCurrentProcessId());
+    // Without an argument: the boxes of this process. `settle` returns when the process has nothing left to
+    // do; a program that is driven from outside may have yet another box to show.
+    explicit BoxWatcher(
+        DWORD process_id = GetCurrentProcessId(), std::function<void()> settle = [] {});
     ~BoxWatcher();
     BoxWatcher(const BoxWatcher&) = delete;
     BoxWatcher& operator=(const BoxWatcher&) = delete;
@@ -63,14 +71,15 @@ public:
     // Waits for the box of that index (0 = the first since the last forget()) and returns it.
     SeenBox wait_for_box(std::size_t index, unsigned milliseconds = kShortWait) const;
 
-    // Waits until at least that many boxes have been seen, then fails the test (readably, without
-    // ending it) unless exactly these boxes were seen in this order.
+    // Waits until at least that many boxes have been seen and the process has settled, then fails the test
+    // (readably, without ending it) unless exactly these boxes were seen in this order.
     void expect_boxes(const std::vector<ExpectedBox>& expected, unsigned milliseconds = kShortWait) const;
     void expect_no_boxes() const;
 
 private:
     class Watching;
     std::unique_ptr<Watching> watching_;
+    std::function<void()> settle_;
 };
 
 // The same comparison for use in assertions: an empty string when equal, else what differs.

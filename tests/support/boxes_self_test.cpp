@@ -27,13 +27,11 @@ TEST(BoxWatcher, TellsTitleTextIconOwnerAndButtonsAndPressesTheChosenOne)
     DestroyWindow(owner);
 
     boxes.expect_boxes(
-        {{L"question", L"yes?"}, {L"GetLastError", L"line one\nline two"}, {L"", L"one button"}});
+        {{L"question", L"yes?"}, {L"GetLastError", L"line one\nline two", true}, {L"", L"one button"}});
     const std::vector<SeenBox> seen = boxes.boxes();
     EXPECT_EQ(seen[0].owner, owner);
-    EXPECT_FALSE(seen[0].has_icon);
     EXPECT_EQ(seen[0].buttons, (std::vector<int>{IDYES, IDNO}));
     EXPECT_EQ(seen[1].owner, nullptr);
-    EXPECT_TRUE(seen[1].has_icon);
     EXPECT_EQ(seen[2].buttons, (std::vector<int>{IDOK}));
 }
 

@@ -1,5 +1,7 @@
 #include "tests/support/wendlow_process.h"
 
+#include <gtest/gtest.h>
+
 #include <shlobj.h>
 
 #include <cstring>
@@ -113,12 +115,23 @@ WendlowProcess::~WendlowProcess()
         if (WaitForSingleObject(process_, kShortWait) != WAIT_OBJECT_0)
             terminate_process(process_id_);
     }
+    if (crashed())
+        ADD_FAILURE() << "the program crashed";
     CloseHandle(process_);
 }
 
 bool WendlowProcess::is_running() const
 {
     return WaitForSingleObject(process_, 0) == WAIT_TIMEOUT;
+}
+
+bool WendlowProcess::crashed() const
+{
+    // A process that an exception ends has its code for exit code, an error of the highest severity.
+    constexpr DWORD kSeverity_error = 0xC0000000;
+    DWORD code = 0;
+    return !is_running() && GetExitCodeProcess(process_, &code) &&
+           (code & kSeverity_error) == kSeverity_error;
 }
 
 DWORD WendlowProcess::close_and_wait(unsigned milliseconds)
@@ -147,7 +160,15 @@ void WendlowProcess::send_command(int id) const
     PostMessageW(main_window_, WM_COMMAND, MAKEWPARAM(id, 0), 0);
 }
 
-void WendlowProcess::wait_until_idle(unsigned milliseconds) const
+BoxWatcher WendlowProcess::watch_boxes() const
+{
+    return BoxWatcher(process_id_, [this] {
+        if (is_running())
+            wait_until_idle();
+    });
+}
+
+bool WendlowProcess::takes_its_turn(unsigned milliseconds) const
 {
     // Posted messages are handled in order. The data word of an Action entry, of which the program
     // makes no use, tells when the one posted here has had its turn.
@@ -155,11 +176,26 @@ void WendlowProcess::wait_until_idle(unsigned milliseconds) const
     const HWND marked = action_combo();
     const DWORD_PTR mark = ++marks;
     PostMessageW(marked, CB_SETITEMDATA, 0, static_cast<LPARAM>(mark));
-    wait_until(
+    return becomes_true(
         [&] {
             DWORD_PTR seen = 0;
-            return SendMessageTimeoutW(marked, CB_GETITEMDATA, 0, 0, SMTO_NORMAL, 100, &seen) &&
-                   seen == mark && !shows_dialog(process_id_);
+            return SendMessageTimeoutW(marked, CB_GETITEMDATA, 0, 0, SMTO_NORMAL, 100, &seen) && seen == mark;
+        },
+        milliseconds);
+}
+
+void WendlowProcess::wait_until_idle(unsigned milliseconds) const
+{
+    // A dialog handles posted messages too, and one may come and go within a turn. Two turns without any
+    // before and after them are taken for the program's own.
+    constexpr int kTurns = 2;
+    int turns = 0;
+    wait_until(
+        [&] {
+            const bool quiet =
+                !shows_dialog(process_id_) && takes_its_turn(milliseconds) && !shows_dialog(process_id_);
+            turns = quiet ? turns + 1 : 0;
+            return turns == kTurns;
         },
         milliseconds, "the program to be idle");
 }

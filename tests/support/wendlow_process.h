@@ -6,13 +6,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/box_watcher.h"
 #include "tests/support/remote_list_view.h"
 #include "tests/support/waiting.h"
 
 // The program under test as a process of its own, worked from outside. A routine that presses
 // something does not wait for what follows, as the program may be inside a modal box; routines that
-// name a result ("wait_for_...", "load_profile") do. Message boxes are not answered here: keep a
-// BoxWatcher on process_id() beside it.
+// name a result ("wait_for_...", "load_profile") do. Message boxes are answered only by a watcher, which
+// watch_boxes() makes.
 
 namespace test_support
 {
@@ -25,7 +26,8 @@ class WendlowProcess
 public:
     // Starts the program and waits for its main window.
     WendlowProcess();
-    // Closes the main window; ends the process when it does not end by itself within 5 s.
+    // Closes the main window; ends the process when it does not end by itself within 5 s. A program that
+    // has crashed fails the test.
     ~WendlowProcess();
     WendlowProcess(const WendlowProcess&) = delete;
     WendlowProcess& operator=(const WendlowProcess&) = delete;
@@ -33,6 +35,7 @@ public:
     DWORD process_id() const { return process_id_; }
     HANDLE process() const { return process_; }
     bool is_running() const;
+    bool crashed() const;
     // Closes the main window and waits for the end.
     DWORD close_and_wait(unsigned milliseconds = kShortWait);
     // Waits for the end and returns the exit code.
@@ -55,9 +58,13 @@ public:
     void press_apply() const { press(apply_button()); }
     void choose_about() const { send_command(9); }
 
+    // Answers and records the boxes of the program. Its expect_boxes() waits until the program is idle, so it
+    // sees a box too many as well; with a dialog left open on purpose use wait_for_box() and boxes().
+    BoxWatcher watch_boxes() const;
+
     // Waits until what was posted to the program so far is done and no dialog of it is on the screen.
     // A box that a command shows half-way, and a BoxWatcher answers, may end this wait early: wait for
-    // the box, or for what the command does last, instead.
+    // the box, or for what the command does last, as well.
     void wait_until_idle(unsigned milliseconds = kLongWait) const;
 
     // List of Windows.
@@ -108,6 +115,9 @@ public:
     void apply(const std::wstring& action) const;
 
 private:
+    // Whether the program handles what is posted to it now, in whichever message loop it is.
+    bool takes_its_turn(unsigned milliseconds) const;
+
     HANDLE process_ = nullptr;
     DWORD process_id_ = 0;
     HWND main_window_ = nullptr;

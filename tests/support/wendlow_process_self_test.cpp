@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/box_watcher.h"
@@ -34,7 +35,7 @@ TEST(WendlowProcess, StartsAndClosesTheProgram)
 TEST(WendlowProcess, ShowsBoxesToAWatcher)
 {
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.choose_about();
     const SeenBox about = boxes.wait_for_box(0);
     EXPECT_EQ(about.title, L"About");
@@ -83,7 +84,7 @@ TEST(WendlowProcess, SavesAProfile)
     fixtures.start(L"saved");
     const TemporaryFolder folder;
     const WendlowProcess wendlow;
-    const BoxWatcher boxes(wendlow.process_id());
+    const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.scan();
     wendlow.tick(L"Fixture");
     wendlow.press_create_profile();
@@ -111,7 +112,7 @@ TEST(WendlowProcess, LoadsAProfileThroughTheDialogAndAppliesAnAction)
     const TemporaryFolder folder;
     const std::wstring profile = saved_profile(fixtures, folder);
     const WendlowProcess wendlow;
-    BoxWatcher boxes(wendlow.process_id());
+    BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.load_profile(profile);
     EXPECT_EQ(wendlow.combo_texts(wendlow.profile_combo()), (Texts{L"profile1"}));
     EXPECT_EQ(wendlow.combo_shown_text(wendlow.profile_combo()), L"profile1");
@@ -141,6 +142,27 @@ TEST(WendlowProcess, IsEndedEvenWhenADialogIsOpen)
         wait_for_file_dialog(process_id);
     }
     EXPECT_FALSE(is_process_running(process_id));
+}
+
+// Called as if the thread started there; nothing can be.
+void crash(const WendlowProcess& wendlow)
+{
+    const HANDLE thread = CreateRemoteThread(
+        wendlow.process(), nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(0x10), nullptr, 0, nullptr);
+    wendlow.wait_for_exit();
+    CloseHandle(thread);
+}
+
+TEST(WendlowProcess, FailsTheTestWhenItCrashes)
+{
+    EXPECT_NONFATAL_FAILURE(
+        {
+            const WendlowProcess wendlow;
+            EXPECT_FALSE(wendlow.crashed());
+            crash(wendlow);
+            EXPECT_TRUE(wendlow.crashed());
+        },
+        "the program crashed");
 }
 
 TEST(WendlowProcess, CanBeWorkedWithTheMouse)

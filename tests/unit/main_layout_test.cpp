@@ -82,21 +82,6 @@ void expect_picture(const STR_GeomLt& geometry, const Picture& expected)
     EXPECT_EQ(geometry.pt_label_X.y, expected.label_x.height);
 }
 
-TEST(MainLayout, SetsItsFractionsAndGap)
-{
-    STR_GeomLt geometry{};
-    set_layout_constants(&geometry);
-    EXPECT_EQ(geometry.f_initial_width, 0.4F);
-    EXPECT_EQ(geometry.f_initial_height, 0.45F);
-    EXPECT_EQ(geometry.f_Scan_height, 0.035F);
-    EXPECT_EQ(geometry.f_Scan_width, 0.06F);
-    EXPECT_EQ(geometry.f_LoadProfile_height, 0.035F);
-    EXPECT_EQ(geometry.f_LoadProfile_width, 0.06F);
-    EXPECT_EQ(geometry.f_frame_height, 0.85F);
-    EXPECT_EQ(geometry.f_frame_width, 0.7F);
-    EXPECT_EQ(geometry.i_gap, 5);
-}
-
 TEST(MainLayout, OpensAtFourTenthsByNineTwentiethsOfTheScreen)
 {
     struct Row {

@@ -62,16 +62,6 @@ TEST(ModifyCellLayout, PlacesControlsAndLabels)
     }
 }
 
-TEST(ModifyCellLayout, NumbersItsControlsInTabOrder)
-{
-    EXPECT_EQ(MODIFY_CELL_X, 0U);
-    EXPECT_EQ(MODIFY_CELL_Y, 1U);
-    EXPECT_EQ(MODIFY_CELL_WIDTH, 2U);
-    EXPECT_EQ(MODIFY_CELL_HEIGHT, 3U);
-    EXPECT_EQ(MODIFY_CELL_OK, 4U);
-    EXPECT_EQ(MODIFY_CELL_CANCEL, 5U);
-}
-
 TEST(ModifyCellRules, ConvertsTheNumberThatLeads)
 {
     struct Case {

@@ -193,17 +193,4 @@ TEST(ProfileFileExtent, TakesWhatReadersAlwaysTook)
     expect_fault(fault_of(ProfileEncoder(good).add({.flag = 77, .path = u"e"}).bytes()), Field::NONE, 0);
 }
 
-TEST(ProfileFileExtent, NamesFieldsForTheUser)
-{
-    EXPECT_STREQ(profile_file::name_of_field(Field::NONE), "");
-    EXPECT_STREQ(profile_file::name_of_field(Field::COUNT), "number of windows");
-    EXPECT_STREQ(profile_file::name_of_field(Field::FLAG), "kind flag");
-    EXPECT_STREQ(profile_file::name_of_field(Field::X), "x");
-    EXPECT_STREQ(profile_file::name_of_field(Field::Y), "y");
-    EXPECT_STREQ(profile_file::name_of_field(Field::WIDTH), "width");
-    EXPECT_STREQ(profile_file::name_of_field(Field::HEIGHT), "height");
-    EXPECT_STREQ(profile_file::name_of_field(Field::PATH_LENGTH), "path length");
-    EXPECT_STREQ(profile_file::name_of_field(Field::PATH), "path");
-}
-
 } // namespace

@@ -1,4 +1,4 @@
-#include "sources/main_prg/main_window.h"
+#include <windows.h>
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@
 
 #include <string>
 
+#include "tests/control/main_desk.h"
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/folder_windows_script.h"
@@ -16,41 +17,10 @@
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
+using main_tests::MainWindow;
 
 namespace
 {
-
-// The main window in this process.
-class MainWindow
-{
-public:
-    MainWindow()
-    {
-        WNDCLASSEXW main_class{};
-        main_class.cbSize = sizeof main_class;
-        main_class.lpfnWndProc = WndProc;
-        main_class.hInstance = GetModuleHandleW(nullptr);
-        main_class.lpszMenuName = L"menu_main";
-        main_class.lpszClassName = L"prg_wnds_layout";
-        RegisterClassExW(&main_class);
-        window = CreateWindowExW(0, L"prg_wnds_layout", L"Wendlow", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 50,
-                                 60, 700, 500, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    }
-    ~MainWindow()
-    {
-        DestroyWindow(window);
-        // A message box would not come up any more with the end of the program waiting in the queue.
-        MSG message;
-        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-    }
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
-
-    void menu_command(WORD id) const { SendMessageW(window, WM_COMMAND, id, 0); }
-    HWND control(int id) const { return GetDlgItem(window, id); }
-
-    HWND window;
-};
 
 std::wstring compact(const std::wstring& line, const std::wstring& detail, const std::wstring& handler)
 {
@@ -257,7 +227,7 @@ TEST(MainWindow, ReportsAFailedScan)
     const MainWindow main;
     const FailingImport<"EnumWindows", decltype(EnumWindows)> fails("user32.dll", kEveryCall, FALSE, 87);
     const BoxWatcher boxes;
-    SendMessageW(main.window, WM_COMMAND, 1, reinterpret_cast<LPARAM>(main.control(1)));
+    main.press(1);
     ASSERT_EQ(boxes.count(), 2u);
     EXPECT_EQ(boxes.boxes()[1].title, L"error");
     EXPECT_EQ(boxes.boxes()[1].text,
@@ -297,10 +267,10 @@ TEST(MainWindow, TakesEverythingDownWhenItCloses)
         // Sets the two areas of the store up; the dialog is cancelled.
         const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,
                                                                                 FALSE, 0);
-        SendMessageW(main.window, WM_COMMAND, 2, reinterpret_cast<LPARAM>(main.control(2)));
+        main.press(2);
         ASSERT_EQ(cancelled.calls(), 1);
     }
-    SendMessageW(main.window, WM_COMMAND, 1, reinterpret_cast<LPARAM>(main.control(1)));
+    main.press(1);
     const HWND list = hwnd_ScanListView;
     ASSERT_NE(list, nullptr);
     int released = 0;

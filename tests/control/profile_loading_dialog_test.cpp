@@ -25,7 +25,7 @@ constexpr wchar_t kNotOpened[] =
 
 } // namespace
 
-TEST(ProfileLoading, AsksForAFileWithTheGivenSettings)
+TEST(ProfileLoading, AsksForAFileThatExists)
 {
     ProfileDesk desk;
     wchar_t current[MAX_PATH] = {};

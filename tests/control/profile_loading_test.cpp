@@ -278,7 +278,7 @@ TEST(ProfileLoading, ReportsMemoryThatIsNotThere)
     EXPECT_EQ(desk.store.uiN_loaded_prfls, 0u);
 }
 
-TEST(ProfileLoading, TakesItsWorkingMemoryInTheGivenOrderAndGivesItBack)
+TEST(ProfileLoading, TakesItsWorkingMemoryInOneOrderAndGivesItBack)
 {
     ProfileDesk desk;
     RecordedFolderStarts starts;

@@ -178,9 +178,7 @@ TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
         const Releases releases("kernel32.dll", -1, TRUE, 0);
         BoxWatcher boxes;
         enter_name(name, L"x");
-        const auto seen = boxes.boxes();
-        ASSERT_FALSE(seen.empty());
-        EXPECT_EQ(difference({seen.front()}, {not_written_box(L"112")}), "");
+        boxes.expect_boxes({not_written_box(L"112")});
         EXPECT_FALSE(file_exists(path));
         EXPECT_EQ(releases.calls(), 8);
     }
@@ -189,9 +187,7 @@ TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
                                                                               ERROR_WRITE_FAULT);
     BoxWatcher boxes;
     enter_name(name, L"x");
-    const auto seen = boxes.boxes();
-    ASSERT_FALSE(seen.empty());
-    EXPECT_EQ(difference({seen.front()}, {not_written_box(L"29")}), "");
+    boxes.expect_boxes({not_written_box(L"29")});
     EXPECT_FALSE(file_exists(path));
 }
 
@@ -204,13 +200,9 @@ TEST(ProfileSaving, SaysThatAFileCannotBeCreated)
     AnsweredSaveDialog dialog(folder.file(L"no folder\\x.txt"));
     BoxWatcher boxes;
     enter_name(name, L"x");
-    const auto seen = boxes.boxes();
-    ASSERT_FALSE(seen.empty());
-    EXPECT_EQ(
-        difference({seen.front()}, {arrival_box(1983, 2087,
-                                                L"file of profile was not created, profile is not saved\n"
-                                                L"GetLastError = 3 <- CreateFile()")}),
-        "");
+    boxes.expect_boxes({arrival_box(1983, 2087,
+                                    L"file of profile was not created, profile is not saved\n"
+                                    L"GetLastError = 3 <- CreateFile()")});
 }
 
 TEST(ProfileSaving, ReportsAWriterThatRefusesAndAnswersFalse)

@@ -11,11 +11,11 @@
 
 #include "errors/error_box.h"
 #include "sources/funcs_layout_windows/launching.h"
-#include "sources/main_prg/main_window.h"
 #include "sources/wnd_ProfileName/wnd_ProfileName.h"
 #include "sources/wnd_ScanListView/create_profile.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "tests/control/main_desk.h"
 #include "tests/control/profile_desk.h"
 #include "tests/control/saved_profile_desk.h"
 #include "tests/control/scan_desk.h"
@@ -25,6 +25,7 @@
 // Reports of failures that hardly ever happen: each is brought about here, and shown with its whole text.
 
 using namespace test_support;
+using main_tests::MainWindow;
 using profile_tests::compact_text;
 using profile_tests::gap_text;
 using profile_tests::handler_first_text;
@@ -50,40 +51,6 @@ private:
         "user32.dll", [this](int which) {
             return which == SM_CXSCREEN || which == SM_CYSCREEN ? 8 : metrics_.call_original(which);
         }};
-};
-
-// The main window in this process.
-class MainWindow
-{
-public:
-    MainWindow()
-    {
-        WNDCLASSEXW main_class{};
-        main_class.cbSize = sizeof main_class;
-        main_class.lpfnWndProc = WndProc;
-        main_class.hInstance = GetModuleHandleW(nullptr);
-        main_class.lpszClassName = L"prg_wnds_layout";
-        RegisterClassExW(&main_class);
-        window = CreateWindowExW(0, L"prg_wnds_layout", L"Wendlow", WS_OVERLAPPEDWINDOW, 50, 60, 700, 500,
-                                 nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    }
-    ~MainWindow()
-    {
-        DestroyWindow(window);
-        MSG message;
-        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
-    }
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
-
-    // Presses Load Profile.
-    void press_load_profile() const
-    {
-        SendMessageW(window, WM_COMMAND, 2, reinterpret_cast<LPARAM>(GetDlgItem(window, 2)));
-    }
-    LRESULT profiles() const { return SendMessageW(GetDlgItem(window, 4), CB_GETCOUNT, 0, 0); }
-
-    HWND window;
 };
 
 // An open dialog that is answered with a path, or cancelled with an empty one.
@@ -167,7 +134,7 @@ TEST(RareReports, LoadCommandTellsTheResultOfAFailedLoad)
     const TemporaryFolder folder;
     const AnsweredOpenDialog dialog(folder.path());
     const BoxWatcher boxes;
-    main.press_load_profile();
+    main.press(2);
     boxes.expect_boxes(
         {{L"error",
           gap_text({kLayoutFile, L"onButton_LoadProfile_clicked", 5570, 7095},
@@ -185,14 +152,14 @@ TEST(RareReports, LoadCommandGoesOnWithoutItsStore)
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr,
                                                                       ERROR_NOT_ENOUGH_MEMORY);
     const BoxWatcher boxes;
-    main.press_load_profile();
+    main.press(2);
     const std::vector<ExpectedBox> expected{
         {L"error", handler_first_text({kLayoutFile, L"preInitOnce_onLoadProfile", 4539, 4613},
                                       L"\nerror <- VirtualAlloc()")},
         {L"error", L"WndProc, WM_COMMAND, error <- preInitOnce_onLoadProfile()"}};
     boxes.expect_boxes(expected);
     EXPECT_EQ(boxes.boxes().at(1).owner, nullptr);
-    main.press_load_profile(); // one attempt only
+    main.press(2); // one attempt only
     boxes.expect_boxes(expected);
 }
 

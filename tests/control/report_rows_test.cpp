@@ -109,7 +109,7 @@ const ShownBy kShownBy[] = {
     {&errors_profiles, 5087, "LoadedProfiles.WarnWhenAFileIsTooShortToHoldAName"},
     {&errors_profiles, 5131, "LoadedProfiles.WarnWhenAFileIsTooShortToHoldAName"},
     {&errors_profiles, 5470, "ProfileLoading.RefusesMissingArgumentsNamingThem"},
-    {&errors_profiles, 5521, "ProfileLoading.AsksForAFileWithTheGivenSettings"},
+    {&errors_profiles, 5521, "ProfileLoading.AsksForAFileThatExists"},
     {&errors_profiles, 5570, "DroppedFiles.CannotBeAFolder"},
     {&errors_profiles, 5581, "DroppedFiles.AreCreatedEmptyAndRefusedWhenTheyAreGone"},
     {&errors_profiles, 5601, "ProfileLoading.RefusesEveryBadFileWithItsBoxAndStartsNothing"},

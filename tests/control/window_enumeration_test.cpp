@@ -259,7 +259,7 @@ TEST(WindowEnumeration, RefusesARecordWithAMissingBlock)
     scan_record = kept;
 }
 
-TEST(WindowEnumeration, AsksForTitlesWithAnEndAndForTheGivenLengths)
+TEST(WindowEnumeration, AsksForTitlesOfLimitedLengthAndNotForever)
 {
     ScanDesk desk;
     const DeskWindow window(L"window");

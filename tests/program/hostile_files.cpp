@@ -5,37 +5,27 @@
 #include <random>
 #include <set>
 
+#include "tests/program/loading_boxes.h"
 #include "tests/support/profile_encoder.h"
-#include "tests/support/text.h"
 
 namespace hostile
 {
 
+using program_tests::empty_file_box;
+using program_tests::no_windows_box;
+using program_tests::past_end_box;
+using program_tests::signature_box;
+using program_tests::too_short_box;
 using test_support::Bytes;
-using test_support::bytes_as_wide;
-using test_support::ExpectedBox;
 
 namespace
 {
 
 constexpr std::array<std::uint8_t, 3> kSignature{0x00, 0x07, 0x0C};
 
-ExpectedBox load_box(int line, int handler, const std::wstring& detail)
-{
-    return {L"error",
-            L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nonButton_LoadProfile_clicked\n\n"
-            L"line:\n" +
-                std::to_wstring(line) + L"\n\n" + detail + L"\n\nline of error handler:\n" +
-                std::to_wstring(handler)};
-}
-
 Refusal past_end(std::uint64_t entry, const std::wstring& field)
 {
-    return {-11,
-            load_box(5713, 7294,
-                     L"error, file is damaged: data of profile run past end of file\nentry = " +
-                         std::to_wstring(entry) + L", field = " + field),
-            false, false};
+    return {-11, past_end_box(entry, field), false, false};
 }
 
 std::uint32_t number_at(const Bytes& file, std::size_t offset)
@@ -223,24 +213,15 @@ void add_random_damage(Collection* all, const Bytes& good, std::size_t wanted)
 std::optional<Refusal> refusal_of(const Bytes& file)
 {
     if (file.empty())
-        return Refusal{
-            -3,
-            load_box(5581, 7117,
-                     L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )"),
-            true, false};
+        return Refusal{-3, empty_file_box(), true, false};
     if (file.size() < kSignature.size())
-        return Refusal{
-            -4, load_box(5601, 7139, L"one of callable functions returned error: error <- SetFilePointer( )"),
-            true, false};
+        return Refusal{-4, too_short_box(), true, false};
     if (!std::equal(kSignature.begin(), kSignature.end(), file.end() - kSignature.size()))
-        return Refusal{-6, load_box(5629, 7183, L"invalid type of file, signature doesn't coincide"), true,
-                       false};
+        return Refusal{-6, signature_box(), true, false};
     if (file.size() < 4)
         return past_end(0, L"number of windows");
     if (number_at(file, 0) == 0)
-        return Refusal{
-            -10, load_box(5701, 7272, L"error, 0 == number of windows in profile (data read from file)"),
-            false, true};
+        return Refusal{-10, no_windows_box(), false, true};
     return extent_refusal_of(file);
 }
 
@@ -255,22 +236,6 @@ std::vector<HostileFile> hostile_files(const std::u16string& program)
     add_signatures(&all, good);
     add_random_damage(&all, good, 40);
     return all.files;
-}
-
-ExpectedBox command_box(std::int32_t result)
-{
-    return {L"error", L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n951\n\none of callable "
-                      L"functions returned error onButton_LoadProfile_clicked(), RetCode = " +
-                          std::to_wstring(result) + L"\nline of error handler:1269"};
-}
-
-ExpectedBox drop_box()
-{
-    return {
-        bytes_as_wide("error"),
-        bytes_as_wide("error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\non_wm_dropfiles\n\nline:\n"
-                      "9168\n\nerror, one of callable functions returned error, "
-                      "onButton_LoadProfile_clicked()\n\nline of error handler:\n9273")};
 }
 
 } // namespace hostile

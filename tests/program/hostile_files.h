@@ -34,9 +34,4 @@ struct HostileFile {
 // All of them are refused; were one taken, it would start `program`. The same ones each time.
 std::vector<HostileFile> hostile_files(const std::u16string& program);
 
-// The box of the main window that follows the one of the Load Profile command.
-test_support::ExpectedBox command_box(std::int32_t result);
-// The box that follows it after a drop.
-test_support::ExpectedBox drop_box();
-
 } // namespace hostile

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "tests/program/hostile_files.h"
+#include "tests/program/loading_boxes.h"
 #include "tests/support/counters.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/profile_encoder.h"
@@ -141,7 +142,7 @@ TEST_F(HostileFiles, AreRefusedOneByOneWithTheirBoxesAndLeaveNothingBehind)
         boxes.forget();
         paths.push_back(write(file));
         wendlow_.drop_files({paths.back()});
-        boxes.expect_boxes({file.refusal.box, hostile::drop_box()});
+        boxes.expect_boxes({file.refusal.box, program_tests::drop_box()});
         wendlow_.wait_until_idle();
         ASSERT_FALSE(HasFailure());
         ++results[file.refusal.result];
@@ -176,7 +177,7 @@ TEST_F(HostileFiles, AreRefusedWithTheirResultsThroughTheOpenDialog)
         boxes.forget();
         const std::wstring path = write(file);
         wendlow_.start_load_profile(path);
-        boxes.expect_boxes({file.refusal.box, hostile::command_box(file.refusal.result)});
+        boxes.expect_boxes({file.refusal.box, program_tests::command_box(file.refusal.result)});
         wendlow_.wait_until_idle();
         EXPECT_EQ(is_held_open(path), file.refusal.keeps_handle);
         expect_lists_unchanged();

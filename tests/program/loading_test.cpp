@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/program/loading_boxes.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
@@ -12,39 +13,13 @@
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
 
+using namespace program_tests;
 using namespace test_support;
 
 namespace
 {
 
 using Texts = std::vector<std::wstring>;
-
-// The box of the load command, and the one of the main window that follows it.
-ExpectedBox load_box(const std::wstring& detail, int line, int handler)
-{
-    return {L"error",
-            L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nonButton_LoadProfile_clicked"
-            L"\n\nline:\n" +
-                std::to_wstring(line) + L"\n\n" + detail + L"\n\nline of error handler:\n" +
-                std::to_wstring(handler)};
-}
-
-ExpectedBox command_box(int result)
-{
-    return {L"error", L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n951\n\none of callable "
-                      L"functions returned error onButton_LoadProfile_clicked(), RetCode = " +
-                          std::to_wstring(result) + L"\nline of error handler:1269"};
-}
-
-// The box that follows on a drop: 8-bit text shown unconverted.
-ExpectedBox drop_box()
-{
-    return {
-        bytes_as_wide("error"),
-        bytes_as_wide("error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\non_wm_dropfiles\n\nline:\n"
-                      "9168\n\nerror, one of callable functions returned error, "
-                      "onButton_LoadProfile_clicked()\n\nline of error handler:\n9273")};
-}
 
 ExpectedBox programs_failed_box(int failed, int all)
 {
@@ -54,8 +29,6 @@ ExpectedBox programs_failed_box(int failed, int all)
                          L"\nPossible reasons:\nSome Programs were deleted, renamed or check your access "
                          L"permissions"};
 }
-
-const ExpectedBox kSignatureBox = load_box(L"invalid type of file, signature doesn't coincide", 5629, 7183);
 
 class Loading : public testing::Test
 {
@@ -278,33 +251,24 @@ TEST_F(Loading, RefusesFilesThatAreNoProfilesAndGoesOn)
 {
     const std::u16string program = units_of(fixtures_.add(L"not started"));
     const ProfileEncoder good = ProfileEncoder().add_program(20, 30, 300, 210, program).name(u"P");
-    const ExpectedBox seek =
-        load_box(L"one of callable functions returned error: error <- SetFilePointer( )", 5601, 7139);
-    const auto past_end = [](const std::wstring& field) {
-        return load_box(L"error, file is damaged: data of profile run past end of file\nentry = 0, field = " +
-                            field,
-                        5713, 7294);
-    };
     const struct {
         const char* what;
         Bytes bytes;
         ExpectedBox box;
         int result;
     } files[] = {
-        {"empty",
-         {},
-         load_box(L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )", 5581,
-                  7117),
-         -3},
-        {"1 byte", {0x0C}, seek, -4},
-        {"2 bytes", {0x07, 0x0C}, seek, -4},
-        {"first byte of the signature", ProfileEncoder(good).signature(1, 7, 12).bytes(), kSignatureBox, -6},
-        {"second byte of the signature", ProfileEncoder(good).signature(0, 8, 12).bytes(), kSignatureBox, -6},
-        {"third byte of the signature", ProfileEncoder(good).signature(0, 7, 13).bytes(), kSignatureBox, -6},
-        {"no windows", ProfileEncoder(good).declare_count(0).bytes(),
-         load_box(L"error, 0 == number of windows in profile (data read from file)", 5701, 7272), -10},
-        {"path too long", ProfileEncoder(good).declare_path_length(0, 0x10000).bytes(), past_end(L"path"),
-         -11},
+        {"empty", {}, empty_file_box(), -3},
+        {"1 byte", {0x0C}, too_short_box(), -4},
+        {"2 bytes", {0x07, 0x0C}, too_short_box(), -4},
+        {"first byte of the signature", ProfileEncoder(good).signature(1, 7, 12).bytes(), signature_box(),
+         -6},
+        {"second byte of the signature", ProfileEncoder(good).signature(0, 8, 12).bytes(), signature_box(),
+         -6},
+        {"third byte of the signature", ProfileEncoder(good).signature(0, 7, 13).bytes(), signature_box(),
+         -6},
+        {"no windows", ProfileEncoder(good).declare_count(0).bytes(), no_windows_box(), -10},
+        {"path too long", ProfileEncoder(good).declare_path_length(0, 0x10000).bytes(),
+         past_end_box(0, L"path"), -11},
     };
     int number = 0;
     for (const auto& bad : files) {
@@ -342,19 +306,15 @@ TEST_F(Loading, DropLoadsTheFirstFileOnly)
 
 TEST_F(Loading, DropOfSomethingElseIsReportedTwice)
 {
-    const ExpectedBox not_opened = load_box(
-        L"one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()", 5570, 7095);
-    const ExpectedBox empty =
-        load_box(L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )", 5581, 7117);
     const std::wstring missing = folder_.file(L"missing.txt");
     const struct {
         const char* what;
         std::wstring path;
         ExpectedBox box;
     } drops[] = {
-        {"no profile", file(L"text.txt", {'t', 'e', 'x', 't'}), kSignatureBox},
-        {"a folder", folder_.path(), not_opened},
-        {"a file that does not exist", missing, empty},
+        {"no profile", file(L"text.txt", {'t', 'e', 'x', 't'}), signature_box()},
+        {"a folder", folder_.path(), not_opened_box()},
+        {"a file that does not exist", missing, empty_file_box()},
     };
     for (const auto& drop : drops) {
         SCOPED_TRACE(drop.what);

@@ -178,7 +178,7 @@ TEST(ProfileFileExtent, RefusesPathLengthsBeyondTheFile)
     }
 }
 
-TEST(ProfileFileExtent, TakesWhatReadersAlwaysTook)
+TEST(ProfileFileExtent, TakesWhatIsOddButWhole)
 {
     const ProfileEncoder good =
         ProfileEncoder().add_program(1, 2, 3, 4, u"ab").add_folder(5, 6, 7, 8, u"cd").name(u"n");

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <windows.h>
+
+#include "sources/main_prg/main_window.h"
+
+namespace main_tests
+{
+
+// The main window in this process.
+class MainWindow
+{
+public:
+    MainWindow()
+    {
+        WNDCLASSEXW main_class{};
+        main_class.cbSize = sizeof main_class;
+        main_class.lpfnWndProc = WndProc;
+        main_class.hInstance = GetModuleHandleW(nullptr);
+        main_class.lpszMenuName = L"menu_main";
+        main_class.lpszClassName = L"prg_wnds_layout";
+        RegisterClassExW(&main_class);
+        window = CreateWindowExW(0, L"prg_wnds_layout", L"Wendlow", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 50,
+                                 60, 700, 500, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    }
+    ~MainWindow()
+    {
+        DestroyWindow(window);
+        // A message box would not come up any more with the end of the program waiting in the queue.
+        MSG message;
+        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    }
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    void menu_command(WORD id) const { SendMessageW(window, WM_COMMAND, id, 0); }
+    HWND control(int id) const { return GetDlgItem(window, id); }
+    // Presses the button: 1 Scan, 2 Load Profile, 6 Apply.
+    void press(WORD button) const
+    {
+        SendMessageW(window, WM_COMMAND, button, reinterpret_cast<LPARAM>(control(button)));
+    }
+    LRESULT profiles() const { return SendMessageW(control(4), CB_GETCOUNT, 0, 0); }
+
+    HWND window;
+};
+
+} // namespace main_tests

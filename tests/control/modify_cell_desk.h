@@ -1,0 +1,69 @@
+#pragma once
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
+#include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
+#include "tests/control/scan_desk.h"
+
+namespace modify_cell_tests
+{
+
+using scan_tests::Desktop;
+using scan_tests::DeskWindow;
+using scan_tests::ScanDesk;
+
+using Texts = std::vector<std::wstring>;
+
+// A scan of two windows, and Modify Cell opened for a row of it.
+class ModifyCell : public testing::Test
+{
+protected:
+    ModifyCell() { desk.scan(); }
+    ~ModifyCell() override { DestroyWindow(dialog); }
+
+    void open(int row, int column = 2)
+    {
+        const STR_HitCell cell{row, column};
+        SetCursorPos(200, 150);
+        dialog = create_wnd_ModifyCell(hwnd_ScanListView, desk.list().window(), &cell);
+    }
+    HWND control(int id) const { return GetDlgItem(dialog, id); }
+    std::wstring text(int id) const
+    {
+        wchar_t buffer[400]{};
+        GetWindowTextW(control(id), buffer, 400);
+        return buffer;
+    }
+    Texts texts() const { return {text(0), text(1), text(2), text(3)}; }
+    void enter(int id, const std::wstring& value) { SetWindowTextW(control(id), value.c_str()); }
+    void press(int id)
+    {
+        SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, 0), reinterpret_cast<LPARAM>(control(id)));
+    }
+    Texts cells(int row) const
+    {
+        const Texts all = desk.list().row(row);
+        return {all.begin() + 2, all.end()};
+    }
+    static std::string entry(std::uint32_t row)
+    {
+        const STR_GeomEntry* entry = geometry_entry(&scan_record, row);
+        return std::to_string(entry->x) + "," + std::to_string(entry->y) + " " +
+               std::to_string(entry->width) + "x" + std::to_string(entry->height);
+    }
+
+    ScanDesk desk;
+    DeskWindow first{L"First", {10, 50, 310, 250}};
+    DeskWindow second{L"Second", {-20, 60, 180, 210}};
+    Desktop desktop{{first, second}};
+    HWND dialog = nullptr;
+};
+
+} // namespace modify_cell_tests

@@ -1,0 +1,75 @@
+#include "tests/program/loading_boxes.h"
+
+#include "tests/support/text.h"
+
+namespace program_tests
+{
+
+using test_support::bytes_as_wide;
+using test_support::ExpectedBox;
+
+namespace
+{
+
+ExpectedBox load_box(int line, int handler, const std::wstring& detail)
+{
+    return {L"error",
+            L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nonButton_LoadProfile_clicked\n\n"
+            L"line:\n" +
+                std::to_wstring(line) + L"\n\n" + detail + L"\n\nline of error handler:\n" +
+                std::to_wstring(handler)};
+}
+
+} // namespace
+
+ExpectedBox not_opened_box()
+{
+    return load_box(5570, 7095,
+                    L"one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()");
+}
+
+ExpectedBox empty_file_box()
+{
+    return load_box(5581, 7117,
+                    L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )");
+}
+
+ExpectedBox too_short_box()
+{
+    return load_box(5601, 7139, L"one of callable functions returned error: error <- SetFilePointer( )");
+}
+
+ExpectedBox signature_box()
+{
+    return load_box(5629, 7183, L"invalid type of file, signature doesn't coincide");
+}
+
+ExpectedBox no_windows_box()
+{
+    return load_box(5701, 7272, L"error, 0 == number of windows in profile (data read from file)");
+}
+
+ExpectedBox past_end_box(std::uint64_t entry, const std::wstring& field)
+{
+    return load_box(5713, 7294,
+                    L"error, file is damaged: data of profile run past end of file\nentry = " +
+                        std::to_wstring(entry) + L", field = " + field);
+}
+
+ExpectedBox command_box(std::int32_t result)
+{
+    return {L"error", L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n951\n\none of callable "
+                      L"functions returned error onButton_LoadProfile_clicked(), RetCode = " +
+                          std::to_wstring(result) + L"\nline of error handler:1269"};
+}
+
+ExpectedBox drop_box()
+{
+    return {
+        bytes_as_wide("error"),
+        bytes_as_wide("error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\non_wm_dropfiles\n\nline:\n"
+                      "9168\n\nerror, one of callable functions returned error, "
+                      "onButton_LoadProfile_clicked()\n\nline of error handler:\n9273")};
+}
+
+} // namespace program_tests

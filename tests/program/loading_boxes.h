@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "tests/support/box_watcher.h"
+
+// The boxes of a load that is refused.
+
+namespace program_tests
+{
+
+// The boxes of the load itself, by what is wrong with the file.
+test_support::ExpectedBox not_opened_box();
+test_support::ExpectedBox empty_file_box();
+test_support::ExpectedBox too_short_box();
+test_support::ExpectedBox signature_box();
+test_support::ExpectedBox no_windows_box();
+test_support::ExpectedBox past_end_box(std::uint64_t entry, const std::wstring& field);
+
+// The box of the main window that follows it: after the button Load Profile, and after a drop.
+test_support::ExpectedBox command_box(std::int32_t result);
+test_support::ExpectedBox drop_box(); // 8-bit text shown unconverted
+
+} // namespace program_tests

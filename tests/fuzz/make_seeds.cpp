@@ -1,5 +1,6 @@
 // Writes the seeds of profile_file_fuzzer: small files as the program writes them, and one of each kind that
-// readers take or refuse.
+// readers take or refuse. One more, saved_by_the_program, was saved by the program itself while the demo
+// was played.
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>

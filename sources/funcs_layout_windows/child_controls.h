@@ -1,4 +1,4 @@
-// Child controls and their parents' classes: what all windows of the program make in the same way.
+// Child controls and window classes: what all windows of the program make in the same way.
 #pragma once
 
 #include <windows.h>
@@ -22,6 +22,10 @@ RECT to_RECT(const PixelRect& rect);
 // What all window classes of the program have in common: redrawn as a whole when sized, arrow cursor.
 WNDCLASSEXW common_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure);
 
-// Registers the class of a window beside the main window: the system's application icon, white background, no
-// menu.
-void register_side_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure);
+// Registers the class of a window other than the main window: the system's application icon, white
+// background, no menu.
+void register_secondary_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure);
+
+// The same once per run: `registered` remembers it.
+void register_secondary_window_class_once(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure,
+                                          bool* registered);

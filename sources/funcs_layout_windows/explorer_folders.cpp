@@ -31,7 +31,7 @@ struct FolderFilling {
 bool blocks_present(const STR_ENUM_WNDS_DATA* pSTR)
 {
     return pSTR->pcDynMem_WinHndls != nullptr && pSTR->pcDynMem_FullPaths != nullptr &&
-           pSTR->arr1D_uc_flag_FP != nullptr && pSTR->arr1D_ui_LenPath != nullptr;
+           pSTR->arr1D_uc_flag_FP != nullptr;
 }
 
 bool fill_folder(HWND hwnd, std::wstring_view path, void* context)

@@ -35,7 +35,8 @@ inline constexpr std::uint32_t kImagePath_units = 2048;
 inline constexpr std::int32_t kLaunch_folder_check_failed = -15;
 inline constexpr std::int32_t kLaunch_abandoned = 2;
 
-// Runs the whole of it. The programs' process and thread handles stay open until this process ends. The
+// Starts the profile's programs and folders, finds their windows, reports what is missing and places what
+// was found. The programs' process and thread handles stay open until this process ends. The
 // thread is blocked for up to 5 s per program and 10 s for each of the two searches. The user sees an info
 // box, owned by the main window, for programs and for folders that did not start or were not found. Returns
 // 1; kLaunch_folder_check_failed after an error box, with nothing placed; kLaunch_abandoned, quietly, when

@@ -114,8 +114,8 @@ std::uint32_t count_folders(const std::uint8_t* file, std::uint32_t n_windows)
     return count;
 }
 
-// Allocates the working arrays. The launch records take as many bytes as the store has room for, whatever the
-// profile's size.
+// Allocates the working arrays. There are as many launch records as the store's handle area has bytes,
+// whatever the profile's size.
 std::int32_t allocate_working_arrays(LaunchState* launch, std::uint32_t handle_area_bytes)
 {
     const std::size_t n = launch->uiN_wnds;
@@ -160,13 +160,17 @@ void release_working_arrays(LaunchState* launch)
 void store_and_name(const LaunchState* launch, const LoadedFile* loaded, LoadedProfiles_STR* store,
                     CB_mng_STR* p_CB_Profile_mng_STR)
 {
-    if (add_profile_data_to_DynMem(store, launch->pc_arr1D_hwnd_Programs_only,
-                                   launch->pc_arr1D_hwnd_Folders_only, loaded->size_bytes, loaded->bytes,
-                                   launch->uiN_Folders, launch->uiN_Programs) < 0)
+    const std::uint32_t next = store->uiN_loaded_prfls;
+    const std::int32_t added = add_profile_data_to_DynMem(
+        store, launch->pc_arr1D_hwnd_Programs_only, launch->pc_arr1D_hwnd_Folders_only, loaded->size_bytes,
+        loaded->bytes, launch->uiN_Folders, launch->uiN_Programs);
+    if (added < 0)
         report(errors_profiles, SITE_LOAD_ADD_PROFILE);
     if (store->uiN_loaded_prfls == 0)
         return;
-    const std::uint32_t k = store->uiN_loaded_prfls - 1;
+    // 1 is appended. Below the box of a profile without a name another one may have been loaded: it is the
+    // last now.
+    const std::uint32_t k = added == 1 ? next : store->uiN_loaded_prfls - 1;
     if (CB_Profile_add_string(p_CB_Profile_mng_STR,
                               store->pc_raw_FilesProfile + store->arr1D_ui_off_PrfName_beg[k], k) < 0)
         report(errors_profiles, SITE_LOAD_ADD_NAME);

@@ -21,11 +21,19 @@ constexpr double kScanList_fraction_of_screen = 0.75;
 
 bool scan_running = false;
 
-// True when the main window was closed during the scan, which releases the record's blocks. The scan ends
-// quietly then.
+// True when the main window was closed during the scan, which releases the record's blocks.
 bool is_released(const STR_ENUM_WNDS_DATA* pSTR)
 {
     return pSTR->pcTmpBuf_Prg_Folder_Path == nullptr;
+}
+
+// Walks over the windows. 1 also when the main window was closed meanwhile: the scan ends quietly then. A
+// walk that was broken off otherwise is reported as row `failure`.
+std::int32_t enumerate_windows(WNDENUMPROC procedure, STR_ENUM_WNDS_DATA* pSTR, LayoutWindowsRow failure)
+{
+    if (EnumWindows(procedure, reinterpret_cast<LPARAM>(pSTR)) != FALSE || is_released(pSTR))
+        return 1;
+    return report(errors_layout_windows, failure);
 }
 
 // Marks a Scan as running up to the end of the scope.
@@ -46,8 +54,9 @@ std::int32_t measure_windows(STR_ENUM_WNDS_DATA* pSTR)
     pSTR->counter_folders = 0;
     pSTR->uiMaxLen_inBytes_PrgPath = 0;
     pSTR->uiMaxLen_inBytes_FolderPath = 0;
-    if (EnumWindows(EnumWindowsProc_Calc, reinterpret_cast<LPARAM>(pSTR)) == FALSE)
-        return report(errors_layout_windows, SITE_SCAN_ENUM_COUNTING);
+    const std::int32_t result = enumerate_windows(EnumWindowsProc_Calc, pSTR, SITE_SCAN_ENUM_COUNTING);
+    if (result < 0 || is_released(pSTR))
+        return result;
     GetCurrentExplorerFolders_01(pSTR);
     pSTR->uiMaxLen_inBytes_AllPath =
         std::max(pSTR->uiMaxLen_inBytes_PrgPath, pSTR->uiMaxLen_inBytes_FolderPath);
@@ -79,11 +88,10 @@ std::int32_t allocate_slots(STR_ENUM_WNDS_DATA* pSTR)
 std::int32_t fill_slots(STR_ENUM_WNDS_DATA* pSTR)
 {
     pSTR->counter_filled = 0;
-    if (EnumWindows(EnumWindowsProc_Calc_02, reinterpret_cast<LPARAM>(pSTR)) == FALSE)
-        return report(errors_layout_windows, SITE_SCAN_ENUM_FILLING);
-    if (!is_released(pSTR))
+    const std::int32_t result = enumerate_windows(EnumWindowsProc_Calc_02, pSTR, SITE_SCAN_ENUM_FILLING);
+    if (result > 0 && !is_released(pSTR))
         GetCurrentExplorerFolders_02(pSTR);
-    return 1;
+    return result;
 }
 
 void open_scan_list(HWND hwndThis, HWND* p_hwnd_ScanListView)

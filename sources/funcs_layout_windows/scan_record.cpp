@@ -32,7 +32,8 @@ bool store_path(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot, const wchar_
                 std::size_t length_units)
 {
     const std::size_t length_bytes = length_units * sizeof(wchar_t);
-    if (pSTR->pcDynMem_FullPaths == nullptr || length_bytes > pSTR->uiMaxLen_inBytes_AllPath)
+    if (pSTR->pcDynMem_FullPaths == nullptr || pSTR->arr1D_ui_LenPath == nullptr ||
+        length_bytes > pSTR->uiMaxLen_inBytes_AllPath)
         return false;
     std::uint8_t* stored = path_slot(pSTR, slot);
     std::memcpy(stored, path, length_bytes);

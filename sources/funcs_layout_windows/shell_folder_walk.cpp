@@ -76,11 +76,8 @@ bool read_folder_window(const ComPtr<IShellWindows>& shell_windows, long index, 
 
 HRESULT open_shell_windows(ShellWindowsList* list)
 {
-    const HRESULT created = CoCreateInstance(kCLSID_ShellWindows, nullptr, CLSCTX_ALL, kIID_IShellWindows,
-                                             list->windows.out_void());
-    if (list->windows)
-        list->com.take();
-    return created;
+    return CoCreateInstance(kCLSID_ShellWindows, nullptr, CLSCTX_ALL, kIID_IShellWindows,
+                            list->windows.out_void());
 }
 
 long count_shell_windows(const ShellWindowsList& list)

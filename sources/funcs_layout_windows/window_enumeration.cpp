@@ -122,8 +122,11 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
         return FALSE;
     }
     std::array<wchar_t, kTitleLimit_filling_units> title;
+    const bool qualifies = window_qualifies(hwnd, title);
     // Reading a title lets other threads' messages in; one that closes the main window releases the blocks.
-    if (!window_qualifies(hwnd, title) || !slot_blocks_present(pSTR))
+    if (!slot_blocks_present(pSTR))
+        return FALSE;
+    if (!qualifies)
         return TRUE;
     const std::uint32_t slot = pSTR->counter_filled;
     if (slot >= pSTR->counter_valid)

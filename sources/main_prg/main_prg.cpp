@@ -100,7 +100,7 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPWSTR /*l
     initialise_common_controls();
     register_main_class(hInstance);
     // The Scan command opens the list by its class name.
-    register_side_window_class(hInstance, kClass_ScanListView, WndProc_ScanListView);
+    register_secondary_window_class(hInstance, kClass_ScanListView, WndProc_ScanListView);
     const HWND hwnd = create_main_window(hInstance);
     accept_drops(hwnd);
     ShowWindow(hwnd, nShowCmd);

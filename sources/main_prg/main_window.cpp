@@ -37,7 +37,7 @@ void on_WM_PAINT(HWND hwnd, MainWindowState* state)
 void on_Scan(HWND hwnd, WPARAM wParam, LPARAM lParam)
 {
     if (is_scan_running())
-        return; // The counters below are its.
+        return; // It is using the counters below.
     scan_record.counter_all = 0;
     scan_record.counter_valid = 0;
     scan_record.counter_filled = 0;

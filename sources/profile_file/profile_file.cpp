@@ -18,8 +18,8 @@ std::uint32_t read_u32(const std::uint8_t* bytes)
 // The five arrays in file order.
 constexpr std::array<Field, 5> kArrays{Field::X, Field::Y, Field::WIDTH, Field::HEIGHT, Field::PATH_LENGTH};
 
-// The first of `count` elements of `element_bytes` bytes from `offset` on that does not lie inside
-// `size_bytes`.
+// The index of the first element of `element_bytes` bytes, counted from `offset`, that does not lie wholly
+// inside `size_bytes`.
 std::uint32_t first_outside(std::uint64_t size_bytes, std::uint64_t offset, std::uint64_t element_bytes)
 {
     return offset >= size_bytes ? 0 : static_cast<std::uint32_t>((size_bytes - offset) / element_bytes);

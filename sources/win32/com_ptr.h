@@ -30,11 +30,18 @@ private:
     T* interface_ = nullptr;
 };
 
-// A hold on COM on this thread. While it lives, whoever else initialised COM may uninitialise it.
+// A hold on COM on this thread, when it is initialised here. While it lives, whoever initialised COM may
+// uninitialise it.
 class ComHold
 {
 public:
-    ComHold() = default;
+    ComHold()
+    {
+        APTTYPE type{};
+        APTTYPEQUALIFIER qualifier{};
+        held_ = SUCCEEDED(CoGetApartmentType(&type, &qualifier)) &&
+                SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    }
     ComHold(const ComHold&) = delete;
     ComHold& operator=(const ComHold&) = delete;
     ~ComHold()
@@ -42,7 +49,6 @@ public:
         if (held_)
             CoUninitialize();
     }
-    void take() { held_ = SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)); }
 
 private:
     bool held_ = false;

@@ -9,6 +9,7 @@
 #include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/funcs_layout_windows/scan_command.h"
+#include "sources/funcs_layout_windows/scan_list_columns.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/window_class.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
@@ -44,7 +45,8 @@ constexpr std::array<ModifyCellControl, MODIFY_CELL_CONTROLS> kCreationOrder{
 
 // The labels and the list's columns, by the identifier of their edit box.
 constexpr std::array<const wchar_t*, kModifyCell_edits> kLabels{L"X", L"Y", L"Width", L"Height"};
-constexpr int kFirstColumn = 2;
+constexpr std::array<ScanListColumn, kModifyCell_edits> kColumns{COLUMN_X, COLUMN_Y, COLUMN_WIDTH,
+                                                                 COLUMN_HEIGHT};
 
 // Buttons' styles while they have the focus and while they do not.
 constexpr DWORD kButton_focused = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_CENTER | BS_DEFPUSHBUTTON;
@@ -221,7 +223,7 @@ void on_WM_COPYDATA(HWND sender, const COPYDATASTRUCT* data, ModifyCellState* st
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
         EditText text{};
         LVITEMW item{};
-        item.iSubItem = kFirstColumn + static_cast<int>(i);
+        item.iSubItem = kColumns[i];
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(text.size());
         SendMessageW(state->cell.hwndListView, LVM_GETITEMTEXTW, state->cell.uiRow,
@@ -289,7 +291,7 @@ void show_valid_texts(HWND hwndListView, std::uint32_t row, EditTexts* texts)
         if (!is_edit_valid(text_in(text), is_alphanumeric, is_alphabetic))
             continue;
         LVITEMW item{};
-        item.iSubItem = kFirstColumn + static_cast<int>(i);
+        item.iSubItem = kColumns[i];
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(text.size());
         SendMessageW(hwndListView, LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));

@@ -32,14 +32,7 @@ struct ProfileNameState {
     std::int32_t i_client_height;
 };
 ProfileNameState profile_name;
-
-void register_class_once(HINSTANCE instance)
-{
-    static bool registered = false;
-    if (!registered)
-        register_side_window_class(instance, kClass_ProfileName, WndProc_wnd_ProfileName);
-    registered = true;
-}
+bool class_registered = false;
 
 // Creates a button; a failure is shown as row `failure`.
 void create_button(HWND hwnd, HINSTANCE instance, const wchar_t* text, DWORD style, const PixelRect& rect,
@@ -106,7 +99,8 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ProfileNameState* state)
 HWND create_wnd_ProfileName(HWND hwnd_ListWindows)
 {
     const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwnd_ListWindows, GWLP_HINSTANCE));
-    register_class_once(instance);
+    register_secondary_window_class_once(instance, kClass_ProfileName, WndProc_wnd_ProfileName,
+                                         &class_registered);
     RECT owner{};
     GetWindowRect(hwnd_ListWindows, &owner);
     return CreateWindowExW(0, kClass_ProfileName, L"Name of Profile", WS_CAPTION | WS_SYSMENU,

@@ -11,20 +11,14 @@ namespace
 // Distance from the cursor to the window in pixels.
 constexpr int kOffset_from_cursor = 30;
 
-void register_class_once(HINSTANCE instance)
-{
-    static bool registered = false;
-    if (!registered)
-        register_side_window_class(instance, kClass_ModifyCell, WndProc_ModifyCell);
-    registered = true;
-}
+bool class_registered = false;
 
 } // namespace
 
 HWND create_wnd_ModifyCell(HWND hwnd_ListWindows, HWND hwndLV, const STR_HitCell* hit_cell)
 {
     const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwnd_ListWindows, GWLP_HINSTANCE));
-    register_class_once(instance);
+    register_secondary_window_class_once(instance, kClass_ModifyCell, WndProc_ModifyCell, &class_registered);
     POINT cursor{};
     GetCursorPos(&cursor);
     const HWND hwnd = CreateWindowExW(

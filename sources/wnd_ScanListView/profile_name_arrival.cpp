@@ -30,25 +30,34 @@ bool choose_file(HWND owner, SavePath* path)
     return GetSaveFileNameW(&dialog) != FALSE;
 }
 
+// The codes of the system calls of a save; ERROR_SUCCESS where there was no failure.
+struct SaveErrors {
+    DWORD create;
+    DWORD write;
+    DWORD remove;
+};
+
 // Closes the file; one that was created but not wholly written is deleted.
-void close_file(HANDLE file, const wchar_t* path, DWORD write_error)
+void close_file(HANDLE file, const wchar_t* path, SaveErrors* errors)
 {
     if (file == INVALID_HANDLE_VALUE)
         return;
     CloseHandle(file);
-    if (write_error != ERROR_SUCCESS)
-        DeleteFileW(path);
+    if (errors->write != ERROR_SUCCESS && DeleteFileW(path) == FALSE)
+        errors->remove = GetLastError();
 }
 
-// Tells the user when there is no new profile. The codes are those of creating and of writing the file.
-void report_outcome(DWORD create_error, DWORD write_error)
+// Tells the user when there is no new profile.
+void report_outcome(const SaveErrors& errors)
 {
-    if (create_error == ERROR_FILE_EXISTS)
+    if (errors.create == ERROR_FILE_EXISTS)
         report(errors_scan_list, SITE_NAME_ARRIVAL_FILE_EXISTS);
-    else if (create_error != ERROR_SUCCESS)
-        report(errors_scan_list, SITE_NAME_ARRIVAL_CREATE_FILE, create_error);
-    else if (write_error != ERROR_SUCCESS)
-        report(errors_scan_list, SITE_NAME_ARRIVAL_NOT_WRITTEN, write_error);
+    else if (errors.create != ERROR_SUCCESS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_CREATE_FILE, errors.create);
+    else if (errors.remove != ERROR_SUCCESS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_NOT_DELETED, errors.write, errors.remove);
+    else if (errors.write != ERROR_SUCCESS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_NOT_WRITTEN, errors.write);
 }
 
 } // namespace
@@ -69,18 +78,19 @@ std::int32_t on_WM_COPYDATA_on_wnd_NameOfProfile(HWND hwnd_wnd_ListOfWnds, HWND 
     // A file that exists gives a failed handle. The writer still runs on it, and its writes come to nothing.
     const HANDLE file = CreateFileW(path.data(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
-    const DWORD create_error = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+    SaveErrors errors{};
+    errors.create = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
     const std::int32_t written = WriteData_Profile(
         file, pSTR_RW_PRFL, pSTR_RW_PRFL->N_wnds_in_profile, pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder,
         pSTR_RW_PRFL->p_arr1D_ui_x, pSTR_RW_PRFL->p_arr1D_ui_y, pSTR_RW_PRFL->p_arr1D_ui_w,
         pSTR_RW_PRFL->p_arr1D_ui_h, pSTR_RW_PRFL->p_arr1D_ui_len_path, pSTR_RW_PRFL->p_arr_strz_paths);
     if (written < 0) // The handle stays open and the arrays stay allocated.
         return report(errors_scan_list, SITE_NAME_ARRIVAL_WRITER_FAILED, written);
-    const DWORD write_error = GetLastError();
-    close_file(file, path.data(), write_error);
+    errors.write = GetLastError();
+    close_file(file, path.data(), &errors);
     const std::int32_t freed = FreeDynMem_wnds_Profile(pSTR_RW_PRFL);
     // Boxes come last: below one, another Create Profile may fill the record anew.
-    report_outcome(create_error, write_error);
+    report_outcome(errors);
     if (freed < 0)
         return report(errors_scan_list, SITE_NAME_ARRIVAL_FREE_FAILED, freed);
     return 1;

@@ -142,6 +142,11 @@ constexpr std::array<ErrorSite, SCAN_LIST_ROWS> kSites{{
      .detail = "file of profile was not written, profile is not saved\n"
                "GetLastError = %u <- WriteFile() or FlushFileBuffers()",
      .result = 1},
+    {.id = SITE_NAME_ARRIVAL_NOT_DELETED, .site = 2017, .handler = 2131, .function = kNameArrival,
+     .layout = COMPACT,
+     .detail = "file of profile was not wholly written and cannot be deleted, profile is not saved\n"
+               "GetLastError = %u <- WriteFile() or FlushFileBuffers()\nGetLastError = %u <- DeleteFile()",
+     .result = 1},
     {.id = SITE_NAME_ARRIVAL_FREE_FAILED, .site = 2031, .handler = 2153, .function = kNameArrival,
      .layout = COMPACT,
      .detail = "error, one of callable functions returned error, %d <- FreeDynMem_wnds_Profile()",

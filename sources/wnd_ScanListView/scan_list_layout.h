@@ -6,10 +6,7 @@
 #include <cstdint>
 
 #include "sources/funcs_layout_windows/pixel_rect.h"
-
-// The list's columns.
-enum ScanListColumn : int { COLUMN_NUMBER, COLUMN_NAME, COLUMN_X, COLUMN_Y, COLUMN_WIDTH, COLUMN_HEIGHT };
-inline constexpr std::size_t kScanList_columns = 6;
+#include "sources/funcs_layout_windows/scan_list_columns.h"
 
 // The buttons' size comes from the screen, not from the window: they keep it when the window is resized.
 std::int32_t scan_list_button_width(std::int32_t screen_width);

@@ -132,7 +132,7 @@ void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state
 
 void on_Create_Profile(HWND hwnd, ScanListState* state)
 {
-    // The save dialog is open above this window, and the record is its; commands can still be posted.
+    // The save dialog is open above this window, and the save uses the record; commands can still be posted.
     if (IsWindowEnabled(hwnd) == FALSE)
         return;
     // A name window that is still open asks for a profile that is abandoned now, and so are its arrays.
@@ -166,9 +166,9 @@ void keep_profile_name(const COPYDATASTRUCT* data, STR_RW_PRFL* record)
     record->ui_len_PrfName_bytes = static_cast<std::uint32_t>(length_units * sizeof(wchar_t));
 }
 
-// The profile's name from the profile name window. Answered FALSE after a failed save, and for a name that
-// does not come from that window: other programs may send this message as well. A missing sender is refused
-// with a box further down.
+// The profile's name from the profile name window. Answered FALSE when the save ends with a negative result,
+// and for a name that does not come from that window: other programs may send this message as well. A missing
+// sender is refused with a box further down.
 LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanListState* state)
 {
     state->hwnd_COPYDATA_from = sender;

@@ -139,6 +139,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(profile_file::is_signature(last) == (last[0] == 0x00 && last[1] == 0x07 && last[2] == 0x0C),
                 "a signature is 00 07 0C");
     }
+    require(profile_file::ends_with_signature(file) ==
+                (size >= 3 && profile_file::is_signature(file.last<3>())),
+            "a file ends in the signature or does not");
 
     const ExtentFault fault = profile_file::check_extent(file);
     const ExtentFault expected = expected_fault(file);

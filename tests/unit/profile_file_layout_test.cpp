@@ -225,4 +225,14 @@ TEST(ProfileFileSignature, IsRefusedWhenAnyByteDiffers)
     }
 }
 
+TEST(ProfileFileSignature, IsFoundAtTheEndAndNowhereElse)
+{
+    using Bytes = std::vector<std::uint8_t>;
+    EXPECT_TRUE(profile_file::ends_with_signature(Bytes{0x00, 0x07, 0x0C}));
+    EXPECT_TRUE(profile_file::ends_with_signature(Bytes{1, 2, 3, 4, 0x00, 0x07, 0x0C}));
+    for (const Bytes& bytes : {Bytes{}, Bytes{0x0C}, Bytes{0x07, 0x0C}, Bytes{0x00, 0x07, 0x0C, 0x00},
+                               Bytes{0x00, 0x07, 0x0C, 1, 2, 3}, Bytes{1, 0x00, 0x07, 0x0D}})
+        EXPECT_FALSE(profile_file::ends_with_signature(bytes)) << bytes.size();
+}
+
 } // namespace

@@ -2,33 +2,24 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/program/loading_boxes.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/folder_windows_script.h"
+#include "tests/support/loading_boxes.h"
 #include "tests/support/profile_encoder.h"
 #include "tests/support/text.h"
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
 
-using namespace program_tests;
+using namespace loading_boxes;
 using namespace test_support;
 
 namespace
 {
 
 using Texts = std::vector<std::wstring>;
-
-ExpectedBox programs_failed_box(int failed, int all)
-{
-    return {L"info", L"Not all Programs were loaded\n\nNumber of Programs failed to load = " +
-                         std::to_wstring(failed) + L"\nNumber of Programs in Profile = " +
-                         std::to_wstring(all) +
-                         L"\nPossible reasons:\nSome Programs were deleted, renamed or check your access "
-                         L"permissions"};
-}
 
 class Loading : public testing::Test
 {

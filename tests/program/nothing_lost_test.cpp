@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/program/loading_boxes.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
+#include "tests/support/loading_boxes.h"
 #include "tests/support/profile_encoder.h"
 #include "tests/support/remote_imports.h"
 #include "tests/support/wendlow_process.h"
@@ -282,7 +282,7 @@ TEST_F(NothingLost, EndedInTheMiddleOfASaveItLeavesEarlierProfilesAsTheyWere)
     const WendlowProcess again;
     const BoxWatcher boxes = again.watch_boxes();
     again.start_load_profile(later);
-    boxes.expect_boxes({program_tests::empty_file_box(), program_tests::command_box(-3)});
+    boxes.expect_boxes({loading_boxes::empty_file_box(), loading_boxes::command_box(-3)});
     again.wait_until_idle();
     EXPECT_EQ(again.combo_texts(again.profile_combo()).size(), 0u);
 }

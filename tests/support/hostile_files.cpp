@@ -1,21 +1,21 @@
-#include "tests/program/hostile_files.h"
+#include "tests/support/hostile_files.h"
 
 #include <algorithm>
 #include <array>
 #include <random>
 #include <set>
 
-#include "tests/program/loading_boxes.h"
+#include "tests/support/loading_boxes.h"
 #include "tests/support/profile_encoder.h"
 
 namespace hostile
 {
 
-using program_tests::empty_file_box;
-using program_tests::no_windows_box;
-using program_tests::past_end_box;
-using program_tests::signature_box;
-using program_tests::too_short_box;
+using loading_boxes::empty_file_box;
+using loading_boxes::no_windows_box;
+using loading_boxes::past_end_box;
+using loading_boxes::signature_box;
+using loading_boxes::too_short_box;
 using test_support::Bytes;
 
 namespace

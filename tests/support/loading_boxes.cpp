@@ -1,8 +1,8 @@
-#include "tests/program/loading_boxes.h"
+#include "tests/support/loading_boxes.h"
 
 #include "tests/support/text.h"
 
-namespace program_tests
+namespace loading_boxes
 {
 
 using test_support::bytes_as_wide;
@@ -72,4 +72,13 @@ ExpectedBox drop_box()
                       "onButton_LoadProfile_clicked()\n\nline of error handler:\n9273")};
 }
 
-} // namespace program_tests
+ExpectedBox programs_failed_box(int failed, int all)
+{
+    return {L"info", L"Not all Programs were loaded\n\nNumber of Programs failed to load = " +
+                         std::to_wstring(failed) + L"\nNumber of Programs in Profile = " +
+                         std::to_wstring(all) +
+                         L"\nPossible reasons:\nSome Programs were deleted, renamed or check your access "
+                         L"permissions"};
+}
+
+} // namespace loading_boxes

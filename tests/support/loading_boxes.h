@@ -5,12 +5,12 @@
 
 #include "tests/support/box_watcher.h"
 
-// The boxes of a load that is refused.
+// The boxes of a load.
 
-namespace program_tests
+namespace loading_boxes
 {
 
-// The boxes of the load itself, by what is wrong with the file.
+// The boxes of a load that is refused, by what is wrong with the file.
 test_support::ExpectedBox not_opened_box();
 test_support::ExpectedBox empty_file_box();
 test_support::ExpectedBox too_short_box();
@@ -22,4 +22,7 @@ test_support::ExpectedBox past_end_box(std::uint64_t entry, const std::wstring& 
 test_support::ExpectedBox command_box(std::int32_t result);
 test_support::ExpectedBox drop_box(); // 8-bit text shown unconverted
 
-} // namespace program_tests
+// What a load that goes on tells of programs that did not start.
+test_support::ExpectedBox programs_failed_box(int failed, int all);
+
+} // namespace loading_boxes

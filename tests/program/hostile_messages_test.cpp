@@ -204,6 +204,22 @@ TEST_F(HostileMessages, DataOfWrongSizesAndSendersIsRefused)
     boxes_.expect_no_boxes();
 }
 
+ExpectedBox list_box(const std::wstring& function, int line, const std::wstring& detail, int handler)
+{
+    return {L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\n" + function + L"\nline:\n" +
+                          std::to_wstring(line) + L"\n\n" + detail + L"\nline of error handler:" +
+                          std::to_wstring(handler)};
+}
+
+// As it is printed: 16 digits.
+std::wstring pointer(HWND window)
+{
+    wchar_t digits[17] = {};
+    swprintf(digits, 17, L"%016llX",
+             static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(window)));
+    return digits;
+}
+
 TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)
 {
     Bytes bytes(2048, 'A');
@@ -211,14 +227,86 @@ TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)
         SCOPED_TRACE(size);
         boxes_.forget();
         EXPECT_EQ(send_data(list_window_, nullptr, 0, bytes.data(), size), FALSE);
-        // The box of what takes the name, and the list's own.
+        // The box of what takes the name, and the list's own. The addresses of two records are its secret.
         boxes_.wait_for_box(1);
-        EXPECT_EQ(boxes_.count(), 2u);
+        const std::vector<SeenBox> seen = boxes_.boxes();
+        const std::size_t addresses = seen[0].text.find(L"pSTR_ENUM_WNDS_DATA = ");
+        ASSERT_NE(addresses, std::wstring::npos);
+        boxes_.expect_boxes(
+            {list_box(
+                 L"on_WM_COPYDATA_on_wnd_NameOfProfile", 1908,
+                 L"error, incorrect input parameters\nhwnd_wnd_ListOfWnds = " + pointer(list_window_) +
+                     L", hwnd_wnd_NameProfile = 0000000000000000, " +
+                     seen[0].text.substr(addresses, std::wstring(L"pSTR_ENUM_WNDS_DATA = 0123456789ABCDEF, "
+                                                                 L"pSTR_RW_PRFL = 0123456789ABCDEF")
+                                                        .size()),
+                 2055),
+             list_box(L"WndProc_ScanListView", 358, L"iRetCode = -1 <- on_WM_COPYDATA_on_wnd_NameOfProfile()",
+                      541)});
     }
     EXPECT_EQ(send_data(list_window_, nullptr, 0, nullptr, 0), FALSE);
     EXPECT_EQ(send_data(list_window_, nullptr, 1, bytes.data(), 2048), TRUE);
     expect_all_as_before();
     EXPECT_EQ(boxes_.count(), 2u);
+}
+
+// A row that the scan does not have, though list and sender are right: Ok refuses it.
+TEST_F(HostileMessages, CellsOfRowsThatAreNotThereChangeNothing)
+{
+    const RemoteListView list = wendlow_.list_view();
+    const int rows = list.row_count();
+    std::vector<Texts> before;
+    for (int row = 0; row < rows; ++row)
+        before.push_back(list.row(row));
+    std::vector<ExpectedBox> expected;
+    for (const std::int32_t row : {rows, 0x7FFFFFFF, -1}) {
+        struct {
+            std::int32_t row;
+            std::uint32_t column;
+            HWND list;
+        } cell{row, 2, list.window()};
+        send_data(modify_cell_window_, list_window_, 0, &cell, sizeof(cell));
+        SetDlgItemTextW(modify_cell_window_, 0, L"77");
+        wendlow_.press(GetDlgItem(modify_cell_window_, 4));
+        expected.push_back(
+            {L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
+                       L"incorrect input parameters:\nrow = " +
+                           std::to_wstring(row) + L", counter_valid = " + std::to_wstring(rows) +
+                           L"\nline of error handler:845"});
+        boxes_.expect_boxes(expected);
+    }
+    for (int row = 0; row < rows; ++row)
+        EXPECT_EQ(list.row(row), before[static_cast<std::size_t>(row)]);
+    EXPECT_TRUE(IsWindow(modify_cell_window_));
+}
+
+// What a control sends is taken by its identifier, whichever window it claims to come from.
+TEST_F(HostileMessages, CommandsOfMadeUpControlsAreCarriedOut)
+{
+    const auto post = [](HWND window, WPARAM id) {
+        PostMessageW(window, WM_COMMAND, id, reinterpret_cast<LPARAM>(made_up(0xDEADBEEF)));
+    };
+    post(modify_cell_window_, 5);
+    wait_until([&] { return !IsWindow(modify_cell_window_); }, kShortWait, "Modify Cell to close");
+    post(name_window_, 2);
+    wait_until([&] { return !IsWindow(name_window_); }, kShortWait, "the name window to close");
+    MoveWindow(neighbours_[0], 10, 20, 200, 100, TRUE);
+    post(list_window_, 1);
+    const RECT place{600, 500, 901, 702};
+    EXPECT_TRUE(becomes_true([&] {
+        const RECT found = rectangle_of(neighbours_[0]);
+        return EqualRect(&found, &place) != FALSE;
+    }));
+    post(list_window_, 2);
+    wendlow_.wait_for_name_window();
+    post(wendlow_.main_window(), 1);
+    wait_until([&] { return !IsWindow(list_window_) && wendlow_.list_window() != nullptr; }, kLongWait,
+               "the list of the second scan");
+    wendlow_.wait_until_idle();
+    post(wendlow_.main_window(), 2);
+    cancel_file_dialog(wendlow_.process_id());
+    boxes_.expect_no_boxes();
+    EXPECT_TRUE(wendlow_.list_view().find_row(L"Edited"));
 }
 
 // Another program may press Ok in its own way: at most 256 units of what it sends are a name.
@@ -310,6 +398,13 @@ TEST_F(HostileMessages, DropsOfWrongHandlesAndListsAreReportedAndNothingElse)
         {"a wide path without end", [&] { return list(20, TRUE, 0); }},
         {"a narrow path without end", [&] { return list(20, FALSE, 0); }},
         {"half a unit", [&] { return list(0xFFF, TRUE, 0); }},
+        {"an empty first path",
+         [&] {
+             const WPARAM handle = list(20, TRUE, 0);
+             const wchar_t nothing[2] = {};
+             pages.write(20, nothing, sizeof nothing);
+             return handle;
+         }},
     };
     const ExpectedBox query =
         drop_box(9142, 9251, "error, one of callable functions returned error, DragQueryFile( )");

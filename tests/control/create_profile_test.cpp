@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <utility>
+#include <vector>
 
 #include "tests/control/profile_desk.h"
 #include "tests/control/saved_profile_desk.h"
@@ -12,9 +13,9 @@ namespace
 
 using namespace profile_tests;
 using test_support::BoxWatcher;
-using test_support::difference;
 using test_support::ExpectedBox;
 using test_support::FailingImport;
+using test_support::ImportHook;
 using test_support::system_error_box;
 
 const ExpectedBox kNothingTicked{
@@ -35,6 +36,21 @@ ExpectedBox list_box(const std::wstring& result)
 const ExpectedBox kNoMemory =
     save_box(L"DynMemAlloc_wnds_Profile", 1547, 1675, L"function VirtualAlloc() returned error\n\n");
 
+// The blocks that are allocated while it lives, in order.
+class AllocatedBlocks
+{
+public:
+    std::vector<const void*> blocks;
+
+private:
+    const ImportHook<"VirtualAlloc", decltype(VirtualAlloc)> hook_{
+        "kernel32.dll", [this](LPVOID address, SIZE_T size, DWORD type, DWORD protection) {
+            LPVOID const block = hook_.call_original(address, size, type, protection);
+            blocks.push_back(block);
+            return block;
+        }};
+};
+
 } // namespace
 
 TEST(CreateProfile, AsksToTickSomethingAndOpensNothing)
@@ -47,6 +63,12 @@ TEST(CreateProfile, AsksToTickSomethingAndOpensNothing)
     list.press_create_profile();
     boxes.expect_boxes({kNothingTicked, kNothingTicked});
     EXPECT_EQ(boxes.boxes().front().owner, list.window);
+    STR_RW_PRFL record{};
+    HWND opened = nullptr;
+    EXPECT_EQ(onButton_Create_Profile(list.window, list.list, &opened, &record, &scan_record), 1);
+    boxes.expect_boxes({kNothingTicked, kNothingTicked, kNothingTicked});
+    EXPECT_FALSE(has_arrays(record));
+    EXPECT_EQ(opened, nullptr);
     EXPECT_EQ(name_window(), nullptr);
 }
 
@@ -99,7 +121,7 @@ TEST(CreateProfile, GivesBackTheArraysOfAProfileThatWasAbandoned)
     const HWND first = list.ask_name_for({1});
     SendMessageW(first, WM_COMMAND, 2, 0); // Cancel
     EXPECT_EQ(name_window(), nullptr);
-    const FailingImport<"VirtualFree", decltype(VirtualFree)> releases("kernel32.dll", -1, TRUE, 0);
+    const Releases releases("kernel32.dll", -1, TRUE, 0);
     list.press_create_profile();
     EXPECT_EQ(releases.calls(), 8);
 }
@@ -111,6 +133,7 @@ TEST(CreateProfile, ReportsThatItHasNoMemoryInThreeBoxes)
     list.tick(3);
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", 8, nullptr,
                                                                       ERROR_NOT_ENOUGH_MEMORY);
+    const Releases releases("kernel32.dll", -1, TRUE, 0);
     BoxWatcher boxes;
     list.press_create_profile();
     boxes.expect_boxes(
@@ -119,6 +142,12 @@ TEST(CreateProfile, ReportsThatItHasNoMemoryInThreeBoxes)
                   L"one of callable functions returned error, -2 <- DynMemAlloc_wnds_Profile()"),
          list_box(L"-4")});
     EXPECT_EQ(name_window(), nullptr);
+    // The seven blocks that could be had stay until the next time.
+    EXPECT_EQ(releases.calls(), 0);
+    list.press_create_profile();
+    EXPECT_EQ(releases.calls(), 7);
+    EXPECT_EQ(boxes.count(), 3u);
+    EXPECT_NE(name_window(), nullptr);
 }
 
 TEST(CreateProfile, ReportsARowThatCannotBePrepared)
@@ -127,17 +156,38 @@ TEST(CreateProfile, ReportsARowThatCannotBePrepared)
     const ListOfWindows list;
     list.tick(3);
     std::uint8_t* const paths = std::exchange(scan_record.pcDynMem_FullPaths, nullptr);
+    const AllocatedBlocks arrays;
+    const Releases releases("kernel32.dll", -1, TRUE, 0);
     BoxWatcher boxes;
     list.press_create_profile();
     scan_record.pcDynMem_FullPaths = paths;
-    const auto seen = boxes.boxes();
-    ASSERT_EQ(seen.size(), 3u);
-    EXPECT_EQ(difference({seen[1], seen[2]}, {save_box(L"onButton_Create_Profile", 1304, 1457,
-                                                       L"one of callable functions returned error, -1 <- "
-                                                       L"PrepareData_Write_Profile()"),
-                                              list_box(L"-4")}),
-              "");
+    ASSERT_EQ(arrays.blocks.size(), 8u);
+    boxes.expect_boxes(
+        {save_box(L"PrepareData_Write_Profile", 1726, 1847,
+                  L"error, incorrect input parameters:\npSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile = " +
+                      pointer(arrays.blocks[0]) + L"\npSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder = " +
+                      pointer(arrays.blocks[1]) + L"\npSTR_RW_PRFL->p_arr1D_ui_x = " +
+                      pointer(arrays.blocks[2]) + L"\npSTR_RW_PRFL->p_arr1D_ui_y = " +
+                      pointer(arrays.blocks[3]) + L"\npSTR_RW_PRFL->p_arr1D_ui_w = " +
+                      pointer(arrays.blocks[4]) + L"\npSTR_RW_PRFL->p_arr1D_ui_h = " +
+                      pointer(arrays.blocks[5]) + L"\npSTR_RW_PRFL->p_arr1D_ui_len_path = " +
+                      pointer(arrays.blocks[6]) + L"\npSTR_RW_PRFL->p_arr_strz_paths = " +
+                      pointer(arrays.blocks[7]) +
+                      L"\npSTR_RW_PRFL->N_wnds_in_profile = 1\npSTR_ENUM_WNDS_DATA->arr1D_uc_flag_FP = " +
+                      pointer(scan_record.arr1D_uc_flag_FP) + L"\npSTR_ENUM_WNDS_DATA->arr1D_ui_LenPath = " +
+                      pointer(scan_record.arr1D_ui_LenPath) + L"\npSTR_ENUM_WNDS_DATA->pcDynMem_GeomText = " +
+                      pointer(scan_record.pcDynMem_GeomText) +
+                      L"\npSTR_ENUM_WNDS_DATA->pcDynMem_FullPaths = 0000000000000000"),
+         save_box(L"onButton_Create_Profile", 1304, 1457,
+                  L"one of callable functions returned error, -1 <- PrepareData_Write_Profile()"),
+         list_box(L"-4")});
     EXPECT_EQ(name_window(), nullptr);
+    // All eight blocks stay until the next time.
+    EXPECT_EQ(releases.calls(), 0);
+    list.press_create_profile();
+    EXPECT_EQ(releases.calls(), 8);
+    EXPECT_EQ(boxes.count(), 3u);
+    EXPECT_NE(name_window(), nullptr);
 }
 
 TEST(CreateProfile, ReportsThatTheNameWindowCannotBeCreatedAndWhy)
@@ -157,6 +207,9 @@ TEST(CreateProfile, ReportsThatTheNameWindowCannotBeCreatedAndWhy)
     EXPECT_EQ(seen[0].owner, list.window);
     EXPECT_EQ(seen[1].owner, nullptr);
     EXPECT_EQ(opened, nullptr);
+    for (const void* array : arrays_of(record))
+        EXPECT_NE(array, nullptr);
+    EXPECT_EQ(record.N_wnds_in_profile, 1u);
     FreeDynMem_wnds_Profile(&record);
 }
 

@@ -47,6 +47,19 @@ protected:
     {
         SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, 0), reinterpret_cast<LPARAM>(control(id)));
     }
+    // Presses a key in a control.
+    LRESULT key(int id, WPARAM code) const { return SendMessageW(control(id), WM_KEYDOWN, code, 0); }
+    // As it is after a font that could not be made.
+    void expect_system_font_and_no_subclassing() const
+    {
+        for (int id = 0; id < 6; ++id) {
+            EXPECT_EQ(SendMessageW(control(id), WM_GETFONT, 0, 0), 0) << id;
+            // No subclassing: Tab does not move the focus.
+            SetFocus(control(id));
+            key(id, VK_TAB);
+            EXPECT_EQ(GetFocus(), control(id));
+        }
+    }
     Texts cells(int row) const
     {
         const Texts all = desk.list().row(row);

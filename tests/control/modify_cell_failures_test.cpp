@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 #include <cstring>
 #include <string>
 
@@ -65,7 +67,14 @@ TEST_F(ModifyCell, WritesNothingForARowThatTheScanDoesNotHave)
 TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
 {
     open(0);
+    for (int id = 0; id < 4; ++id)
+        enter(id, L"77");
     const HWND list = desk.list().window();
+    // A list of this thread that is gone, and a window of another class.
+    const HWND gone =
+        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 9, 9, first, nullptr, nullptr, nullptr);
+    ASSERT_NE(gone, nullptr);
+    DestroyWindow(gone);
     const auto text_for = [](const void* window, const void* list_given, const void* record) {
         return L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n642\n\n"
                L"incorrect input parameters:\nhwndThis = " +
@@ -76,30 +85,74 @@ TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
     EXPECT_EQ(on_Button_OK(nullptr, list, 0, &scan_record), -1);
     EXPECT_EQ(on_Button_OK(dialog, nullptr, 0, &scan_record), -1);
     EXPECT_EQ(on_Button_OK(dialog, list, 0, nullptr), -1);
+    EXPECT_EQ(on_Button_OK(dialog, gone, 0, &scan_record), -1);
+    EXPECT_EQ(on_Button_OK(dialog, first, 0, &scan_record), -1);
     boxes.expect_boxes({{L"error", text_for(nullptr, list, &scan_record)},
                         {L"error", text_for(dialog, nullptr, &scan_record)},
-                        {L"error", text_for(dialog, list, nullptr)}});
+                        {L"error", text_for(dialog, list, nullptr)},
+                        {L"error", text_for(dialog, gone, &scan_record)},
+                        {L"error", text_for(dialog, first, &scan_record)}});
     EXPECT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "10,50 300x200");
+    EXPECT_EQ(entry(1), "-20,60 200x150");
+}
+
+TEST_F(ModifyCell, AppliesNothingWhenASecondOneTookItsEditsAndClosed)
+{
+    open(0);
+    const HWND older = dialog;
+    open(1);
+    for (int id = 0; id < 4; ++id)
+        enter(id, L"77");
+    DestroyWindow(dialog);
+    dialog = older;
+    for (int id = 0; id < 4; ++id)
+        enter(id, L"88");
+    const std::wstring text_shown =
+        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n642\n\n"
+        L"incorrect input parameters:\nhwndThis = " +
+        pointer(dialog) + L", hwndListView = " + pointer(desk.list().window()) + L", pSTR = " +
+        pointer(&scan_record) + L"\nline of error handler:801";
+    const BoxWatcher boxes;
+    EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), 1, &scan_record), -1);
+    press(4);
+    boxes.expect_boxes({{L"error", text_shown}, {L"error", text_shown}});
+    EXPECT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
+    EXPECT_EQ(cells(1), (Texts{L"-20", L"60", L"200", L"150"}));
+    EXPECT_EQ(entry(0), "10,50 300x200");
+    EXPECT_EQ(entry(1), "-20,60 200x150");
 }
 
 TEST_F(ModifyCell, StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter)
 {
-    open(0);
-    STR_ENUM_WNDS_DATA kept = scan_record;
-    scan_record.pcDynMem_WinHndls = nullptr;
-    const std::wstring text_shown =
-        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n655\n\nincorrect input "
-        L"parameters:\n"
-        L"pcDynMem_WinHndls = 0000000000000000, pcDynMem_GeomText = " +
-        pointer(scan_record.pcDynMem_GeomText) + L"\nline of error handler:823";
-    const BoxWatcher boxes;
-    EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), 0, &scan_record), -2);
-    press(4);
-    EXPECT_TRUE(IsWindow(dialog));
-    SendMessageW(control(4), WM_KEYDOWN, VK_RETURN, 0);
-    EXPECT_FALSE(IsWindow(dialog));
-    boxes.expect_boxes({{L"error", text_shown}, {L"error", text_shown}, {L"error", text_shown}});
-    scan_record = kept;
+    const STR_ENUM_WNDS_DATA kept = scan_record;
+    for (const bool without_handles : {true, false}) {
+        SCOPED_TRACE(without_handles);
+        open(0);
+        for (int id = 0; id < 4; ++id)
+            enter(id, L"77");
+        if (without_handles)
+            scan_record.pcDynMem_WinHndls = nullptr;
+        else
+            scan_record.pcDynMem_GeomText = nullptr;
+        const std::wstring text_shown =
+            L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n655\n\n"
+            L"incorrect input parameters:\npcDynMem_WinHndls = " +
+            pointer(scan_record.pcDynMem_WinHndls) + L", pcDynMem_GeomText = " +
+            pointer(scan_record.pcDynMem_GeomText) + L"\nline of error handler:823";
+        const BoxWatcher boxes;
+        EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), 0, &scan_record), -2);
+        press(4);
+        EXPECT_TRUE(IsWindow(dialog));
+        key(4, VK_RETURN);
+        EXPECT_FALSE(IsWindow(dialog));
+        boxes.expect_boxes({{L"error", text_shown}, {L"error", text_shown}, {L"error", text_shown}});
+        scan_record = kept;
+        EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
+        EXPECT_EQ(entry(0), "10,50 300x200");
+    }
 }
 
 TEST_F(ModifyCell, GoesWithTheList)
@@ -147,7 +200,10 @@ TEST_F(ModifyCell, ReportsEveryControlThatCannotBeMade)
                                     L"err, hEdit_Ypos = NULL, func WndProc",
                                     L"err, hEdit_Width = NULL, func WndProc",
                                     L"error, hEdit_Width = NULL, func WndProc_ModifyCell"};
+    const int order_of_creation[] = {4, 5, 0, 1, 2, 3};
     for (int i = 0; i < 6; ++i) {
+        const int missing = order_of_creation[i];
+        SCOPED_TRACE(missing);
         // The window itself is the first call.
         const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", i + 2, nullptr,
                                                                                 8);
@@ -157,6 +213,20 @@ TEST_F(ModifyCell, ReportsEveryControlThatCannotBeMade)
             {{L"error", shown[i]}, {L"error", L"error, SetWindowLongPtr, GWL_WNDPROC, TAB focus changing"}});
         EXPECT_EQ(boxes.boxes()[0].owner, dialog);
         EXPECT_EQ(boxes.boxes()[1].owner, dialog);
+        const LRESULT font = SendMessageW(control(missing == 0 ? 1 : 0), WM_GETFONT, 0, 0);
+        EXPECT_NE(font, 0);
+        for (int id = 0; id < 6; ++id) {
+            EXPECT_EQ(control(id) != nullptr, id != missing);
+            if (id == missing)
+                continue;
+            EXPECT_EQ(SendMessageW(control(id), WM_GETFONT, 0, 0), font);
+            SetFocus(control(id));
+            key(id, VK_TAB);
+            const int next = (id + 1) % 6;
+            if (next != missing) {
+                EXPECT_EQ(GetFocus(), control(next)) << "from " << id;
+            }
+        }
         DestroyWindow(dialog);
     }
 }
@@ -178,11 +248,7 @@ TEST_F(ModifyCell, KeepsTheSystemFontWithoutADeviceContext)
     boxes.expect_boxes(
         {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n251\n\n"
                     L"one of callable functions returned error : GetDC()\nline of error handler:547"}});
-    EXPECT_EQ(SendMessageW(control(0), WM_GETFONT, 0, 0), 0);
-    // No subclassing: Tab does not move the focus.
-    SetFocus(control(0));
-    SendMessageW(control(0), WM_KEYDOWN, VK_TAB, 0);
-    EXPECT_EQ(GetFocus(), control(0));
+    expect_system_font_and_no_subclassing();
 }
 
 TEST_F(ModifyCell, ReportsAFontThatCannotBeMade)
@@ -195,14 +261,20 @@ TEST_F(ModifyCell, ReportsAFontThatCannotBeMade)
         {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n283\n\n"
                     L"one of callable functions returned error : vex_CreateFont()\n"
                     L"line of error handler:591"}});
+    expect_system_font_and_no_subclassing();
 }
 
 TEST_F(ModifyCell, ReportsAButtonWithoutParent)
 {
     open(0);
+    for (int id = 0; id < 4; ++id)
+        enter(id, L"77");
     const FailingImport<"GetParent", decltype(GetParent)> fails("user32.dll", kEveryCall, nullptr, 0);
     const BoxWatcher boxes;
-    SendMessageW(control(5), WM_KEYDOWN, VK_RETURN, 0);
-    boxes.expect_boxes({{L"dbg, error", L"error <- GetParent()"}});
+    key(4, VK_RETURN);
+    key(5, VK_RETURN);
+    boxes.expect_boxes({{L"dbg, error", L"error <- GetParent()"}, {L"dbg, error", L"error <- GetParent()"}});
     EXPECT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "10,50 300x200");
 }

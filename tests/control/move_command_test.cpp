@@ -203,11 +203,49 @@ TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
         item.pszText = size;
         SendMessageW(desk.list().window(), LVM_SETITEMTEXTW, 1, reinterpret_cast<LPARAM>(&item));
     }
-    desk.press(1);
+    EXPECT_EQ(onButton_Move(hwnd_ScanListView, desk.list().window(), 0, 0, scan_record.pcDynMem_WinHndls,
+                            scan_record.counter_valid),
+              1);
     boxes.expect_boxes({{L"error",
                          L"impossible to move one of windows:\nx = 0\ny = 0\nwidth = 50\nheight = 50\n"
                          L"Probably, it was closed. Try to SCAN again.",
                          true}});
+}
+
+TEST(MoveCommand, EndsWhenTheListIsClosedBelowItsBox)
+{
+    ScanDesk desk;
+    auto gone = std::make_unique<DeskWindow>(L"gone", RECT{10, 20, 310, 240});
+    const DeskWindow rest(L"rest", {130, 140, 450, 380});
+    const Desktop desktop({*gone, rest});
+    desk.scan();
+    gone.reset();
+    MoveWindow(rest, 300, 310, 200, 210, TRUE);
+    desk.list().set_ticked(0, true);
+    desk.list().set_ticked(1, true);
+    const HWND list = desk.list().window();
+    const ImportHook<"MessageBoxW", decltype(MessageBoxW)> box(
+        "user32.dll", [&](HWND owner, LPCWSTR text, LPCWSTR title, UINT type) {
+            DestroyWindow(hwnd_ScanListView);
+            return box.call_original(owner, text, title, type);
+        });
+    int asked_in_vain = 0;
+    const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam) {
+            asked_in_vain += target == list && IsWindow(list) == FALSE ? 1 : 0;
+            return send.call_original(target, message, wParam, lParam);
+        });
+    const BoxWatcher boxes;
+    EXPECT_EQ(onButton_Move(hwnd_ScanListView, list, 0, 0, scan_record.pcDynMem_WinHndls,
+                            scan_record.counter_valid),
+              1);
+    boxes.expect_boxes({{L"error",
+                         L"impossible to move one of windows:\nx = 10\ny = 20\nwidth = 300\nheight = 220\n"
+                         L"Probably, it was closed. Try to SCAN again.",
+                         true}});
+    EXPECT_FALSE(IsWindow(list));
+    EXPECT_EQ(asked_in_vain, 0) << "the list's rows are gone, and so are the handles of its scan";
+    EXPECT_EQ(place_of(rest), "300,310 200x210");
 }
 
 TEST(MoveCommand, RefusesAMissingListOrArrayWithFileAndFunctionUnreadable)

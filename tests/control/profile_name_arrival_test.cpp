@@ -2,56 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "sources/funcs_layout_windows/scan_record.h"
 #include "tests/control/profile_desk.h"
 #include "tests/control/saved_profile_desk.h"
 #include "tests/support/file_dialogs.h"
 
-namespace
-{
-
 using namespace profile_tests;
 using test_support::Background;
 using test_support::BoxWatcher;
-using test_support::Bytes;
-using test_support::difference;
-using test_support::ExpectedBox;
 using test_support::FailingImport;
 using test_support::file_exists;
 using test_support::hex;
 using test_support::ImportHook;
 using test_support::read_file;
 using test_support::TemporaryFolder;
-
-ExpectedBox save_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
-{
-    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
-}
-
-ExpectedBox arrival_box(int site, int handler, const std::wstring& detail)
-{
-    return save_box(L"on_WM_COPYDATA_on_wnd_NameOfProfile", site, handler, detail);
-}
-
-ExpectedBox not_written_box(const std::wstring& code)
-{
-    return arrival_box(2009, 2131,
-                       L"file of profile was not written, profile is not saved\nGetLastError = " + code +
-                           L" <- WriteFile() or FlushFileBuffers()");
-}
-
-LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,
-                  DWORD bytes)
-{
-    COPYDATASTRUCT copy{.dwData = data, .cbData = bytes, .lpData = const_cast<wchar_t*>(name.data())};
-    return SendMessageW(list.window, WM_COPYDATA, reinterpret_cast<WPARAM>(sender),
-                        reinterpret_cast<LPARAM>(&copy));
-}
-
-// Calls of VirtualFree while it lives.
-using Releases = FailingImport<"VirtualFree", decltype(VirtualFree)>;
-
-} // namespace
 
 TEST(ProfileSaving, WritesTheTickedRowsUnderTheEnteredName)
 {
@@ -123,31 +90,6 @@ TEST(ProfileSaving, CreatesANewFileOnlyForItselfAndClosesIt)
     EXPECT_TRUE(DeleteFileW(path.c_str()));
 }
 
-TEST(ProfileSaving, LeavesAFileThatExistsAsItIs)
-{
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const Bytes kept{'k', 'e', 'p', 't', 0, 7, 12};
-    for (const DWORD attributes : {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN}) {
-        SCOPED_TRACE(attributes);
-        const std::wstring path = folder.file(L"kept " + std::to_wstring(attributes) + L".txt");
-        test_support::write_file(path, kept);
-        SetFileAttributesW(path.c_str(), attributes);
-        const HWND name = list.ask_name_for({1});
-        AnsweredSaveDialog dialog(path);
-        const Releases releases("kernel32.dll", -1, TRUE, 0);
-        BoxWatcher boxes;
-        enter_name(name, L"x");
-        boxes.expect_boxes({{L"information", L"File already exists"}});
-        EXPECT_EQ(boxes.boxes().front().owner, nullptr);
-        EXPECT_EQ(boxes.boxes().front().buttons, std::vector<int>{IDOK});
-        EXPECT_EQ(read_file(path), kept);
-        EXPECT_EQ(releases.calls(), 8);
-        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL); // or it could not be deleted
-    }
-}
-
 TEST(ProfileSaving, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
 {
     const FilledScan scan(ten_windows());
@@ -162,78 +104,6 @@ TEST(ProfileSaving, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
     EXPECT_EQ(releases.calls(), 8);
     EXPECT_EQ(creations.calls(), 0);
     EXPECT_FALSE(IsWindow(name));
-}
-
-TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
-{
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"half.txt");
-    AnsweredSaveDialog dialog(path);
-    for (const int part : {1, 8, 10}) {
-        const HWND name = list.ask_name_for({1});
-        const FailingImport<"WriteFile", decltype(WriteFile)> fails("kernel32.dll", part, FALSE,
-                                                                    ERROR_DISK_FULL);
-        const Releases releases("kernel32.dll", -1, TRUE, 0);
-        BoxWatcher boxes;
-        enter_name(name, L"x");
-        boxes.expect_boxes({not_written_box(L"112")});
-        EXPECT_FALSE(file_exists(path));
-        EXPECT_EQ(releases.calls(), 8);
-    }
-    const HWND name = list.ask_name_for({1});
-    const FailingImport<"FlushFileBuffers", decltype(FlushFileBuffers)> fails("kernel32.dll", 1, FALSE,
-                                                                              ERROR_WRITE_FAULT);
-    BoxWatcher boxes;
-    enter_name(name, L"x");
-    boxes.expect_boxes({not_written_box(L"29")});
-    EXPECT_FALSE(file_exists(path));
-}
-
-TEST(ProfileSaving, SaysThatAFileCannotBeCreated)
-{
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const HWND name = list.ask_name_for({1});
-    AnsweredSaveDialog dialog(folder.file(L"no folder\\x.txt"));
-    BoxWatcher boxes;
-    enter_name(name, L"x");
-    boxes.expect_boxes({arrival_box(1983, 2087,
-                                    L"file of profile was not created, profile is not saved\n"
-                                    L"GetLastError = 3 <- CreateFile()")});
-}
-
-TEST(ProfileSaving, ReportsAWriterThatRefusesAndAnswersFalse)
-{
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const HWND name = list.ask_name_for({1});
-    // The name comes a second time, after the arrays have gone with the first.
-    const HWND twin = [&] {
-        list.press_create_profile();
-        return name_window();
-    }();
-    ASSERT_FALSE(IsWindow(name));
-    {
-        AnsweredSaveDialog dialog(L"");
-        send_name(list, twin, 0, L"x", 2);
-    }
-    const HWND late = create_wnd_ProfileName(list.window);
-    AnsweredSaveDialog dialog(folder.file(L"refused.txt"));
-    BoxWatcher boxes;
-    EXPECT_EQ(send_name(list, late, 0, L"x", 2), FALSE);
-    const auto seen = boxes.boxes();
-    ASSERT_EQ(seen.size(), 3u);
-    EXPECT_EQ(
-        difference({seen[1], seen[2]}, {arrival_box(1997, 2109,
-                                                    L"error, one of callable functions returned error, -1 <- "
-                                                    L"WriteData_Profile()"),
-                                        save_box(L"WndProc_ScanListView", 358, 541,
-                                                 L"iRetCode = -2 <- on_WM_COPYDATA_on_wnd_NameOfProfile()")}),
-        "");
 }
 
 TEST(ProfileSaving, TakesAtMost256UnitsAndWholeUnitsOnly)
@@ -267,24 +137,6 @@ TEST(ProfileSaving, IgnoresOtherMessagesAndStrangers)
     boxes.expect_no_boxes();
 }
 
-TEST(ProfileSaving, ReportsANameThatComesFromNoWindow)
-{
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    BoxWatcher boxes;
-    EXPECT_EQ(send_name(list, nullptr, 0, L"x", 2), FALSE);
-    const auto seen = boxes.boxes();
-    ASSERT_EQ(seen.size(), 2U);
-    EXPECT_NE(seen.front().text.find(L"error, incorrect input parameters\nhwnd_wnd_ListOfWnds = " +
-                                     pointer(list.window) +
-                                     L", hwnd_wnd_NameProfile = 0000000000000000, pSTR_ENUM_WNDS_DATA = "),
-              std::wstring::npos);
-    const ExpectedBox again = save_box(L"WndProc_ScanListView", 358, 541,
-                                       L"iRetCode = -1 <- on_WM_COPYDATA_on_wnd_NameOfProfile()");
-    EXPECT_EQ(seen.back().title, again.title);
-    EXPECT_EQ(seen.back().text, again.text);
-}
-
 TEST(ProfileSaving, TakesAFileSystemThatHasNoFlushing)
 {
     for (const DWORD code : {DWORD{ERROR_INVALID_FUNCTION}, DWORD{ERROR_NOT_SUPPORTED}}) {
@@ -303,26 +155,6 @@ TEST(ProfileSaving, TakesAFileSystemThatHasNoFlushing)
     }
 }
 
-TEST(ProfileSaving, RefusesMissingArgumentsNamingThem)
-{
-    const FilledScan scan(ten_windows());
-    STR_RW_PRFL write{};
-    const auto some = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
-    for (int missing = 0; missing < 4; ++missing) {
-        const HWND list = missing == 0 ? nullptr : some;
-        const HWND name = missing == 1 ? nullptr : some;
-        const STR_ENUM_WNDS_DATA* const read = missing == 2 ? nullptr : &scan_record;
-        STR_RW_PRFL* const record = missing == 3 ? nullptr : &write;
-        BoxWatcher boxes;
-        EXPECT_EQ(on_WM_COPYDATA_on_wnd_NameOfProfile(list, name, read, record), -1);
-        boxes.expect_boxes(
-            {arrival_box(1908, 2065,
-                         L"error, incorrect input parameters\nhwnd_wnd_ListOfWnds = " + pointer(list) +
-                             L", hwnd_wnd_NameProfile = " + pointer(name) + L", pSTR_ENUM_WNDS_DATA = " +
-                             pointer(read) + L", pSTR_RW_PRFL = " + pointer(record))});
-    }
-}
-
 TEST(ProfileSaving, AddsTheEndingThatTheRealSaveDialogWasGiven)
 {
     const FilledScan scan(ten_windows());
@@ -336,11 +168,14 @@ TEST(ProfileSaving, AddsTheEndingThatTheRealSaveDialogWasGiven)
         const HWND dialog = test_support::wait_for_file_dialog(GetCurrentProcessId());
         title = test_support::file_dialog_title(dialog);
         proposed = test_support::file_dialog_name(dialog);
+        // Create Profile, pressed by another program, would begin a new record below the dialog.
+        SendMessageW(list.window, WM_COMMAND, 2, 0);
         test_support::choose_file(GetCurrentProcessId(), folder.file(L"real"));
     });
     enter_name(name, L"Real");
     user.join();
     boxes.expect_no_boxes();
+    EXPECT_EQ(name_window(), nullptr);
     EXPECT_EQ(title, L"Save Profile");
     EXPECT_EQ(proposed, L"Profile_01");
     EXPECT_EQ(hex(read_file(folder.file(L"real.txt"))), hex(profile_of(ten_windows(), {1}, u"Real")));

@@ -206,6 +206,9 @@ TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)
     window.press(1);
     boxes.expect_boxes({{L"warning", L"Please enter Name of Profile, e.g. \"work docs 01\""}});
     EXPECT_EQ(boxes.boxes().front().owner, static_cast<HWND>(window));
+    boxes.forget();
+    EXPECT_EQ(on_Button_OK(window, owner.window(), window.edit()), 1);
+    boxes.expect_boxes({{L"warning", L"Please enter Name of Profile, e.g. \"work docs 01\""}});
     EXPECT_TRUE(IsWindow(window));
     EXPECT_EQ(window.typed(), L"");
     EXPECT_TRUE(owner.told.empty());
@@ -349,6 +352,7 @@ TEST(ProfileName, RefusesMissingHandles)
 {
     const Owner owner;
     const HWND some = owner.window();
+    SetWindowTextW(some, L"a name that could be told");
     for (int missing = 0; missing < 3; ++missing) {
         const HWND handles[] = {missing == 0 ? nullptr : some, missing == 1 ? nullptr : some,
                                 missing == 2 ? nullptr : some};
@@ -359,6 +363,7 @@ TEST(ProfileName, RefusesMissingHandles)
                                          L", hwnd_parent_wnd = " + pointer(handles[1]) + L", hEdit = " +
                                          pointer(handles[2]))});
     }
+    EXPECT_TRUE(owner.told.empty());
     BoxWatcher boxes;
     EXPECT_EQ(on_Button_CANCEL(nullptr), -1);
     boxes.expect_boxes({name_box(L"on_Button_CANCEL", 548, 571,

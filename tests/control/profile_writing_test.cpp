@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <optional>
+#include <string>
+#include <vector>
 
 #include "tests/control/profile_desk.h"
 #include "tests/control/saved_profile_desk.h"
@@ -43,11 +44,14 @@ Bytes written(const std::vector<std::uint32_t>& rows, const std::wstring& name)
     return test_support::read_file(path);
 }
 
-bool has_arrays(const STR_RW_PRFL& record)
+// What the arrays of a record of one window hold; its path has at most 14 units.
+std::string contents(const STR_RW_PRFL& record)
 {
-    return record.p_arr1D_ui_indexes_wnds_profile || record.p_arr1D_uc_flag_Prg_or_Folder ||
-           record.p_arr1D_ui_x || record.p_arr1D_ui_y || record.p_arr1D_ui_w || record.p_arr1D_ui_h ||
-           record.p_arr1D_ui_len_path || record.p_arr_strz_paths;
+    std::string bytes;
+    const std::vector<const void*> arrays = arrays_of(record);
+    for (std::size_t i = 0; i < arrays.size(); ++i)
+        bytes.append(static_cast<const char*>(arrays[i]), i == 1 ? 1 : i == 7 ? 30 : 4);
+    return bytes;
 }
 
 } // namespace
@@ -170,6 +174,7 @@ TEST(ProfileWriting, RefusesMissingArgumentsNamingThem)
     const PreparedRecord prepared({0}, L"x");
     const STR_RW_PRFL& all = prepared.record;
     const auto file = reinterpret_cast<HANDLE>(std::uintptr_t{0x1234});
+    const FailingImport<"WriteFile", decltype(WriteFile)> writes("kernel32.dll", -1, TRUE, 0);
     for (int missing = 0; missing < 10; ++missing) {
         SCOPED_TRACE(missing);
         const auto given = [&](int argument, auto value) { return argument == missing ? nullptr : value; };
@@ -194,6 +199,7 @@ TEST(ProfileWriting, RefusesMissingArgumentsNamingThem)
                           L"\np_arr1D_ui_h = " + pointer(h) + L"\np_arr1D_ui_len_path = " + pointer(lengths) +
                           L"\np_arr_strz_paths = " + pointer(paths))});
     }
+    EXPECT_EQ(writes.calls(), 0);
 }
 
 TEST(ProfileArrays, AreAllocatedInOrderWithTheirSizes)
@@ -235,9 +241,9 @@ TEST(ProfileArrays, AreKeptUpToTheOneThatCannotBeAllocated)
                                          L"function VirtualAlloc() returned error\n\n")});
             EXPECT_EQ(fails.calls(), call);
         }
-        EXPECT_EQ(record.p_arr1D_ui_indexes_wnds_profile != nullptr, call > 1);
-        EXPECT_EQ(record.p_arr1D_ui_len_path != nullptr, call > 7);
-        EXPECT_EQ(record.p_arr_strz_paths, nullptr);
+        const std::vector<const void*> arrays = arrays_of(record);
+        for (int i = 0; i < 8; ++i)
+            EXPECT_EQ(arrays[static_cast<std::size_t>(i)] != nullptr, i < call - 1) << "array " << i;
         FreeDynMem_wnds_Profile(&record);
     }
 }
@@ -274,6 +280,9 @@ TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
 {
     const FilledScan scan(ten_windows());
     const PreparedRecord prepared({3}, L"x");
+    // Another row, so that filling the arrays once more would be seen.
+    prepared.record.p_arr1D_ui_indexes_wnds_profile[0] = 4;
+    const std::string before = contents(prepared.record);
     {
         BoxWatcher boxes;
         STR_RW_PRFL record{};
@@ -286,7 +295,7 @@ TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
         };
         boxes.expect_boxes({box(nullptr, &scan_record), box(&record, nullptr)});
     }
-    for (int missing = 0; missing < 11; ++missing) {
+    for (int missing = 0; missing < 13; ++missing) {
         SCOPED_TRACE(missing);
         STR_RW_PRFL r = prepared.record;
         STR_ENUM_WNDS_DATA s = scan_record;
@@ -299,6 +308,8 @@ TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
                                  reinterpret_cast<void**>(&r.p_arr1D_ui_len_path),
                                  reinterpret_cast<void**>(&r.p_arr_strz_paths),
                                  nullptr,
+                                 reinterpret_cast<void**>(&s.arr1D_uc_flag_FP),
+                                 reinterpret_cast<void**>(&s.arr1D_ui_LenPath),
                                  reinterpret_cast<void**>(&s.pcDynMem_GeomText),
                                  reinterpret_cast<void**>(&s.pcDynMem_FullPaths)};
         if (fields[missing])
@@ -323,6 +334,7 @@ TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
                 L"\npSTR_ENUM_WNDS_DATA->arr1D_ui_LenPath = " + pointer(s.arr1D_ui_LenPath) +
                 L"\npSTR_ENUM_WNDS_DATA->pcDynMem_GeomText = " + pointer(s.pcDynMem_GeomText) +
                 L"\npSTR_ENUM_WNDS_DATA->pcDynMem_FullPaths = " + pointer(s.pcDynMem_FullPaths))});
+        EXPECT_TRUE(contents(prepared.record) == before);
     }
 }
 

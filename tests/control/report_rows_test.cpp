@@ -13,10 +13,12 @@
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "tests/control/system_error_calls.h"
 #include "tests/support/import_patch.h"
 
 // Every report of the program is shown by a test. Which one is written here, row by row; whenever that test
-// runs, it fails unless it really showed the row.
+// runs, it fails unless it really showed the row. The same goes for every call that shows an error of the
+// system.
 
 using test_support::ImportPatch;
 
@@ -210,6 +212,25 @@ const ShownBy kShownBy[] = {
 };
 // clang-format on
 
+struct SystemErrorShownBy {
+    std::string_view file; // of the call
+    std::string_view test;
+};
+
+// A file of several calls has several lines.
+const SystemErrorShownBy kSystemErrorShownBy[] = {
+    {"sources/funcs_layout_windows/scan_command.cpp",
+     "ScanCommand.ShowsTheSystemsTextWhenTheListCannotBeOpened"},
+    {"sources/funcs_layout_windows/window_enumeration.cpp",
+     "WindowEnumeration.EndsInEitherPassWhenAPathCannotBeRead"},
+    {"sources/main_prg/main_prg.cpp", "MessageLoop.IsReachedAlsoWithoutAMainWindow"},
+    {"sources/wnd_ScanListView/create_profile.cpp",
+     "CreateProfile.ReportsThatTheNameWindowCannotBeCreatedAndWhy"},
+    {"sources/wnd_ScanListView/create_wnd_ModifyCell.cpp",
+     "ModifyCell.ShowsTheSystemsTextWhenItCannotBeOpened"},
+    {"sources/wnd_ScanListView/list_view.cpp", "ListOfWindows.ReportsEveryRowAndCellThatCannotBeInserted"},
+};
+
 const ErrorSource* const kSources[] = {&errors_main,      &errors_layout_windows, &errors_profiles,
                                        &errors_scan_list, &errors_modify_cell,    &errors_profile_name};
 
@@ -243,13 +264,15 @@ bool has_test(std::string_view name)
     return false;
 }
 
-// The rows shown by the test that is running. A report stores its site number and composes its text in
-// its module's buffer before it asks for the box.
-class ShownRows : public testing::EmptyTestEventListener
+// What the test that is running shows. A report stores its site number and composes its text in its module's
+// buffer before it asks for the box; an error of the system has its title, in either encoding.
+class Shown : public testing::EmptyTestEventListener
 {
 public:
-    static void note(const wchar_t* text)
+    static void note(const wchar_t* text, std::wstring_view title)
     {
+        if (title == L"GetLastError" || title == L"\x6547\x4C74\x7361\x4574\x7272\x726F")
+            system_error_ = true;
         for (const ErrorSource* source : kSources) {
             if (text == source->message)
                 rows_.insert({source, *source->error_site});
@@ -257,7 +280,11 @@ public:
     }
 
 private:
-    void OnTestStart(const testing::TestInfo&) override { rows_.clear(); }
+    void OnTestStart(const testing::TestInfo&) override
+    {
+        rows_.clear();
+        system_error_ = false;
+    }
 
     void OnTestEnd(const testing::TestInfo& test) override
     {
@@ -268,9 +295,14 @@ private:
             if (row.test == name && !rows_.contains({row.source, row.site}))
                 ADD_FAILURE() << name << " does not show the report " << name_of({row.source, row.site});
         }
+        for (const SystemErrorShownBy& call : kSystemErrorShownBy) {
+            if (call.test == name && !system_error_)
+                ADD_FAILURE() << name << " does not show the error of the system of " << call.file;
+        }
     }
 
     static inline std::set<Row> rows_;
+    static inline bool system_error_ = false;
 };
 
 int WINAPI note_and_show(HWND owner, const wchar_t* text, const wchar_t* title, UINT style);
@@ -279,12 +311,12 @@ const ImportPatch message_boxes("user32.dll", "MessageBoxW", &note_and_show);
 
 int WINAPI note_and_show(HWND owner, const wchar_t* text, const wchar_t* title, UINT style)
 {
-    ShownRows::note(text);
+    Shown::note(text, title);
     return message_boxes.original<decltype(MessageBoxW)>()(owner, text, title, style);
 }
 
 [[maybe_unused]] const bool listening = [] {
-    testing::UnitTest::GetInstance()->listeners().Append(new ShownRows); // owned by GoogleTest
+    testing::UnitTest::GetInstance()->listeners().Append(new Shown); // owned by GoogleTest
     return true;
 }();
 
@@ -311,4 +343,15 @@ TEST(ReportRows, AreShownByTestsThatExist)
     for (const ShownBy& row : kShownBy)
         EXPECT_TRUE(has_test(row.test))
             << name_of({row.source, row.site}) << ": there is no test " << row.test;
+}
+
+TEST(SystemErrors, AreEachShownByATest)
+{
+    std::multiset<std::string_view> listed;
+    for (const SystemErrorShownBy& call : kSystemErrorShownBy) {
+        listed.insert(call.file);
+        EXPECT_TRUE(has_test(call.test)) << call.file << ": there is no test " << call.test;
+    }
+    EXPECT_EQ(listed, std::multiset<std::string_view>(system_error_calls.begin(), system_error_calls.end()))
+        << "the calls of show_system_error() in the sources";
 }

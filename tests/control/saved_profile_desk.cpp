@@ -141,6 +141,14 @@ void enter_name(HWND window, const std::wstring& name)
     SendMessageW(window, WM_COMMAND, 1, 0);
 }
 
+LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,
+                  DWORD bytes)
+{
+    COPYDATASTRUCT copy{.dwData = data, .cbData = bytes, .lpData = const_cast<wchar_t*>(name.data())};
+    return SendMessageW(list.window, WM_COPYDATA, reinterpret_cast<WPARAM>(sender),
+                        reinterpret_cast<LPARAM>(&copy));
+}
+
 BOOL AnsweredSaveDialog::answer(OPENFILENAMEW* settings)
 {
     ++asked;
@@ -150,6 +158,24 @@ BOOL AnsweredSaveDialog::answer(OPENFILENAMEW* settings)
         return FALSE;
     std::copy_n(path_.c_str(), path_.size() + 1, settings->lpstrFile);
     return TRUE;
+}
+
+std::vector<const void*> arrays_of(const STR_RW_PRFL& record)
+{
+    return {record.p_arr1D_ui_indexes_wnds_profile,
+            record.p_arr1D_uc_flag_Prg_or_Folder,
+            record.p_arr1D_ui_x,
+            record.p_arr1D_ui_y,
+            record.p_arr1D_ui_w,
+            record.p_arr1D_ui_h,
+            record.p_arr1D_ui_len_path,
+            record.p_arr_strz_paths};
+}
+
+bool has_arrays(const STR_RW_PRFL& record)
+{
+    const std::vector<const void*> arrays = arrays_of(record);
+    return std::any_of(arrays.begin(), arrays.end(), [](const void* array) { return array != nullptr; });
 }
 
 PreparedRecord::PreparedRecord(const std::vector<std::uint32_t>& rows, const std::wstring& name)

@@ -74,6 +74,10 @@ HWND name_window();
 // Types the name into the name window's box at once and presses Ok.
 void enter_name(HWND window, const std::wstring& name);
 
+// Sends the name to the list as the name window does; returns what the list answers.
+LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,
+                  DWORD bytes);
+
 // A save dialog that is answered with a path, or cancelled with an empty one.
 class AnsweredSaveDialog
 {
@@ -90,6 +94,13 @@ private:
     test_support::ImportHook<"GetSaveFileNameW", BOOL(OPENFILENAMEW*)> hook_{
         "comdlg32.dll", [this](OPENFILENAMEW* settings) { return answer(settings); }};
 };
+
+// The record's eight arrays, in the order in which they are allocated.
+std::vector<const void*> arrays_of(const STR_RW_PRFL& record);
+bool has_arrays(const STR_RW_PRFL& record);
+
+// Counts the blocks that the program releases while it lives.
+using Releases = test_support::FailingImport<"VirtualFree", decltype(VirtualFree)>;
 
 // A write record with arrays of its own for the scan's rows; released at the end.
 class PreparedRecord

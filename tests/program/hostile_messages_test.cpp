@@ -240,7 +240,7 @@ TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)
                      seen[0].text.substr(addresses, std::wstring(L"pSTR_ENUM_WNDS_DATA = 0123456789ABCDEF, "
                                                                  L"pSTR_RW_PRFL = 0123456789ABCDEF")
                                                         .size()),
-                 2055),
+                 2065),
              list_box(L"WndProc_ScanListView", 358, L"iRetCode = -1 <- on_WM_COPYDATA_on_wnd_NameOfProfile()",
                       541)});
     }

@@ -15,6 +15,7 @@ using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::Bytes;
 using test_support::FixturePrograms;
+using test_support::ImportHook;
 using test_support::ProfileEncoder;
 
 constexpr int kMinimize = 0;
@@ -58,13 +59,24 @@ TEST(Apply, AsksForAnActionBeforeAnythingElse)
 TEST(Apply, AsksForAProfile)
 {
     ProfileDesk desk;
-    for (const int action : {kMinimize, kRestore, kClose}) {
-        BoxWatcher boxes;
-        EXPECT_EQ(apply(desk, action), 1);
-        boxes.expect_boxes(
-            {{L"info",
-              L"There is no selected item in \"Profile\" list.\nSelect or Load at least one Profile."}});
+    // Filled from outside: the program's own names take the first 32 positions at most.
+    for (int i = 0; i < 34; ++i)
+        SendMessageW(desk.profile_combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"not the program's"));
+    for (const int position : {-1, 32, 33}) {
+        for (const int action : {kMinimize, kRestore, kClose}) {
+            desk.select_profile(position);
+            BoxWatcher boxes;
+            EXPECT_EQ(apply(desk, action), 1);
+            boxes.expect_boxes(
+                {{L"info",
+                  L"There is no selected item in \"Profile\" list.\nSelect or Load at least one Profile."}});
+        }
     }
+    desk.select_profile(31);
+    BoxWatcher boxes;
+    EXPECT_EQ(apply(desk, kMinimize), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(combo_texts(desk.profile_combo).size(), 34u);
 }
 
 TEST(Apply, MinimisesEveryWindowOfTheProfile)
@@ -203,6 +215,34 @@ TEST(Apply, UsesTheHandlesOfWindowsThatAreGoneAsTheyAre)
     for (const int action : {kMinimize, kRestore, kClose})
         EXPECT_EQ(apply(desk, action), 1);
     boxes.expect_no_boxes();
+}
+
+TEST(Apply, TouchesNoFurtherWindowOnceTheStoreIsEmptied)
+{
+    for (const int action : {kMinimize, kRestore}) {
+        SCOPED_TRACE(action);
+        ProfileDesk desk;
+        const OwnWindow first(L"first");
+        const OwnWindow second(L"second");
+        store_profile(desk, {first, second},
+                      ProfileEncoder()
+                          .add_program(10, 20, 300, 200, u"C:\\a.exe")
+                          .add_program(30, 40, 310, 210, u"C:\\b.exe")
+                          .name(u"ab"),
+                      L"ab");
+        // The main window is closed while another program's window is shown.
+        std::vector<HWND> shown;
+        const ImportHook<"ShowWindow", decltype(ShowWindow)> show("user32.dll", [&](HWND window, int) {
+            shown.push_back(window);
+            finishWork_onLoadProfile(&desk.store);
+            desk.store = {};
+            return TRUE;
+        });
+        BoxWatcher boxes;
+        EXPECT_EQ(apply(desk, action), 1);
+        boxes.expect_no_boxes();
+        EXPECT_EQ(shown, std::vector<HWND>{first});
+    }
 }
 
 TEST(Apply, DoesNothingForAListPositionThatHasOutrunTheStore)

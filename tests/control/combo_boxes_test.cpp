@@ -27,17 +27,19 @@ constexpr wchar_t kDelete[] = L"error while deleting string from ComboBox Profil
 constexpr wchar_t kNoSelection[] =
     L"error while deleting string from ComboBox Profile\nind > uiN_strs or 0 == uiN_strs";
 
-// Combo calls that a list answers with `answer`.
+// Combo calls that a list answers with `answer`, and all that were made, in order.
 class RefusingCombo
 {
 public:
     RefusingCombo(UINT message, LRESULT answer) : message_(message), answer_(answer) {}
+    std::vector<UINT> sent;
 
 private:
     UINT message_;
     LRESULT answer_;
     ImportHook<"SendMessageW", decltype(SendMessageW)> hook_{
         "user32.dll", [this](HWND window, UINT message, WPARAM wide, LPARAM narrow) {
+            sent.push_back(message);
             return message == message_ ? answer_ : hook_.call_original(window, message, wide, narrow);
         }};
 };
@@ -121,6 +123,8 @@ TEST(ComboSelection, IsKeptForTheRecordsOwnListOnly)
 TEST(ComboSelection, RefusesMissingArgumentsTheProfileListUnreadably)
 {
     ProfileDesk desk;
+    desk.profiles.uiSelection = 77;
+    desk.actions.uiSelection = 77;
     for (const HWND control : {HWND{nullptr}, desk.profile_combo}) {
         CB_mng_STR* const profiles = control ? nullptr : &desk.profiles;
         CB_Action_mng_STR* const actions = control ? nullptr : &desk.actions;
@@ -138,6 +142,8 @@ TEST(ComboSelection, RefusesMissingArgumentsTheProfileListUnreadably)
                                                   L"hwndCtl = " + pointer(control) +
                                                       L", pCB_Action_mng_STR = " + pointer(actions))}});
     }
+    EXPECT_EQ(desk.profiles.uiSelection, 77u);
+    EXPECT_EQ(desk.actions.uiSelection, 77u);
 }
 
 TEST(ProfileCombo, StartsEmptyWithRoomForThirtyTwoNames)
@@ -208,10 +214,15 @@ TEST(ProfileCombo, KeepsTheEntryOfANameThatTheListRefuses)
         ProfileDesk desk;
         const RefusingCombo refusing(CB_INSERTSTRING, answer);
         BoxWatcher boxes;
-        EXPECT_EQ(CB_Profile_add_string(&desk.profiles, L"name", 6), 1);
+        const wchar_t name[] = L"name";
+        EXPECT_EQ(CB_Profile_add_string(&desk.profiles, name, 6), 1);
         boxes.expect_boxes({{L"error", L"error while inserting string to ComboBox Profile"}});
+        // The name that is not there is selected all the same.
+        EXPECT_EQ(refusing.sent, (std::vector<UINT>{CB_INSERTSTRING, CB_SELECTSTRING}));
         EXPECT_EQ(desk.profiles.uiN_strs, 1u);
         EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[0], 6u);
+        EXPECT_EQ(desk.profiles.arr1D_p_names[0], static_cast<const void*>(name));
+        EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
     }
 }
 
@@ -297,4 +308,20 @@ TEST(ProfileCombo, ReportsANameThatTheListDoesNotDelete)
     EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 2);
     boxes.expect_boxes({{L"error", kDelete}});
     EXPECT_EQ(std::memcmp(&before, &desk.profiles, sizeof(before)), 0);
+    EXPECT_EQ(combo_texts(desk.profile_combo), Texts{L"a"});
+}
+
+TEST(ProfileCombo, DeletesNoNameThatCameFromElsewhereBehindItsOwn)
+{
+    ProfileDesk desk;
+    for (std::uint32_t i = 0; i < 32; ++i)
+        ASSERT_EQ(CB_Profile_add_string(&desk.profiles, L"name", i), 1);
+    SendMessageW(desk.profile_combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"not the program's"));
+    desk.select_profile(32);
+    const CB_mng_STR before = desk.profiles;
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 2);
+    boxes.expect_boxes({{L"error", kDelete}});
+    EXPECT_EQ(std::memcmp(&before, &desk.profiles, sizeof(before)), 0);
+    EXPECT_EQ(combo_texts(desk.profile_combo).size(), 33u);
 }

@@ -5,8 +5,10 @@
 #include <shlobj.h>
 
 #include <cstring>
+#include <memory>
 
 #include "tests/control/profile_desk.h"
+#include "tests/control/recorded_blocks.h"
 #include "tests/support/text.h"
 
 namespace
@@ -15,7 +17,6 @@ namespace
 using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::ExpectedBox;
-using test_support::FailingImport;
 using test_support::ProfileEncoder;
 
 // What a window is given when these files are dropped on it. The receiver never frees it.
@@ -84,6 +85,19 @@ std::int32_t drop(ProfileDesk& desk, HDROP handle)
     return on_wm_dropfiles(desk.window, handle, &desk.store, &desk.profiles);
 }
 
+// A drop that is refused with this result. Nothing is loaded, and whatever memory was taken is given back.
+void expect_refused(ProfileDesk& desk, HDROP handle, std::int32_t result)
+{
+    const auto before = std::make_unique<LoadedProfiles_STR>(desk.store);
+    const RecordedBlocks blocks;
+    EXPECT_EQ(drop(desk, handle), result);
+    EXPECT_EQ(blocks.taken.size(), 1u); // for the path
+    EXPECT_EQ(blocks.given_back, blocks.taken);
+    EXPECT_EQ(std::memcmp(before.get(), &desk.store, sizeof desk.store), 0);
+    EXPECT_EQ(desk.profiles.uiN_strs, 0u);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+}
+
 } // namespace
 
 TEST(DroppedFiles, LoadsTheFirstOfThree)
@@ -111,12 +125,11 @@ TEST(DroppedFiles, ShowsTheLoadsBoxAndThenAnUnreadableOneForAFileThatIsNoProfile
     test_support::write_file(path, {'D', 'e', 'a', 'r'});
     const Drop dropped({path});
     BoxWatcher boxes;
-    EXPECT_EQ(drop(desk, dropped), -4);
+    expect_refused(desk, dropped, -4);
     boxes.expect_boxes(
         {load_box(5629, 7183, L"invalid type of file, signature doesn't coincide"), load_failed_box()});
     for (const auto& box : boxes.boxes())
         EXPECT_EQ(box.owner, nullptr);
-    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
     EXPECT_EQ(starts.count(), 0);
 }
 
@@ -125,7 +138,7 @@ TEST(DroppedFiles, CannotBeAFolder)
     ProfileDesk desk;
     const Drop dropped({desk.files.make_folder(L"folder")});
     BoxWatcher boxes;
-    EXPECT_EQ(drop(desk, dropped), -4);
+    expect_refused(desk, dropped, -4);
     boxes.expect_boxes(
         {load_box(5570, 7095,
                   L"one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()"),
@@ -138,7 +151,7 @@ TEST(DroppedFiles, AreCreatedEmptyAndRefusedWhenTheyAreGone)
     const std::wstring path = desk.files.file(L"gone.txt");
     const Drop dropped({path});
     BoxWatcher boxes;
-    EXPECT_EQ(drop(desk, dropped), -4);
+    expect_refused(desk, dropped, -4);
     boxes.expect_boxes(
         {load_box(5581, 7117,
                   L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )"),
@@ -164,11 +177,15 @@ TEST(DroppedFiles, ReportsThatThereIsNoMemoryForThePath)
 {
     ProfileDesk desk;
     const Drop dropped({L"C:\\x"});
-    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", 1, nullptr,
-                                                                      ERROR_NOT_ENOUGH_MEMORY);
+    const auto before = std::make_unique<LoadedProfiles_STR>(desk.store);
+    const RecordedBlocks blocks(1);
     BoxWatcher boxes;
     EXPECT_EQ(drop(desk, dropped), -2);
     boxes.expect_boxes({unreadable(gap_text(drop_site(9120, 9229), L"error while DynMemAlloc()"))});
+    EXPECT_EQ(blocks.taken.size(), 1u);
+    EXPECT_EQ(std::memcmp(before.get(), &desk.store, sizeof desk.store), 0);
+    EXPECT_EQ(desk.profiles.uiN_strs, 0u);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
 }
 
 TEST(DroppedFiles, ReportsAPathThatCannotBeQueried)
@@ -179,13 +196,12 @@ TEST(DroppedFiles, ReportsAPathThatCannotBeQueried)
     {
         const Drop nothing({});
         BoxWatcher boxes;
-        EXPECT_EQ(drop(desk, nothing), -3);
+        expect_refused(desk, nothing, -3);
         boxes.expect_boxes({box});
     }
     // Whatever else was sent for a handle.
     const auto nonsense = reinterpret_cast<HDROP>(std::uintptr_t{0x12345678});
     BoxWatcher boxes;
-    EXPECT_EQ(drop(desk, nonsense), -3);
+    expect_refused(desk, nonsense, -3);
     boxes.expect_boxes({box});
-    EXPECT_EQ(desk.store.uiN_loaded_prfls, 0u);
 }

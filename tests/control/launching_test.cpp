@@ -13,7 +13,6 @@ namespace
 
 using namespace profile_tests;
 using test_support::BoxWatcher;
-using test_support::difference;
 using test_support::ExpectedBox;
 using test_support::FixtureOptions;
 using test_support::FixturePrograms;
@@ -44,13 +43,6 @@ ExpectedBox folders_failed(const std::wstring& failed, const std::wstring& all)
 const ExpectedBox kProgramsNotDetected{L"info",
                                        L"Not all Programs of Profile were detected after launching\n"};
 const ExpectedBox kFoldersNotDetected{L"info", L"Not all Folders of Profile were detected after launching\n"};
-
-ExpectedBox launch_box(int site, int handler, const std::wstring& detail)
-{
-    return {
-        L"error",
-        gap_text({L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
-}
 
 } // namespace
 
@@ -338,26 +330,6 @@ TEST(Launching, ReportsInOrderWhateverIsMissing)
     EXPECT_EQ(sleeps.pauses.size(), 20u);
 }
 
-TEST(Launching, EndsTheLoadWhenTheFoldersCannotBeChecked)
-{
-    ProfileDesk desk;
-    RecordedFolderStarts starts;
-    // The second block is the one for the folder windows: nobody tests it before the search does.
-    const test_support::FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails(
-        "kernel32.dll", 2, nullptr, ERROR_NOT_ENOUGH_MEMORY);
-    BoxWatcher boxes;
-    EXPECT_EQ(desk.load(ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"F").bytes()), -15);
-    const auto seen = boxes.boxes();
-    ASSERT_EQ(seen.size(), 3u);
-    EXPECT_EQ(difference({seen[2]}, {launch_box(6147, 7383,
-                                                L"error, one of callable functions returned error, "
-                                                L"check_folders_loaded()")}),
-              "");
-    EXPECT_EQ(starts.starts.size(), 1u);
-    EXPECT_EQ(desk.store.uiN_loaded_prfls, 0u);
-    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
-}
-
 TEST(Launching, RunsOnlyTheSearchesThatTheProfileNeeds)
 {
     ProfileDesk desk;
@@ -400,8 +372,10 @@ TEST(Launching, RefusesAFolderPathThatNoSystemCallTakesWithoutOpeningAnything)
     EXPECT_EQ(
         desk.load(ProfileEncoder().add_folder(0, 0, 9, 9, std::u16string(40'000, u'x')).name(u"F").bytes()),
         1);
-    // An empty path would open some folder of the shell's choice.
-    for (const auto& start : starts.starts)
-        EXPECT_NE(start.path, L"");
     boxes.expect_boxes({folders_failed(L"1", L"1")});
+    // An empty path would open some folder of the shell's choice.
+    EXPECT_TRUE(starts.starts.empty());
+    EXPECT_TRUE(sleeps.pauses.empty());
+    ASSERT_EQ(desk.store.uiN_loaded_prfls, 1u);
+    EXPECT_EQ(desk.stored_handle(0, 0), nullptr);
 }

@@ -20,10 +20,8 @@ using test_support::ImportHook;
 using test_support::kEveryCall;
 using test_support::ProfileEncoder;
 
-constexpr wchar_t kReadFailed[] = L"one of callable functions returned error: error <- ReadFileEx( )";
 constexpr wchar_t kNotOpened[] =
     L"one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()";
-constexpr wchar_t kNoMemory[] = L"error while DynMemAlloc";
 
 Where load_site(int site, int handler)
 {
@@ -221,20 +219,6 @@ TEST(ProfileLoading, RefusesMissingArgumentsNamingThem)
     }
 }
 
-TEST(ProfileLoading, ReportsAReadThatFails)
-{
-    ProfileDesk desk;
-    const NothingStarts starts;
-    for (const int call : {1, 2}) {
-        const FailingImport<"ReadFile", decltype(ReadFile)> fails("kernel32.dll", call, FALSE, ERROR_CRC);
-        BoxWatcher boxes;
-        EXPECT_EQ(desk.load(two_programs().bytes()), -5);
-        boxes.expect_boxes({load_box(call == 1 ? 5617 : 5676, 7161, kReadFailed)});
-        EXPECT_EQ(fails.calls(), call);
-    }
-    EXPECT_EQ(starts.count(), 0);
-}
-
 TEST(ProfileLoading, ReadsNothingButTheSignatureOfAFileWithAWrongOne)
 {
     ProfileDesk desk;
@@ -251,31 +235,6 @@ TEST(ProfileLoading, ReadsNothingButTheSignatureOfAFileWithAWrongOne)
     boxes.expect_boxes({load_box(5629, 7183, L"invalid type of file, signature doesn't coincide")});
     EXPECT_EQ(reads, std::vector<DWORD>{3});
     EXPECT_EQ(blocks.calls(), 0);
-}
-
-TEST(ProfileLoading, ReportsMemoryThatIsNotThere)
-{
-    ProfileDesk desk;
-    const NothingStarts starts;
-    // Block 1 is the file, block 2 the folder windows, which nobody tests as long as no entry is a folder.
-    const std::vector<std::pair<int, int>> sites{{3, 5754}, {4, 5768}, {5, 5783},
-                                                 {6, 5797}, {7, 5812}, {8, 5843}};
-    {
-        const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", 1, nullptr,
-                                                                          ERROR_NOT_ENOUGH_MEMORY);
-        BoxWatcher boxes;
-        EXPECT_EQ(desk.load(two_programs().bytes()), -7);
-        boxes.expect_boxes({load_box(5647, 7205, L"error <- DynMemAlloc for file's data")});
-    }
-    for (const auto& [call, site] : sites) {
-        const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", call, nullptr,
-                                                                          ERROR_NOT_ENOUGH_MEMORY);
-        BoxWatcher boxes;
-        EXPECT_EQ(desk.load(two_programs().bytes()), -9);
-        boxes.expect_boxes({load_box(site, 7249, kNoMemory)});
-    }
-    EXPECT_EQ(starts.count(), 0);
-    EXPECT_EQ(desk.store.uiN_loaded_prfls, 0u);
 }
 
 TEST(ProfileLoading, TakesItsWorkingMemoryInOneOrderAndGivesItBack)

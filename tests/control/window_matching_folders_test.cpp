@@ -18,6 +18,8 @@ using test_support::Missing;
 using test_support::ProfileEncoder;
 
 constexpr wchar_t kFile[] = L"sources/funcs_layout_windows";
+// What stands in an array before a call that must leave it alone.
+const auto kKept = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
 
 } // namespace
 
@@ -69,16 +71,22 @@ TEST(FolderMatching, PassesOverWindowsThatDoNotTellTheirFolderAndReleasesEveryth
     }
 }
 
-TEST(FolderMatching, FindsNothingInAnEmptyListWithoutABox)
+TEST(FolderMatching, FindsNothingInAnEmptyListWithoutABoxAndReleasesIt)
 {
     ProfileDesk desk;
     const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"x").bytes();
-    HWND found[1] = {};
-    BoxWatcher boxes;
-    EXPECT_EQ(GetHWNDS_of_LoadedFolders(file.data(), found), -3);
-    desk.folders.fail_count(E_NOTIMPL);
-    EXPECT_EQ(GetHWNDS_of_LoadedFolders(file.data(), found), -3);
-    boxes.expect_no_boxes();
+    for (const HRESULT counted : {S_OK, E_NOTIMPL}) {
+        desk.folders.clear();
+        desk.folders.fail_count(counted);
+        HWND found[1] = {kKept};
+        BoxWatcher boxes;
+        EXPECT_EQ(GetHWNDS_of_LoadedFolders(file.data(), found), -3);
+        boxes.expect_no_boxes();
+        EXPECT_EQ(found[0], kKept);
+        EXPECT_GT(desk.folders.counts().interfaces_given, 0);
+        EXPECT_EQ(desk.folders.counts().interfaces_live, 0);
+        EXPECT_EQ(desk.folders.counts().released_too_often, 0);
+    }
 }
 
 TEST(FolderMatching, ReportsThatThereIsNoListWithFileAndFunctionUnreadable)
@@ -86,7 +94,7 @@ TEST(FolderMatching, ReportsThatThereIsNoListWithFileAndFunctionUnreadable)
     ProfileDesk desk;
     desk.folders.fail_creation(E_FAIL);
     const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"x").bytes();
-    HWND found[1] = {};
+    HWND found[1] = {kKept};
     const std::wstring file_field = bytes_as_wide("sources/funcs_layout_windows");
     const std::wstring function_field = bytes_as_wide("GetHWNDS_of_LoadedFolders");
     {
@@ -107,6 +115,7 @@ TEST(FolderMatching, ReportsThatThereIsNoListWithFileAndFunctionUnreadable)
                                     L"incorrect input parameters: pcFileData = " + pointer(bytes) +
                                         L", p_arr1D_hwnd = " + pointer(out))}});
     }
+    EXPECT_EQ(found[0], kKept);
 }
 
 TEST(FolderCheck, AsksForAWindowOfEveryFolderThatOpened)

@@ -13,7 +13,9 @@ namespace
 using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::Bytes;
+using test_support::FailingImport;
 using test_support::ImportHook;
+using test_support::kEveryCall;
 using test_support::ProfileEncoder;
 using test_support::units_of;
 
@@ -191,10 +193,14 @@ TEST(ProgramMatching, EndsThePassWhenAnImagePathCannotBeQueried)
     const OwnWindow window(L"mine");
     Matcher matcher(one_entry(own_image()));
     const GivenImage nothing(L"");
+    // The handle of the process stays open.
+    const FailingImport<"CloseHandle", decltype(CloseHandle)> closes("kernel32.dll", kEveryCall, TRUE, 0);
     BoxWatcher boxes;
     EXPECT_EQ(matcher.ask(window), FALSE);
+    EXPECT_EQ(closes.calls(), 0);
     boxes.expect_boxes({{L"error", compact_text({kFile, L"GetHWNDS_of_LoadedPrograms", 8405, 8713},
                                                 L"ERROR <- GetModuleFileNameEx()")}});
+    EXPECT_EQ(matcher.found.front(), nullptr);
 }
 
 TEST(ProgramMatching, EndsThePassWithoutARecordOrWithAnEmptyOne)
@@ -252,7 +258,9 @@ TEST(ProgramMatching, CopiesTheWindowsOfProgramEntriesOnly)
 TEST(ProgramMatching, RefusesMissingArgumentsAndFields)
 {
     Matcher whole(one_entry(L"C:\\x.exe"));
-    HWND out[1] = {};
+    const auto kept = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
+    HWND out[1] = {kept};
+    const FailingImport<"EnumWindows", decltype(EnumWindows)> enumerations("user32.dll", kEveryCall, TRUE, 0);
     const std::wstring function = L"find_hwnds_Programs_fill_array";
     for (int missing = 0; missing < 3; ++missing) {
         HWNDs_loadedPrgsProfile_STR* const record = missing == 0 ? nullptr : &whole.record;
@@ -291,4 +299,7 @@ TEST(ProgramMatching, RefusesMissingArgumentsAndFields)
                                 L"uiSize_chars = " + std::to_wstring(r.uiSize_chars) + L", " + field +
                                 L"uiSize_bytes = " + std::to_wstring(r.uiSize_bytes) + L"\n")}});
     }
+    EXPECT_EQ(enumerations.calls(), 0);
+    EXPECT_EQ(out[0], kept);
+    EXPECT_EQ(whole.found.front(), nullptr);
 }

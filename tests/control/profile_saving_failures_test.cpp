@@ -260,3 +260,26 @@ TEST(ProfileSaving, RefusesMissingArgumentsNamingThem)
                              pointer(read) + L", pSTR_RW_PRFL = " + pointer(record))});
     }
 }
+
+TEST(ProfileSaving, TellsWhenAHalfWrittenFileCannotBeDeleted)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"left.txt");
+    AnsweredSaveDialog dialog(path);
+    const HWND name = list.ask_name_for({1});
+    const FailingImport<"WriteFile", decltype(WriteFile)> full("kernel32.dll", 2, FALSE, ERROR_DISK_FULL);
+    const FailingImport<"DeleteFileW", decltype(DeleteFileW)> kept("kernel32.dll", 1, FALSE,
+                                                                   ERROR_SHARING_VIOLATION);
+    BoxWatcher boxes;
+    EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+    boxes.expect_boxes(
+        {arrival_box(2017, 2131,
+                     L"file of profile was not wholly written and cannot be deleted, profile is not saved\n"
+                     L"GetLastError = 112 <- WriteFile() or FlushFileBuffers()\n"
+                     L"GetLastError = 32 <- DeleteFile()")});
+    EXPECT_EQ(kept.calls(), 1);
+    EXPECT_EQ(hex(read_file(path)), "01 00 00 00"); // no signature: nobody takes it for a profile
+    EXPECT_EQ(error_of_writing_to(path), DWORD{ERROR_SUCCESS});
+}

@@ -180,7 +180,7 @@ const ShownBy kShownBy[] = {
     {&errors_scan_list, 1983, "ProfileSaving.SaysThatAFileCannotBeCreated"},
     {&errors_scan_list, 1997, "ProfileSaving.ReportsAWriterThatRefusesAndAnswersFalse"},
     {&errors_scan_list, 2009, "ProfileSaving.DeletesAHalfWrittenFileAndSaysSo"},
-    {&errors_scan_list, 2017, "ProfileLeftover.IsToldWhenItCannotBeDeleted"},
+    {&errors_scan_list, 2017, "ProfileSaving.TellsWhenAHalfWrittenFileCannotBeDeleted"},
     {&errors_scan_list, 2031, "RareReports.ArraysThatCannotBeReleasedWouldBeTold"},
     {&errors_scan_list, 2204, "ProfileWriting.RefusesMissingArgumentsNamingThem"},
     {&errors_scan_list, 2371, "ProfileArrays.AreReleasedAndTheirPointersCleared"},

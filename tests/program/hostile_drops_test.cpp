@@ -1,0 +1,154 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <shlobj.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "tests/program/all_windows_open.h"
+#include "tests/support/file_dialogs.h"
+#include "tests/support/remote_memory.h"
+
+// WM_DROPFILES as another program can send it, and messages below an open box.
+
+using namespace test_support;
+using hostile::Texts;
+
+namespace
+{
+
+class HostileDrops : public hostile::AllWindowsOpen
+{
+};
+
+class MessagesBelowABox : public hostile::AllWindowsOpen
+{
+};
+
+ExpectedBox drop_box(int line, int handler, const std::string& detail)
+{
+    return {bytes_as_wide("error"),
+            bytes_as_wide(
+                "error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\non_wm_dropfiles\n\nline:\n" +
+                std::to_string(line) + "\n\n" + detail + "\n\nline of error handler:\n" +
+                std::to_string(handler))};
+}
+
+TEST_F(HostileDrops, OfWrongHandlesAndListsAreReportedAndNothingElse)
+{
+    // A page of memory in the program and none behind it.
+    RemoteMemory pages(wendlow_.main_window(), 0x2000);
+    DWORD before = 0;
+    ASSERT_TRUE(VirtualProtectEx(wendlow_.process(), pages.address(0x1000), 0x1000, PAGE_NOACCESS, &before));
+    const auto address = [&](std::size_t offset) { return reinterpret_cast<WPARAM>(pages.address(offset)); };
+    const Bytes filling(0x1000, 'A');
+    const auto list = [&](DWORD files, BOOL wide, std::size_t at) {
+        pages.write(0, filling.data(), filling.size());
+        DROPFILES header{};
+        header.pFiles = files;
+        header.fWide = wide;
+        pages.write(at, &header, std::min<std::size_t>(sizeof(header), 0x1000 - at));
+        return address(at);
+    };
+    const struct {
+        const char* what;
+        std::function<WPARAM()> handle;
+    } drops[] = {
+        {"an address nobody has", [] { return WPARAM{0x10}; }},
+        {"an odd one", [] { return WPARAM{0x12345677}; }},
+        {"one that looks like a handle", [] { return WPARAM{0x12345672}; }},
+        {"the last one", [] { return ~WPARAM{0}; }},
+        {"an address of the kernel's", [] { return static_cast<WPARAM>(0xFFFF'8000'0000'0000); }},
+        {"memory that cannot be read", [&] { return address(0x1000); }},
+        {"memory that looks like a handle", [&] { return address(2); }},
+        {"a header that is cut off", [&] { return list(20, TRUE, 0x1000 - 10); }},
+        {"paths at the very end", [&] { return list(0x1000, TRUE, 0); }},
+        {"paths behind the end", [&] { return list(0x1001, TRUE, 0); }},
+        {"paths far away", [&] { return list(0xFFFFFFFF, TRUE, 0); }},
+        {"a wide path without end", [&] { return list(20, TRUE, 0); }},
+        {"a narrow path without end", [&] { return list(20, FALSE, 0); }},
+        {"half a unit", [&] { return list(0xFFF, TRUE, 0); }},
+        {"an empty first path",
+         [&] {
+             const WPARAM handle = list(20, TRUE, 0);
+             const wchar_t nothing[2] = {};
+             pages.write(20, nothing, sizeof nothing);
+             return handle;
+         }},
+    };
+    const ExpectedBox query =
+        drop_box(9142, 9251, "error, one of callable functions returned error, DragQueryFile( )");
+    for (const auto& drop : drops) {
+        SCOPED_TRACE(drop.what);
+        const WPARAM handle = drop.handle();
+        boxes_.forget();
+        PostMessageW(wendlow_.main_window(), WM_DROPFILES, handle, 0);
+        boxes_.expect_boxes({query});
+        wendlow_.wait_until_idle();
+        ASSERT_FALSE(HasFailure());
+        for (const HWND window : windows_) {
+            if (window != wendlow_.main_window())
+                PostMessageW(window, WM_DROPFILES, handle, 0);
+        }
+    }
+    expect_all_as_before();
+    boxes_.expect_boxes({query});
+}
+
+// Boxes without owner leave the windows usable.
+TEST_F(MessagesBelowABox, AreCarriedOut)
+{
+    const auto bad_file = [&](const wchar_t* name) {
+        write_file(folder_.file(name), {1, 2, 3, 4});
+        return folder_.file(name);
+    };
+    SendMessageW(wendlow_.name_window(), WM_CLOSE, 0, 0);
+    SendMessageW(wendlow_.modify_cell_window(), WM_CLOSE, 0, 0);
+    boxes_.hold();
+    wendlow_.drop_files({bad_file(L"1.txt")}); // its box stays on the screen
+    boxes_.wait_for_box(0);
+
+    const HWND list = wendlow_.list_window();
+    wendlow_.press_scan();
+    wait_until([&] { return !IsWindow(list) && wendlow_.list_window() != nullptr; }, kLongWait,
+               "the list of the second scan");
+    wendlow_.drop_files({folder_.file(L"good.txt")});
+    wait_until([&] { return wendlow_.combo_texts(wendlow_.profile_combo()).size() == 2; }, kLongWait,
+               "the profile loaded under the box");
+    wendlow_.press_apply(); // without an action
+    boxes_.wait_for_box(1);
+    wendlow_.drop_files({bad_file(L"2.txt")});
+    boxes_.wait_for_box(2);
+    wendlow_.press_load_profile();
+    cancel_file_dialog(wendlow_.process_id());
+    wendlow_.press_move(); // with nothing ticked
+    boxes_.wait_for_box(3);
+    boxes_.release();
+    // The four that were held, and the one that follows each refused file.
+    boxes_.wait_for_box(5);
+    wendlow_.wait_until_idle();
+
+    EXPECT_EQ(boxes_.count(), 6u);
+    EXPECT_EQ(wendlow_.combo_texts(wendlow_.profile_combo()), (Texts{L"Good", L"Good"}));
+    EXPECT_TRUE(wendlow_.list_view().find_row(L"Edited"));
+    EXPECT_EQ(wendlow_.close_and_wait(), 0u);
+}
+
+// The boxes of a load belong to the main window; whoever closes it below one ends the program.
+TEST_F(MessagesBelowABox, EndTheProgramWhenTheyCloseTheMainWindow)
+{
+    const std::wstring path = folder_.file(L"gone.txt");
+    write_file(path,
+               ProfileEncoder().add_program(1, 2, 300, 200, u"C:\\gone\\program.exe").name(u"P").bytes());
+    boxes_.hold();
+    wendlow_.drop_files({path});
+    boxes_.wait_for_box(0);
+    PostMessageW(wendlow_.main_window(), WM_CLOSE, 0, 0);
+    wait_until([&] { return !IsWindow(wendlow_.main_window()); }, kShortWait, "the main window to go");
+    boxes_.release();
+    EXPECT_EQ(wendlow_.wait_for_exit(2 * kShortWait), 0u);
+}
+
+} // namespace

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
@@ -37,6 +39,45 @@ struct Scanned {
     Scanned() { desk.scan(); }
 };
 
+// The lengths and paths of the slots, the flags, and the two fields of the folders.
+struct Contents {
+    std::vector<std::wstring> paths;
+    std::vector<unsigned> lengths;
+    std::vector<unsigned> flags;
+    std::uint32_t folders = scan_record.counter_folders;
+    std::uint32_t longest_bytes = scan_record.uiMaxLen_inBytes_FolderPath;
+
+    Contents()
+    {
+        for (std::uint32_t slot = 0; slot < scan_record.counter_valid; ++slot) {
+            paths.push_back(path_of_slot(slot));
+            lengths.push_back(scan_record.arr1D_ui_LenPath[slot]);
+            flags.push_back(scan_record.arr1D_uc_flag_FP[slot]);
+        }
+    }
+    bool operator==(const Contents&) const = default;
+};
+
+// That something was handed out, and none of it is kept or was given back twice.
+void expect_released(const FolderWindowsScript& folders)
+{
+    const StandInCounts counts = folders.counts();
+    EXPECT_GT(counts.interfaces_given, 0);
+    EXPECT_EQ(counts.interfaces_live, 0);
+    EXPECT_EQ(counts.released_too_often, 0);
+    EXPECT_EQ(counts.id_lists_live, 0);
+}
+
+// Without windows in the list the filling pass, too, sets the fields of the folders.
+void expect_fields_zeroed_when_filling()
+{
+    scan_record.counter_folders = 7;
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 0u);
+}
+
 } // namespace
 
 TEST(ExplorerFolders, AreNoneWithoutFolderWindows)
@@ -47,7 +88,8 @@ TEST(ExplorerFolders, AreNoneWithoutFolderWindows)
     EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
     EXPECT_EQ(scan_record.counter_folders, 0u);
     EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 0u);
-    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    expect_fields_zeroed_when_filling();
+    expect_released(scanned.desk.folders);
 }
 
 TEST(ExplorerFolders, AreCountedAndMeasuredInBytes)
@@ -115,12 +157,9 @@ TEST(ExplorerFolders, ThatGiveNothingOnTheWayArePassedOverAndReleased)
         EXPECT_EQ(path_of_slot(0), first) << static_cast<int>(missing);
         EXPECT_EQ(scan_record.arr1D_ui_LenPath[1], 20u);
         boxes.expect_no_boxes();
-        const StandInCounts counts = scanned.desk.folders.counts();
-        EXPECT_EQ(counts.passes, 2);
-        EXPECT_GT(counts.interfaces_given, 0);
-        EXPECT_EQ(counts.interfaces_live, 0) << static_cast<int>(missing);
-        EXPECT_EQ(counts.released_too_often, 0) << static_cast<int>(missing);
-        EXPECT_EQ(counts.id_lists_live, 0) << static_cast<int>(missing);
+        SCOPED_TRACE(static_cast<int>(missing));
+        EXPECT_EQ(scanned.desk.folders.counts().passes, 2);
+        expect_released(scanned.desk.folders);
     }
 }
 
@@ -146,7 +185,7 @@ TEST(ExplorerFolders, ThatAreVirtualKeepTheirWindowAsAFolderWithoutPath)
     EXPECT_EQ(path_of_slot(0), L"");
     EXPECT_EQ(scan_record.arr1D_uc_flag_FP[1], 1);
     EXPECT_EQ(desk.folders.counts().passes, 2);
-    EXPECT_EQ(desk.folders.counts().id_lists_live, 0);
+    expect_released(desk.folders);
 }
 
 TEST(ExplorerFolders, StopAtAWindowWithoutHandleWhenFilling)
@@ -166,8 +205,7 @@ TEST(ExplorerFolders, StopAtAWindowWithoutHandleWhenFilling)
                     L"2216\n\nhwnd of folder = 0000000000000000\n\nline of error handler:\n2388"}});
     EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
     EXPECT_NE(scan_record.arr1D_ui_LenPath[1], 20u);
-    EXPECT_EQ(scanned.desk.folders.counts().interfaces_live, 0);
-    EXPECT_EQ(scanned.desk.folders.counts().id_lists_live, 0);
+    expect_released(scanned.desk.folders);
 }
 
 TEST(ExplorerFolders, LongerThanTheSlotsAreLeftOut)
@@ -201,7 +239,11 @@ TEST(ExplorerFolders, ThatChangeBetweenThePassesNeverOverflowTheirSlot)
         });
     ASSERT_EQ(desk.scan(), 1);
     EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, 6u);
-    EXPECT_LE(scan_record.arr1D_ui_LenPath[0], 6u);
+    EXPECT_EQ(desk.folders.counts().passes, 2);
+    // The longer path is left out altogether.
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 0u);
+    EXPECT_EQ(path_of_slot(0), L"");
+    expect_released(desk.folders);
 }
 
 TEST(ExplorerFolders, ClearTheRestOfASlotWhenAShorterPathFollows)
@@ -217,18 +259,21 @@ TEST(ExplorerFolders, ClearTheRestOfASlotWhenAShorterPathFollows)
 TEST(ExplorerFolders, GoOnWithoutTheShellsListWhenCounting)
 {
     Scanned scanned;
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows").fail_creation(E_OUTOFMEMORY);
     scan_record.counter_folders = 7;
-    scanned.desk.folders.fail_creation(E_OUTOFMEMORY);
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
+    const Contents before;
     const BoxWatcher boxes;
     EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), -1);
     boxes.expect_no_boxes();
-    EXPECT_EQ(scan_record.counter_folders, 7u);
+    EXPECT_TRUE(Contents() == before);
     EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -4);
     boxes.expect_boxes(
         {{L"error", L"error\n\nfile:\nsources/"
                     L"funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\nline:\n"
                     L"2095\n\none of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
                     L"ret code hResult = -2147024882\n\nline of error handler:\n2361"}});
+    EXPECT_TRUE(Contents() == before);
 }
 
 TEST(ExplorerFolders, AreNoneWhenTheyCannotBeCounted)
@@ -236,10 +281,12 @@ TEST(ExplorerFolders, AreNoneWhenTheyCannotBeCounted)
     Scanned scanned;
     scanned.desk.folders.add(scanned.windows[0], L"C:\\windows").fail_count(E_FAIL);
     scan_record.counter_folders = 7;
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
     EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
     EXPECT_EQ(scan_record.counter_folders, 0u);
-    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
-    EXPECT_EQ(scanned.desk.folders.counts().interfaces_live, 0);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 0u);
+    expect_fields_zeroed_when_filling();
+    expect_released(scanned.desk.folders);
 }
 
 TEST(ExplorerFolders, RefuseANullRecord)
@@ -260,6 +307,11 @@ TEST(ExplorerFolders, RefuseANullRecord)
 TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
 {
     Scanned scanned;
+    scanned.desk.folders.clear();
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows");
+    scan_record.counter_folders = 7;
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
+    const Contents before;
     const STR_ENUM_WNDS_DATA kept = scan_record;
     for (int block = 0; block < 3; ++block) {
         scan_record = kept;
@@ -278,6 +330,24 @@ TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
                   pointer(scan_record.pcDynMem_WinHndls) + L"\npSTR_params->pcDynMem_FullPaths = " +
                   pointer(scan_record.pcDynMem_FullPaths) + L"\npSTR_params->arr1D_uc_flag_FP = " +
                   pointer(scan_record.arr1D_uc_flag_FP) + L"\nline of error handler:\n2334"}});
+        EXPECT_EQ(scan_record.counter_folders, 7u);
+        EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 7u);
     }
     scan_record = kept;
+    EXPECT_TRUE(Contents() == before);
+    EXPECT_EQ(scanned.desk.folders.counts().passes, 0); // the shell was not asked
+}
+
+TEST(ExplorerFolders, StoreNothingWithoutRoomForTheLengths)
+{
+    Scanned scanned;
+    scanned.desk.folders.clear();
+    scanned.desk.folders.add(scanned.windows[0], L"C:\\windows");
+    const Contents before;
+    std::uint32_t* const lengths = std::exchange(scan_record.arr1D_ui_LenPath, nullptr);
+    const BoxWatcher boxes;
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    scan_record.arr1D_ui_LenPath = lengths;
+    boxes.expect_no_boxes();
+    EXPECT_TRUE(Contents() == before);
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/control/list_desk.h"
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
@@ -13,23 +14,12 @@
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
-using scan_tests::Desktop;
-using scan_tests::DeskWindow;
-using scan_tests::pointer;
-using scan_tests::ScanDesk;
+using scan_tests::TwoRows;
 
 namespace
 {
 
 using Row = std::vector<std::wstring>;
-
-// A scan of two windows of this process.
-struct TwoRows {
-    ScanDesk desk;
-    DeskWindow first{L"First", {40, 50, 340, 250}};
-    DeskWindow second{L"Second", {-20, 60, 180, 210}};
-    Desktop desktop{{first, second}};
-};
 
 RECT in_client(HWND control)
 {
@@ -207,126 +197,16 @@ TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
     const HWND list = scan.desk.list().window();
     STR_HitCell cell{7, 8};
     NMHDR header{};
+    header.code = static_cast<UINT>(NM_CLICK); // would change the cell
     const BoxWatcher boxes;
     EXPECT_EQ(on_WM_NOTIFY_ListView(nullptr, list, 0, 0, &header, nullptr, &cell), -1);
     EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, nullptr, 0, 0, &header, nullptr, &cell), -1);
     EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, nullptr, nullptr, &cell), -1);
+    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, &header, nullptr, nullptr), -1);
     const ExpectedBox box{bytes_as_wide("ERROR"),
                           bytes_as_wide("\nERROR\n\nfile:\n\nsources/wnd_ScanListView\nfunction:\n\n"
                                         "on_WM_NOTIFY_ListView\nline:\n\n871\n\n")};
-    boxes.expect_boxes({box, box, box});
+    boxes.expect_boxes({box, box, box, box});
     EXPECT_EQ(cell.iRow, 7);
-}
-
-TEST(ListOfWindows, ReportsEachButtonThatCannotBeMadeInUnreadableWords)
-{
-    TwoRows scan;
-    const char* const texts[] = {"err, hWndBTN01=NULL, func WndProc", "err, hWndBTN02=NULL, func WndProc"};
-    for (const int button : {0, 1}) {
-        // The list window itself is the first call.
-        const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails(
-            "user32.dll", button + 2, nullptr, ERROR_NOT_ENOUGH_MEMORY);
-        const BoxWatcher boxes;
-        EXPECT_EQ(scan.desk.scan(), 1);
-        boxes.expect_boxes({{L"i", bytes_as_wide(texts[button])}});
-        EXPECT_EQ(scan.desk.list().row_count(), 2); // it goes on
-    }
-}
-
-TEST(ListOfWindows, StaysWithItsButtonsWhenThereIsNoFont)
-{
-    TwoRows scan;
-    const FailingImport<"CreateFontIndirectW", decltype(CreateFontIndirectW)> fails("gdi32.dll", kEveryCall,
-                                                                                    nullptr, 8);
-    const BoxWatcher boxes;
-    EXPECT_EQ(scan.desk.scan(), 1);
-    boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\n"
-                    L"line:\n218\n\none of callable functions returned error, vex_CreateFont()\n"
-                    L"line of error handler:475"}});
-    ASSERT_NE(hwnd_ScanListView, nullptr);
-    EXPECT_NE(GetDlgItem(hwnd_ScanListView, 1), nullptr);
-    EXPECT_NE(GetDlgItem(hwnd_ScanListView, 2), nullptr);
-    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
-}
-
-TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
-{
-    TwoRows scan;
-    const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
-    const BoxWatcher boxes;
-    EXPECT_EQ(scan.desk.scan(), 1);
-    boxes.expect_boxes(
-        {{L"error",
-          L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\nline:\n189\n\n"
-          L"one of callable functions returned error, GetDC( )\nline of error handler:431"}});
-    EXPECT_EQ(scan.desk.list().row_count(), 2);
-}
-
-TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
-{
-    TwoRows scan;
-    const wchar_t* class_name = nullptr;
-    ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create(
-        "user32.dll",
-        [&](DWORD extended, const wchar_t* name, const wchar_t* title, DWORD style, int x, int y, int width,
-            int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter) -> HWND {
-            if (HIWORD(name) == 0 || std::wstring(name) != L"SysListView32")
-                return create.call_original(extended, name, title, style, x, y, width, height, parent, menu,
-                                            instance, parameter);
-            class_name = name;
-            return nullptr;
-        });
-    const BoxWatcher boxes;
-    EXPECT_EQ(scan.desk.scan(), 1);
-    RECT client{};
-    GetClientRect(hwnd_ScanListView, &client);
-    const auto narrow = [](const std::wstring& digits) { return std::string(digits.begin(), digits.end()); };
-    const std::string expected =
-        "\nERROR\n\nfile:\n\nsources/"
-        "wnd_ScanListView\nfunction:\n\non_WM_CREATE_02_ListView\nline:\n\n641\n\n"
-        "NULL <- CreateWindowEx()\nw = " +
-        std::to_string(client.right) + "\nh = " + std::to_string(client.bottom) +
-        "\nuiCtlID = 4\nhwndThis = " + narrow(pointer(hwnd_ScanListView)) +
-        "\nhInst = " + narrow(pointer(GetModuleHandleW(nullptr))) +
-        "\nWC_LISTVIEW = " + std::to_string(static_cast<int>(reinterpret_cast<INT_PTR>(class_name)));
-    boxes.expect_boxes({{bytes_as_wide("ERROR"), bytes_as_wide(expected)}});
-    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
-    EXPECT_NE(hwnd_ScanListView, nullptr);
-}
-
-TEST(ListOfWindows, GoesAgainWhenThereIsNoScanToShow)
-{
-    ScanDesk desk; // registers the class
-    const BoxWatcher boxes;
-    const HWND window = CreateWindowExW(0, L"List of Windows", L"List of windows", WS_OVERLAPPEDWINDOW, 0, 0,
-                                        400, 300, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    EXPECT_EQ(window, nullptr);
-    boxes.expect_boxes(
-        {{L"error", bytes_as_wide("error\n\nfile:\nsources/wnd_ScanListView\n\nfunction:\n"
-                                  "on_WM_CREATE_02_ListView\n\nline:\n612\n\nincorrect input parameters\n"
-                                  "line of error handler:\n803\n")}});
-}
-
-TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
-{
-    ScanDesk desk;
-    const DeskWindow window(L"window");
-    const Desktop desktop({window});
-    ImportHook<"SendMessageW", decltype(SendMessageW)> send(
-        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-            const LRESULT result =
-                message == LVM_INSERTITEMW ? -1 : send.call_original(target, message, wParam, lParam);
-            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-            return result;
-        });
-    const BoxWatcher boxes;
-    EXPECT_EQ(desk.scan(), 1);
-    const std::vector<SeenBox> seen = boxes.boxes();
-    std::vector<ExpectedBox> expected{{bytes_as_wide("ERROR"), L"-1 <-- InsertItem, cycle i"}};
-    for (int column = 1; column <= 5; ++column) {
-        expected.push_back({bytes_as_wide("GetLastError"), text_of_system(ERROR_NOT_ENOUGH_MEMORY), true});
-        expected.push_back({bytes_as_wide("ERROR"), bytes_as_wide("-1 <-- InsertItem, cycle j")});
-    }
-    ASSERT_EQ(difference(seen, expected), "");
+    EXPECT_EQ(cell.iColumn, 8);
 }

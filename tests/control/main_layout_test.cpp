@@ -119,6 +119,7 @@ TEST(MainResizing, RefusesNullArgumentsInUnreadableWords)
         return on_WM_SIZE(window, 0, MAKELPARAM(600, 400), record, scan, load, layout.apply, layout.profile,
                           layout.action);
     };
+    const FailingImport<"MoveWindow", decltype(MoveWindow)> moves("user32.dll", kEveryCall, FALSE, 0);
     const BoxWatcher boxes;
     EXPECT_EQ(size(nullptr, &layout.record, layout.scan, layout.load), -1);
     EXPECT_EQ(size(layout.parent, nullptr, layout.scan, layout.load), -1);
@@ -129,4 +130,5 @@ TEST(MainResizing, RefusesNullArgumentsInUnreadableWords)
                         box(layout.parent, &layout.record, nullptr, layout.load),
                         box(layout.parent, &layout.record, layout.scan, nullptr)});
     EXPECT_EQ(layout.record.i_client_width, 0);
+    EXPECT_EQ(moves.calls(), 0);
 }

@@ -3,33 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <commdlg.h>
-#include <objbase.h>
 
 #include <string>
-#include <vector>
 
 #include "tests/control/main_desk.h"
+#include "tests/control/profile_desk.h"
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
-#include "tests/support/folder_windows_script.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/text.h"
-#include "tests/support/waiting.h"
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
 using main_tests::MainWindow;
-
-namespace
-{
-
-std::wstring compact(const std::wstring& line, const std::wstring& detail, const std::wstring& handler)
-{
-    return L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n" + line + L"\n\n" + detail +
-           L"\nline of error handler:" + handler;
-}
-
-} // namespace
+using profile_tests::compact_text;
+using profile_tests::handler_first_text;
+using profile_tests::pointer;
+using profile_tests::spaced_text;
 
 TEST(MainWindow, BuildsItsFiveControls)
 {
@@ -161,68 +151,6 @@ TEST(MainWindow, DoesNotEraseItsBackground)
     EXPECT_EQ(SendMessageW(main.window, WM_ERASEBKGND, 0, 0), 1);
 }
 
-TEST(MainWindow, ReportsEveryControlThatCannotBeMade)
-{
-    const wchar_t* const combos =
-        L"error while creating ComboBox Profile | ComboBox Action | Button Apply, main window "
-        L"WndProc()";
-    const wchar_t* const texts[] = {L"err, hWndBTN00=NULL, func WndProc",
-                                    L"error, hWndBTN_LoadProfile==NULL, func WndProc", combos, combos,
-                                    combos};
-    for (int i = 0; i < 5; ++i) {
-        const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", i + 2, nullptr,
-                                                                                8);
-        const BoxWatcher boxes;
-        const MainWindow main;
-        std::vector<SeenBox> seen = boxes.boxes();
-        // An Action list that is not there cannot be filled either.
-        ASSERT_EQ(seen.size(), i == 3 ? 2u : 1u);
-        seen.resize(1);
-        EXPECT_EQ(difference(seen, {{L"error", texts[i]}}), "");
-        EXPECT_EQ(seen[0].owner, i < 2 ? main.window : nullptr);
-        EXPECT_NE(main.window, nullptr);
-    }
-}
-
-TEST(MainWindow, GoesOnWithoutAFontWhenThereIsNoDeviceContext)
-{
-    const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
-    const BoxWatcher boxes;
-    const MainWindow main;
-    boxes.expect_boxes({{L"error", compact(L"563", L"ERROR <- GetDC() of Main Window", L"1228")}});
-    EXPECT_NE(main.window, nullptr);
-    EXPECT_EQ(SendMessageW(main.control(1), WM_GETFONT, 0, 0), 0);
-}
-
-TEST(MainWindow, GoesOnWithoutAFontWhenItCannotBeMade)
-{
-    const FailingImport<"CreateFontIndirectW", decltype(CreateFontIndirectW)> fails("gdi32.dll", kEveryCall,
-                                                                                    nullptr, 8);
-    const BoxWatcher boxes;
-    const MainWindow main;
-    boxes.expect_boxes({{L"error", L"error <- vex_CreateFont while WM_CREATE"}});
-    EXPECT_EQ(boxes.boxes()[0].owner, nullptr);
-    EXPECT_NE(main.window, nullptr);
-}
-
-TEST(MainWindow, ReportsTheThreeResultsOfComThatMeanNoCom)
-{
-    for (const HRESULT result : {E_INVALIDARG, E_OUTOFMEMORY, E_UNEXPECTED, RPC_E_CHANGED_MODE, S_FALSE}) {
-        const ImportHook<"CoInitializeEx", decltype(CoInitializeEx)> com(
-            "ole32.dll", [&](void* reserved, DWORD model) -> HRESULT {
-                EXPECT_EQ(reserved, nullptr);
-                EXPECT_EQ(model, 2u);
-                return result;
-            });
-        const BoxWatcher boxes;
-        const MainWindow main;
-        if (result == RPC_E_CHANGED_MODE || result == S_FALSE)
-            boxes.expect_no_boxes();
-        else
-            boxes.expect_boxes({{L"error", L"error <- CoInitializeEx(), impossible init COM"}});
-    }
-}
-
 TEST(MainWindow, ReportsAFailedScan)
 {
     const MainWindow main;
@@ -233,30 +161,38 @@ TEST(MainWindow, ReportsAFailedScan)
         {{L"error",
           L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n1017"
           L"\n\nERROR <- EnumWindows()\nline of error handler:1382"},
-         {L"error", compact(L"888", L"ERROR <- onButton_Scan_Click()\nret code = -2", L"1187")}});
+         {L"error", compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
+                                 L"ERROR <- onButton_Scan_Click()\nret code = -2")}});
 }
 
 TEST(MainWindow, SetsTheStoreUpOnceEvenWhenThatFails)
 {
     const MainWindow main;
-    FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);
+    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);
+    const auto bytes_of = [](const std::wstring& text) {
+        return bytes_as_wide(std::string(text.begin(), text.end()));
+    };
+    // The drop goes on without the store, to find that it has no handle.
+    const ExpectedBox no_drop{
+        bytes_of(L"error"),
+        bytes_of(spaced_text({L"sources/funcs_layout_windows", L"on_wm_dropfiles", 9102, 9207},
+                             L"incorrect input:\nhwnd_MW = " + pointer(main.window) +
+                                 L", hDrop = 0000000000000000"))};
     BoxWatcher boxes;
     SendMessageW(main.window, WM_DROPFILES, 0, 0);
-    const ExpectedBox not_set_up{L"error", L"WndProc, WM_DROPFILES, error <- preInitOnce_onLoadProfile()"};
-    int set_ups = 0;
-    for (const SeenBox& box : boxes.boxes()) {
-        if (difference({box}, {not_set_up}).empty()) {
-            ++set_ups;
-            EXPECT_EQ(box.owner, main.window);
-        }
-    }
-    EXPECT_EQ(set_ups, 1);
-    const int attempts = fails.calls();
+    boxes.expect_boxes({{L"error", handler_first_text({L"sources/funcs_layout_windows",
+                                                       L"preInitOnce_onLoadProfile", 4539, 4613},
+                                                      L"\nerror <- VirtualAlloc()")},
+                        {L"error", L"WndProc, WM_DROPFILES, error <- preInitOnce_onLoadProfile()"},
+                        no_drop});
+    EXPECT_EQ(boxes.boxes().at(1).owner, main.window);
+    EXPECT_EQ(fails.calls(), 1);
     boxes.forget();
     SendMessageW(main.window, WM_DROPFILES, 0, 0);
-    for (const SeenBox& box : boxes.boxes())
-        EXPECT_EQ(box.text.find(L"preInitOnce"), std::wstring::npos);
-    EXPECT_EQ(fails.calls(), attempts);
+    boxes.expect_boxes({no_drop});
+    EXPECT_EQ(fails.calls(), 1);
+    EXPECT_EQ(main_window.LoadedProfiles.pc_hwnds_wnds_of_prfl, nullptr);
+    EXPECT_EQ(main_window.LoadedProfiles.pc_raw_FilesProfile, nullptr);
 }
 
 TEST(MainWindow, TakesEverythingDownWhenItCloses)

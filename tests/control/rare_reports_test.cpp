@@ -15,6 +15,7 @@
 #include "sources/wnd_ScanListView/create_profile.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "tests/control/main_creation_desk.h"
 #include "tests/control/main_desk.h"
 #include "tests/control/profile_desk.h"
 #include "tests/control/saved_profile_desk.h"
@@ -59,10 +60,13 @@ class AnsweredOpenDialog
 public:
     explicit AnsweredOpenDialog(std::wstring path) : path_(std::move(path)) {}
 
+    int times_asked = 0;
+
 private:
     std::wstring path_;
     ImportHook<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> hook_{
         "comdlg32.dll", [this](OPENFILENAMEW* settings) -> BOOL {
+            ++times_asked;
             path_.copy(settings->lpstrFile, path_.size());
             return path_.empty() ? FALSE : TRUE;
         }};
@@ -90,11 +94,15 @@ void expect_no_room_and(const BoxWatcher& boxes, const std::wstring& text)
 TEST(RareReports, MainWindowWithoutRoomForItsTextKeepsItsButtons)
 {
     const TinyScreen screen;
+    const main_tests::ComStart com;
     const BoxWatcher boxes;
     const MainWindow main;
     expect_no_room_and(
         boxes, compact_text({kMainFile, L"WndProc", 580, 1248}, L"ERROR while get font size for buttons"));
-    EXPECT_NE(GetDlgItem(main.window, 6), nullptr);
+    main_tests::expect_controls(main, false);
+    // Creation has ended there.
+    EXPECT_EQ(main_window.CB_Profile.hwnd_CB, nullptr);
+    EXPECT_EQ(com.calls, 0);
 }
 
 TEST(RareReports, ListWithoutRoomForItsTextIsShownAllTheSame)
@@ -109,6 +117,13 @@ TEST(RareReports, ListWithoutRoomForItsTextIsShownAllTheSame)
                        compact_text({kListFile, L"WndProc_ScanListView", 203, 453},
                                     L"one of callable functions returned error, FindFontSize_fit_H_and_W()"));
     EXPECT_EQ(desk.list().row_count(), 1);
+    for (const int button : {1, 2}) {
+        LOGFONTW font{};
+        const LRESULT handle = SendMessageW(GetDlgItem(hwnd_ScanListView, button), WM_GETFONT, 0, 0);
+        ASSERT_NE(GetObjectW(reinterpret_cast<HFONT>(handle), sizeof font, &font), 0);
+        EXPECT_EQ(font.lfHeight, 0);
+        EXPECT_EQ(font.lfWeight, 700);
+    }
 }
 
 TEST(RareReports, ModifyCellWithoutRoomForItsTextKeepsTheSystemFont)
@@ -159,8 +174,14 @@ TEST(RareReports, LoadCommandGoesOnWithoutItsStore)
         {L"error", L"WndProc, WM_COMMAND, error <- preInitOnce_onLoadProfile()"}};
     boxes.expect_boxes(expected);
     EXPECT_EQ(boxes.boxes().at(1).owner, nullptr);
+    EXPECT_EQ(cancelled.times_asked, 1);
+    EXPECT_EQ(fails.calls(), 1);
     main.press(2); // one attempt only
     boxes.expect_boxes(expected);
+    EXPECT_EQ(cancelled.times_asked, 2);
+    EXPECT_EQ(fails.calls(), 1);
+    EXPECT_EQ(main_window.LoadedProfiles.pc_hwnds_wnds_of_prfl, nullptr);
+    EXPECT_EQ(main_window.LoadedProfiles.pc_raw_FilesProfile, nullptr);
 }
 
 TEST(RareReports, LoadTellsThatTheStoreHasNoNameToShow)

@@ -47,6 +47,33 @@ LPARAM record()
     return reinterpret_cast<LPARAM>(&scan_record);
 }
 
+// The processes that are opened while it lives, and of these the ones that are not closed yet.
+class OpenProcesses
+{
+public:
+    OpenProcesses() = default;
+    OpenProcesses(const OpenProcesses&) = delete;
+    OpenProcesses& operator=(const OpenProcesses&) = delete;
+
+    int opened = 0;
+    std::vector<HANDLE> open;
+
+private:
+    ImportHook<"OpenProcess", decltype(OpenProcess)> open_process_{
+        "kernel32.dll", [this](DWORD access, BOOL inherit, DWORD process) {
+            EXPECT_EQ(access, 0x1010u);
+            EXPECT_FALSE(inherit);
+            ++opened;
+            open.push_back(open_process_.call_original(access, inherit, process));
+            return open.back();
+        }};
+    using CloseHook = ImportHook<"CloseHandle", decltype(CloseHandle)>;
+    CloseHook close_{"kernel32.dll", [this](HANDLE handle) {
+                         std::erase(open, handle);
+                         return close_.call_original(handle);
+                     }};
+};
+
 } // namespace
 
 TEST(WindowEnumeration, ListsAMinimisedWindowWithZeroPlaceAndSize)
@@ -96,22 +123,59 @@ TEST(WindowEnumeration, GivesTwoWindowsOfOneProgramTwoSlotsWithTheSamePath)
 
 TEST(WindowEnumeration, SkipsExcludedClassesInAnyCaseOfTheirLetters)
 {
+    // The system may give a class's name in the case in which it was first registered, so names are given
+    // here as another system would.
+    const struct {
+        const wchar_t* name;
+        bool is_listed;
+    } classes[] = {{L"ToolTips_Class32", false},
+                   {L"toolTIPS_class", false},
+                   {L"SysShadow", false},
+                   {L"RegEdit_REGEDIT", false},
+                   {L"#32770", false},
+                   {L"TaskManagerWindow", false},
+                   {L"ApplicationFrameWindow", false},
+                   {L"Windows.UI.Core.CoreWindow", false},
+                   {L"ProgMan", false},
+                   {L"bUTTON", false},
+                   {L"ToolTips_Class3", true},
+                   {L"ToolTips_Class321", true},
+                   {L"SysShadows", true},
+                   {L"RegEdit-RegEdit", true},
+                   {L"32770", true},
+                   {L"TaskManager", true},
+                   {L" ApplicationFrameWindow", true},
+                   {L"Windows.UI.Core.Core", true},
+                   {L"Program", true},
+                   {L"B\u00DCTTON", true},
+                   {L"\u017Fys\u017Fhadow", true}, // letters whose capital is an ASCII S
+                   {L"", true}};
     ScanDesk desk;
+    const DeskWindow named(L"named");
     const DeskWindow listed(L"listed", {0, 0, 200, 100}, L"Buttons");
-    for (const wchar_t* name : {L"ToolTips_Class", L"SysShadow", L"RegEdit_RegEdit", L"TaskManagerWindow",
-                                L"ApplicationFrameWindow", L"Windows.UI.Core.CoreWindow", L"ProgMan"}) {
-        const DeskWindow excluded(L"excluded", {0, 0, 200, 100}, name);
-        const Desktop desktop({excluded, listed});
-        ASSERT_EQ(desk.scan(), 1) << name;
+    const BoxWatcher boxes;
+    for (const auto& given : classes) {
+        SCOPED_TRACE(testing::PrintToString(std::wstring(given.name)));
+        const Desktop desktop({named, listed});
+        ImportHook<"GetClassNameW", decltype(GetClassNameW)> class_name(
+            "user32.dll", [&](HWND window, LPWSTR buffer, int units) -> int {
+                if (window != named)
+                    return class_name.call_original(window, buffer, units);
+                EXPECT_EQ(units, 250);
+                lstrcpynW(buffer, given.name, units);
+                return lstrlenW(given.name);
+            });
+        ASSERT_EQ(desk.scan(), 1);
         EXPECT_EQ(scan_record.counter_all, 2u);
-        EXPECT_EQ(scan_record.counter_valid, 1u) << name;
-        EXPECT_EQ(title_of_slot(0), L"listed");
+        EXPECT_EQ(scan_record.counter_valid, given.is_listed ? 2u : 1u);
+        EXPECT_EQ(title_of_slot(0), given.is_listed ? L"named" : L"listed");
     }
     const DeskWindow button(L"excluded", {0, 0, 200, 100}, L"Button");
     const DeskWindow dialog(L"excluded", {0, 0, 200, 100}, L"#32770");
     const Desktop desktop({button, dialog, listed});
     ASSERT_EQ(desk.scan(), 1);
     EXPECT_EQ(scan_record.counter_valid, 1u);
+    boxes.expect_no_boxes();
 }
 
 TEST(WindowEnumeration, SkipsInvisibleAndUntitledWindowsAndListsToolWindows)
@@ -184,13 +248,15 @@ TEST(WindowEnumeration, EndsInEitherPassWhenAPathCannotBeRead)
         std::wstring handler;
         std::wstring line_of_command;
     } passes[] = {{1, L"EnumWindowsProc_Calc", L"251", L"391", L"1017"},
-                  {2, L"EnumWindowsProc_Calc_02", L"618", L"805", L"1168"}};
+                  {3, L"EnumWindowsProc_Calc_02", L"618", L"805", L"1168"}};
     for (const auto& pass : passes) {
+        SCOPED_TRACE(pass.call);
         ScanDesk desk;
-        const DeskWindow window(L"window");
-        const Desktop desktop({window});
+        const DeskWindow window(L"window", {100, 120, 420, 360});
+        const Desktop desktop({window, window});
         const FailingImport<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> fails(
             "kernel32.dll", pass.call, 0, ERROR_ACCESS_DENIED);
+        const OpenProcesses processes;
         const BoxWatcher boxes;
         EXPECT_EQ(desk.scan(), -2);
         boxes.expect_boxes(
@@ -202,6 +268,33 @@ TEST(WindowEnumeration, EndsInEitherPassWhenAPathCannotBeRead)
                         L"line:\n" +
                             pass.line_of_command +
                             L"\n\nERROR <- EnumWindows()\nline of error handler:1382"}});
+        EXPECT_EQ(fails.calls(), pass.call); // the enumeration has ended
+        EXPECT_EQ(processes.opened, pass.call);
+        // The handle of the process that could not be asked stays open.
+        ASSERT_EQ(processes.open.size(), 1u);
+        EXPECT_TRUE(CloseHandle(processes.open[0]));
+
+        EXPECT_EQ(hwnd_ScanListView, nullptr);
+        EXPECT_EQ(scan_record.counter_filled, 0u);
+        if (pass.call == 1) {
+            EXPECT_EQ(scan_record.counter_all, 1u);
+            EXPECT_EQ(scan_record.counter_valid, 1u);
+            EXPECT_EQ(scan_record.pcDynMem_WinHndls, nullptr);
+            continue;
+        }
+        EXPECT_EQ(scan_record.counter_valid, 2u);
+        // The window has its slot but for the path, and is not counted.
+        EXPECT_EQ(scan_record.pcDynMem_WinHndls[0], static_cast<HWND>(window));
+        EXPECT_EQ(title_of_slot(0), L"window");
+        const STR_GeomEntry* entry = geometry_entry(&scan_record, 0);
+        EXPECT_EQ(entry->x, 100);
+        EXPECT_EQ(entry->y, 120);
+        EXPECT_EQ(entry->width, 320);
+        EXPECT_EQ(entry->height, 240);
+        EXPECT_EQ(path_of_slot(0), L"");
+        EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 0u);
+        EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 0);
+        EXPECT_EQ(scan_record.pcDynMem_WinHndls[1], nullptr);
     }
 }
 
@@ -284,21 +377,8 @@ TEST(WindowEnumeration, OpensEachProcessOncePerPassAndClosesIt)
     const DeskWindow one(L"one");
     const DeskWindow two(L"two");
     const Desktop desktop({one, two});
-    std::vector<HANDLE> open;
-    int opened = 0;
-    ImportHook<"OpenProcess", decltype(OpenProcess)> open_process(
-        "kernel32.dll", [&](DWORD access, BOOL inherit, DWORD process) {
-            EXPECT_EQ(access, 0x1010u);
-            EXPECT_FALSE(inherit);
-            ++opened;
-            open.push_back(open_process.call_original(access, inherit, process));
-            return open.back();
-        });
-    ImportHook<"CloseHandle", decltype(CloseHandle)> close("kernel32.dll", [&](HANDLE handle) {
-        std::erase(open, handle);
-        return close.call_original(handle);
-    });
+    const OpenProcesses processes;
     ASSERT_EQ(desk.scan(), 1);
-    EXPECT_EQ(opened, 4);
-    EXPECT_TRUE(open.empty());
+    EXPECT_EQ(processes.opened, 4);
+    EXPECT_TRUE(processes.open.empty());
 }

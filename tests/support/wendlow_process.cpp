@@ -192,6 +192,8 @@ void WendlowProcess::wait_until_idle(unsigned milliseconds) const
     int turns = 0;
     wait_until(
         [&] {
+            if (!is_running())
+                throw Failure("the program has ended");
             const bool quiet =
                 !shows_dialog(process_id_) && takes_its_turn(milliseconds) && !shows_dialog(process_id_);
             turns = quiet ? turns + 1 : 0;

@@ -210,3 +210,18 @@ TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
     EXPECT_EQ(cell.iRow, 7);
     EXPECT_EQ(cell.iColumn, 8);
 }
+
+TEST(ListOfWindows, TakesItsMenuWithIt)
+{
+    TwoRows scan;
+    HMENU loaded = nullptr;
+    const ImportHook<"LoadMenuW", decltype(LoadMenuW)> load("user32.dll",
+                                                            [&](HINSTANCE instance, LPCWSTR name) {
+                                                                loaded = load.call_original(instance, name);
+                                                                return loaded;
+                                                            });
+    ASSERT_EQ(scan.desk.scan(), 1);
+    EXPECT_TRUE(IsMenu(loaded));
+    DestroyWindow(hwnd_ScanListView);
+    EXPECT_FALSE(IsMenu(loaded));
+}

@@ -37,11 +37,16 @@ struct SaveErrors {
     DWORD remove;
 };
 
-// Closes the file; one that was created but not wholly written is deleted.
+// Closes the file; one that was created but not wholly written is emptied and deleted. Where it cannot be
+// deleted the emptied file is left: no reader takes it for a profile.
 void close_file(HANDLE file, const wchar_t* path, SaveErrors* errors)
 {
     if (file == INVALID_HANDLE_VALUE)
         return;
+    if (errors->write != ERROR_SUCCESS) {
+        SetFilePointer(file, 0, nullptr, FILE_BEGIN);
+        SetEndOfFile(file);
+    }
     CloseHandle(file);
     if (errors->write != ERROR_SUCCESS && DeleteFileW(path) == FALSE)
         errors->remove = GetLastError();

@@ -17,17 +17,17 @@ struct FileWriter {
     DWORD error; // of the first part that failed
 };
 
-// Nothing follows a part that failed: what is left then has no signature, so that no reader takes it.
 void write_part(FileWriter* writer, const void* bytes, std::size_t size_bytes)
 {
-    if (writer->error != ERROR_SUCCESS)
-        return;
     const auto wanted = static_cast<DWORD>(size_bytes);
     DWORD written = 0;
+    DWORD error = ERROR_SUCCESS;
     if (WriteFile(writer->file, bytes, wanted, &written, nullptr) == FALSE)
-        writer->error = GetLastError();
+        error = GetLastError();
     else if (written != wanted)
-        writer->error = ERROR_DISK_FULL; // A short write leaves no code of its own.
+        error = ERROR_DISK_FULL; // A short write leaves no code of its own.
+    if (writer->error == ERROR_SUCCESS)
+        writer->error = error;
 }
 
 // A file system that has no flushing is no failure.

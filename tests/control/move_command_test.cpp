@@ -61,6 +61,22 @@ std::string place_of(HWND window)
            std::to_string(rect.right - rect.left) + "x" + std::to_string(rect.bottom - rect.top);
 }
 
+// A scan of two windows, both ticked; one has gone since, the other was moved.
+struct GoneAndRest {
+    GoneAndRest()
+    {
+        const DeskWindow gone(L"gone", RECT{10, 20, 310, 240});
+        const Desktop desktop({gone, rest});
+        desk.scan();
+        MoveWindow(rest, 300, 310, 200, 210, TRUE);
+        desk.list().set_ticked(0, true);
+        desk.list().set_ticked(1, true);
+    }
+
+    ScanDesk desk;
+    DeskWindow rest{L"rest", {130, 140, 450, 380}};
+};
+
 } // namespace
 
 TEST(MoveCommand, PlacesTickedWindowsOnlyAsTheirCellsSay)
@@ -163,15 +179,9 @@ TEST(MoveCommand, RestoresAMinimisedWindowThatWasGivenASize)
 
 TEST(MoveCommand, ReportsAWindowThatIsGoneAndMovesTheRest)
 {
-    ScanDesk desk;
-    auto gone = std::make_unique<DeskWindow>(L"gone", RECT{10, 20, 310, 240});
-    const DeskWindow rest(L"rest", {130, 140, 450, 380});
-    const Desktop desktop({*gone, rest});
-    desk.scan();
-    gone.reset();
-    MoveWindow(rest, 300, 310, 200, 210, TRUE);
-    desk.list().set_ticked(0, true);
-    desk.list().set_ticked(1, true);
+    GoneAndRest two;
+    const ScanDesk& desk = two.desk;
+    const DeskWindow& rest = two.rest;
     const BoxWatcher boxes;
     desk.press(1);
     boxes.expect_boxes({{L"error",
@@ -214,15 +224,9 @@ TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
 
 TEST(MoveCommand, EndsWhenTheListIsClosedBelowItsBox)
 {
-    ScanDesk desk;
-    auto gone = std::make_unique<DeskWindow>(L"gone", RECT{10, 20, 310, 240});
-    const DeskWindow rest(L"rest", {130, 140, 450, 380});
-    const Desktop desktop({*gone, rest});
-    desk.scan();
-    gone.reset();
-    MoveWindow(rest, 300, 310, 200, 210, TRUE);
-    desk.list().set_ticked(0, true);
-    desk.list().set_ticked(1, true);
+    GoneAndRest two;
+    const ScanDesk& desk = two.desk;
+    const DeskWindow& rest = two.rest;
     const HWND list = desk.list().window();
     const ImportHook<"MessageBoxW", decltype(MessageBoxW)> box(
         "user32.dll", [&](HWND owner, LPCWSTR text, LPCWSTR title, UINT type) {

@@ -69,6 +69,18 @@ Bytes one_folder(const std::u16string& path)
     return ProfileEncoder().add_folder(40, 50, 410, 310, path).name(u"F").bytes();
 }
 
+// A scan of this one window lists it as the program that it is of.
+void expect_listed_as_program(ScanDesk* desk, HWND window)
+{
+    const Desktop desktop({window});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk->scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(path_of(0), scan_tests::own_image_path());
+    expect_released(desk->folders, 2);
+}
+
 } // namespace
 
 TEST(ShellFolders, GiveEachOfManyWindowsItsOwnFolder)
@@ -105,13 +117,7 @@ TEST(ShellFolders, AreMissingFromAScanOfADesktopWithoutThem)
 {
     ScanDesk desk;
     const DeskWindow window(L"program");
-    const Desktop desktop({window});
-    const BoxWatcher boxes;
-    ASSERT_EQ(desk.scan(), 1);
-    boxes.expect_no_boxes();
-    EXPECT_EQ(scan_record.counter_folders, 0u);
-    EXPECT_EQ(path_of(0), scan_tests::own_image_path());
-    expect_released(desk.folders, 2);
+    expect_listed_as_program(&desk, window);
 }
 
 TEST(ShellFolders, VanishingWhileTheListIsReadArePassedOver)
@@ -186,13 +192,7 @@ TEST(ShellFolders, OfTheShellsOwnAreListedAsPrograms)
     ScanDesk desk;
     const DeskWindow window(L"This PC");
     desk.folders.add(folder_window(window, L"", Missing::kFileSystemPath));
-    const Desktop desktop({window});
-    const BoxWatcher boxes;
-    ASSERT_EQ(desk.scan(), 1);
-    boxes.expect_no_boxes();
-    EXPECT_EQ(scan_record.counter_folders, 0u);
-    EXPECT_EQ(path_of(0), scan_tests::own_image_path());
-    expect_released(desk.folders, 2);
+    expect_listed_as_program(&desk, window);
 }
 
 TEST(ShellFolders, AreFoundAmongManyOthersByALoad)

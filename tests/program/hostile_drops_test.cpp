@@ -9,7 +9,11 @@
 
 #include "tests/program/all_windows_open.h"
 #include "tests/support/file_dialogs.h"
+#include "tests/support/files.h"
+#include "tests/support/profile_encoder.h"
 #include "tests/support/remote_memory.h"
+#include "tests/support/text.h"
+#include "tests/support/windows_lookup.h"
 
 // WM_DROPFILES as another program can send it, and messages below an open box.
 

@@ -4,6 +4,10 @@
 
 #include "tests/program/all_windows_open.h"
 #include "tests/support/file_dialogs.h"
+#include "tests/support/files.h"
+#include "tests/support/profile_encoder.h"
+#include "tests/support/text.h"
+#include "tests/support/windows_lookup.h"
 
 // WM_COMMAND and WM_COPYDATA as another program can send them.
 

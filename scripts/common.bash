@@ -18,10 +18,12 @@ die() {
     exit 1
 }
 
+# Further arguments name the targets; without one everything is built.
 configure_and_build() {
     local preset=$1
+    shift
     say "Configuring $preset in build/$preset"
     cmake --preset "$preset"
     say "Building $preset"
-    cmake --build --preset "$preset" --parallel 2
+    cmake --build --preset "$preset" --parallel 2 ${1:+--target "$@"}
 }

@@ -53,13 +53,24 @@ void start(const DesktopWindow& wanted)
         throw Failure("cannot open " + printable(wanted.path));
 }
 
-void lay_out(DesktopWindow& shown)
+// Starts it and brings its window to its place; without a width it keeps the size it opens with.
+void open_window(DesktopWindow& wanted)
+{
+    start(wanted);
+    wanted.window =
+        wait_for([&] { return window_on_screen(wanted); }, kLongWait, "the window of " + wanted.name);
+    const Place& place = wanted.place;
+    if (place.minimised)
+        ShowWindow(wanted.window, SW_MINIMIZE);
+    else
+        SetWindowPos(wanted.window, HWND_TOP, place.x, place.y, place.width, place.height,
+                     place.width == 0 ? SWP_SHOWWINDOW | SWP_NOSIZE : SWP_SHOWWINDOW);
+}
+
+void expect_in_place(DesktopWindow& shown)
 {
     Place& place = shown.place;
-    if (place.minimised) {
-        ShowWindow(shown.window, SW_MINIMIZE);
-    } else {
-        SetWindowPos(shown.window, HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
+    if (!place.minimised) {
         const Place taken = place_of(shown.window);
         place.width = taken.width;
         place.height = taken.height;
@@ -128,11 +139,15 @@ const DesktopWindow& Desktop::named(const std::string& name) const
 void Desktop::open()
 {
     for (DesktopWindow& wanted : windows_) {
-        start(wanted);
-        wanted.window =
-            wait_for([&] { return window_on_screen(wanted); }, kLongWait, "the window of " + wanted.name);
-        lay_out(wanted);
+        open_window(wanted);
+        expect_in_place(wanted);
     }
+}
+
+void Desktop::open_beside_user()
+{
+    for (DesktopWindow& wanted : windows_)
+        open_window(wanted);
 }
 
 void Desktop::close()

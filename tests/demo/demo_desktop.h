@@ -50,6 +50,8 @@ public:
     // Opens every window and brings it to its place. A window that will not have its size (some programs
     // have one of their own) has its place corrected to what it took.
     void open();
+    // The same for a user's own display, whose window manager may have places of its own for them.
+    void open_beside_user();
     // Closes the windows as a user does and waits until they are gone.
     void close();
     void wait_until_closed() const;

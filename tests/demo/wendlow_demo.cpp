@@ -1,10 +1,13 @@
 // The main job on real programs, done as a user does it: lay out, scan, tick, save, close, load. The
-// script that runs this shows the steps, takes the pictures and prints the table.
+// script that runs this shows the steps, takes the pictures and prints the table. With the argument
+// --for-user it only opens everything and leaves the rest to the user.
 #include <windows.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "tests/demo/demo_desktop.h"
+#include "tests/demo/demo_for_user.h"
 #include "tests/demo/demo_script.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/file_dialogs.h"
@@ -301,10 +304,13 @@ void run_demo()
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
     try {
-        run_demo();
+        if (argc == 2 && std::string_view(argv[1]) == "--for-user")
+            open_for_user();
+        else
+            run_demo();
     } catch (const std::exception& failure) {
         fail(failure.what());
     }

@@ -120,10 +120,13 @@ std::int32_t FindFontSize_fit_H_and_W(HDC hdc, const wchar_t* ptc_Text, std::int
     return size;
 }
 
-std::int32_t find_button_font_size(HDC hdc, const wchar_t* text, std::int32_t button_height,
-                                   std::int32_t button_width)
+std::optional<std::int32_t> find_button_font_size(HWND window, const wchar_t* text,
+                                                  std::int32_t button_height, std::int32_t button_width)
 {
-    return FindFontSize_fit_H_and_W(hdc, text, truncated_product(kTextHeight_of_button, button_height),
+    const WindowDC dc(window);
+    if (dc.get() == nullptr)
+        return std::nullopt;
+    return FindFontSize_fit_H_and_W(dc.get(), text, truncated_product(kTextHeight_of_button, button_height),
                                     truncated_product(kTextWidth_of_button, button_width));
 }
 

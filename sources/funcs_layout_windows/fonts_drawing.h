@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <optional>
 
 // Result of the font searches, the drawing primitives and the main window's layout and painting on bad input,
 // after an error box.
@@ -14,8 +15,10 @@ inline constexpr char kFontFace[] = "Times New Roman";
 inline constexpr std::uint8_t kFontPitchAndFamily = FF_ROMAN;
 inline constexpr std::uint32_t kFontWeight_normal = FW_NORMAL;
 inline constexpr std::uint32_t kFontWeight_bold = FW_BOLD;
+inline constexpr std::int32_t kFontHeight_default = 0; // the system chooses
 
-// Makes a font `height` pixels high, 0 meaning the default height. The caller deletes it; null when the
+// Makes a font `height` pixels high; 0 is the default height, and a negative number cast to unsigned reaches
+// the system as the negative number that it was. The caller deletes it; null when the
 // system makes none. The 8-bit face name is laid into the wide face name unconverted, on purpose: no face has
 // that name, so the font mapper chooses a serif TrueType face by family and precision. A null face name shows
 // an error box and makes a font without face name.
@@ -34,10 +37,11 @@ std::int32_t FindFontSize(HDC hdc, std::int32_t hREC);
 // 0.
 std::int32_t FindFontSize_fit_H_and_W(HDC hdc, const wchar_t* ptc_Text, std::int32_t hREC, std::int32_t wREC);
 
-// The height of FindFontSize_fit_H_and_W for the text of a button of that size in pixels: 0.85 of its height
-// and 0.8 of its width. -1 as there.
-std::int32_t find_button_font_size(HDC hdc, const wchar_t* text, std::int32_t button_height,
-                                   std::int32_t button_width);
+// The font height for the text of a button of `window` of that size in pixels: what FindFontSize_fit_H_and_W
+// finds for 0.85 of the height and 0.8 of the width, its -1 included. None when the window gives no device
+// context.
+std::optional<std::int32_t> find_button_font_size(HWND window, const wchar_t* text,
+                                                  std::int32_t button_height, std::int32_t button_width);
 
 // Draws a line with the selected pen. Returns 1; -1 after an error box for a null context or a line without
 // length, which is an error on purpose.

@@ -8,7 +8,6 @@
 #include "sources/funcs_layout_windows/fonts_drawing.h"
 #include "sources/main_prg/main_errors.h"
 #include "sources/win32/bytes_as_wide.h"
-#include "sources/win32/device_contexts.h"
 
 namespace
 {
@@ -62,13 +61,13 @@ bool find_control_font_size(HWND hwnd, STR_GeomLt* geometry)
         truncated_product(geometry->f_Scan_width, GetSystemMetrics(SM_CXSCREEN));
     const std::int32_t button_height =
         truncated_product(geometry->f_Scan_height, GetSystemMetrics(SM_CYSCREEN));
-    const WindowDC dc(hwnd);
-    if (dc.get() == nullptr) {
+    const auto size = find_button_font_size(hwnd, kText.data(), button_height, button_width);
+    if (!size) {
         report(errors_main, SITE_CREATE_NO_DC);
         return false;
     }
-    geometry->i_font_size = find_button_font_size(dc.get(), kText.data(), button_height, button_width);
-    if (geometry->i_font_size < 0) {
+    geometry->i_font_size = *size;
+    if (*size < 0) {
         report(errors_main, SITE_CREATE_FONT_SIZE);
         return false;
     }

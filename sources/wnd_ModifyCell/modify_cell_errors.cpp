@@ -43,10 +43,18 @@ constexpr std::array<ErrorSite, MODIFY_CELL_ROWS> kSites{{
      .layout = COMPACT,
      .detail = "incorrect input parameters:\npcDynMem_WinHndls = %p, pcDynMem_GeomText = %p",
      .result = kModifyCell_no_scan},
+    {.id = SITE_MODIFY_OK_NO_LIST, .site = 661, .handler = 834, .function = "on_Button_OK",
+     .layout = COMPACT, .detail = "the list of windows is gone:\nhwndListView = %p",
+     .result = kModifyCell_no_list},
     {.id = SITE_MODIFY_OK_NO_ROW, .site = 668, .handler = 845, .function = "on_Button_OK",
      .layout = COMPACT,
      .detail = "incorrect input parameters:\nrow = %d, counter_valid = %u",
      .result = kModifyCell_no_row},
+    {.id = SITE_MODIFY_OK_NO_EDITS, .site = 681, .handler = 867, .function = "on_Button_OK",
+     .layout = COMPACT,
+     .detail = "the edit boxes went with another window Modify Cell:\nhEdit = %p, hEdit_Ypos = %p, "
+               "hEdit_Width = %p, hEdit_Height = %p",
+     .result = kModifyCell_no_edits},
     {.id = SITE_MODIFY_NO_PARENT, .site = 934, .handler = 0, .function = "WndProc_ModifyCell_Button",
      .layout = PLAIN, .detail = "error <- GetParent()", .result = 0, .title = "dbg, error"},
 }};

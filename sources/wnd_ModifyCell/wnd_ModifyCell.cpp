@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 
 #include "sources/funcs_layout_windows/child_controls.h"
 #include "sources/funcs_layout_windows/fonts_drawing.h"
@@ -144,18 +145,18 @@ void create_controls(HWND hwnd, HINSTANCE instance, ModifyCellState* state)
     }
 }
 
-// The font height for the controls; negative after an error box.
-std::int32_t find_font_height(HWND hwnd, const ModifyCellLayout& layout)
+// The font height for the controls; none after an error box.
+std::optional<std::int32_t> find_font_height(HWND hwnd, const ModifyCellLayout& layout)
 {
-    const WindowDC dc(hwnd);
-    if (dc.get() == nullptr) {
+    const auto height = find_button_font_size(hwnd, L"Cancel", layout.button_height, layout.button_width);
+    if (!height) {
         report(errors_modify_cell, SITE_MODIFY_NO_DC);
-        return kDrawing_bad_input;
+        return std::nullopt;
     }
-    const std::int32_t height =
-        find_button_font_size(dc.get(), L"Cancel", layout.button_height, layout.button_width);
-    if (height < 0)
+    if (*height < 0) {
         report(errors_modify_cell, SITE_MODIFY_FONT_SIZE);
+        return std::nullopt;
+    }
     return height;
 }
 
@@ -163,10 +164,10 @@ std::int32_t find_font_height(HWND hwnd, const ModifyCellLayout& layout)
 // error box.
 bool set_control_font(HWND hwnd, const ModifyCellState* state)
 {
-    const std::int32_t height = find_font_height(hwnd, state->layout);
-    if (height < 0)
+    const auto height = find_font_height(hwnd, state->layout);
+    if (!height)
         return false;
-    const HFONT font = create_control_font(height);
+    const HFONT font = create_control_font(*height);
     if (font == nullptr) {
         report(errors_modify_cell, SITE_MODIFY_FONT);
         return false;
@@ -272,13 +273,17 @@ bool is_alphabetic(wchar_t unit)
 // The texts of the edit boxes, at most 49 units each.
 using EditTexts = std::array<EditText, kModifyCell_edits>;
 
-// False when the edit boxes are gone: a second window had taken the state over and was closed.
+// False when edit boxes are gone: a second window had taken the state over and was closed. One that could not
+// be created is empty.
 bool read_edits(EditTexts* texts)
 {
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
-        if (IsWindow(modify_cell.controls[i]) == FALSE)
+        const HWND edit = modify_cell.controls[i];
+        if (edit == nullptr)
+            continue;
+        if (!is_own_window_of_class(edit, WC_EDITW))
             return false;
-        GetWindowTextW(modify_cell.controls[i], (*texts)[i].data(), static_cast<int>(kText_max_units));
+        GetWindowTextW(edit, (*texts)[i].data(), static_cast<int>(kText_max_units));
     }
     return true;
 }
@@ -302,16 +307,20 @@ void show_valid_texts(HWND hwndListView, std::uint32_t row, EditTexts* texts)
 
 std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, STR_ENUM_WNDS_DATA* pSTR)
 {
-    if (hwndThis == nullptr || pSTR == nullptr || !is_own_window_of_class(hwndListView, WC_LISTVIEWW))
+    if (hwndThis == nullptr || hwndListView == nullptr || pSTR == nullptr)
         return report(errors_modify_cell, SITE_MODIFY_OK_INPUT, hwndThis, hwndListView, pSTR);
     if (pSTR->pcDynMem_WinHndls == nullptr || pSTR->pcDynMem_GeomText == nullptr)
         return report(errors_modify_cell, SITE_MODIFY_OK_NO_SCAN, pSTR->pcDynMem_WinHndls,
                       pSTR->pcDynMem_GeomText);
+    if (!is_own_window_of_class(hwndListView, WC_LISTVIEWW))
+        return report(errors_modify_cell, SITE_MODIFY_OK_NO_LIST, hwndListView);
     if (row >= pSTR->counter_valid)
         return report(errors_modify_cell, SITE_MODIFY_OK_NO_ROW, row, pSTR->counter_valid);
     EditTexts texts{};
     if (!read_edits(&texts))
-        return report(errors_modify_cell, SITE_MODIFY_OK_INPUT, hwndThis, hwndListView, pSTR);
+        return report(errors_modify_cell, SITE_MODIFY_OK_NO_EDITS, modify_cell.controls[MODIFY_CELL_X],
+                      modify_cell.controls[MODIFY_CELL_Y], modify_cell.controls[MODIFY_CELL_WIDTH],
+                      modify_cell.controls[MODIFY_CELL_HEIGHT]);
 
     show_valid_texts(hwndListView, row, &texts);
     // Unconditional on purpose: a text that the row refused still changes the geometry.

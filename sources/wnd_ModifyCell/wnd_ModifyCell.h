@@ -22,13 +22,15 @@ static_assert(sizeof(STR_CellReference) == 16 && std::is_trivially_copyable_v<ST
 inline constexpr std::int32_t kModifyCell_bad_input = -1;
 inline constexpr std::int32_t kModifyCell_no_scan = -2;
 inline constexpr std::int32_t kModifyCell_no_row = -3;
+inline constexpr std::int32_t kModifyCell_no_list = -4;
+inline constexpr std::int32_t kModifyCell_no_edits = -5;
 
 // The window's procedure. A WM_COPYDATA that is not a cell reference of a list of this program is ignored.
 LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Applies the four edit boxes of `hwndThis` to row `row` of the list and destroys the window. The row shows
 // each text that ends in a digit; the scan record's geometry entry takes the number of every text, also of
-// one that the row refused. Returns 1; -1 when a handle or the record is missing, or the list or the edit
-// boxes are gone, -2 when the scan's blocks are gone, -3 when the scan has no such row: nothing is changed
-// then and the window stays.
+// one that the row refused. An edit box that could not be created counts as empty. Returns 1; -1 when a
+// handle or the record is missing, -2 when the scan's blocks are gone, -4 when the list is, -3 when the scan
+// has no such row, -5 when the edit boxes are gone: nothing is changed then and the window stays.
 std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, STR_ENUM_WNDS_DATA* pSTR);

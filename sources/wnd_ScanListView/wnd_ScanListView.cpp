@@ -26,6 +26,7 @@ enum ScanListControl : unsigned { ID_BTN_MOVE = 1, ID_BTN_CREATE_PROFILE = 2, ID
 
 // The process-wide state of the window: one at a time.
 struct ScanListState {
+    HWND hwnd; // the window that it belongs to
     HINSTANCE hInst;
     HWND hwndMove;
     HWND hwndCreateProfile;
@@ -40,6 +41,9 @@ struct ScanListState {
     STR_RW_PRFL RW_PRFL;
 };
 ScanListState scan_list;
+
+// Kept with a window that has begun to destroy itself.
+constexpr LONG_PTR kBeing_destroyed = 1;
 
 // Forgets everything but the write record, which lives as long as the program.
 void reset_state(ScanListState* state)
@@ -62,36 +66,44 @@ HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const Sca
     return button;
 }
 
-// The font height for the buttons. A failure is shown in a box and gives the default height, 0.
+// The font height for the buttons; the default one when no device context is there to search with.
+// Quirk: a negative height, the search's result on failure, is handed on after its box; a tiny font still
+// brings the list, which no font would not.
 std::int32_t find_font_height(HWND hwnd)
 {
-    const WindowDC dc(hwnd);
-    if (dc.get() == nullptr)
-        return report(errors_scan_list, SITE_LIST_NO_DC);
-    const std::int32_t height = find_button_font_size(dc.get(), L"Create Profile",
-                                                      scan_list_button_height(GetSystemMetrics(SM_CYSCREEN)),
-                                                      scan_list_button_width(GetSystemMetrics(SM_CXSCREEN)));
-    return height < 0 ? report(errors_scan_list, SITE_LIST_FONT_SIZE) : height;
+    const auto height =
+        find_button_font_size(hwnd, L"Create Profile", scan_list_button_height(GetSystemMetrics(SM_CYSCREEN)),
+                              scan_list_button_width(GetSystemMetrics(SM_CXSCREEN)));
+    if (!height)
+        report(errors_scan_list, SITE_LIST_NO_DC);
+    else if (*height < 0)
+        report(errors_scan_list, SITE_LIST_FONT_SIZE);
+    return height.value_or(kFontHeight_default);
 }
 
 void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanListState* state)
 {
     reset_state(state);
+    state->hwnd = hwnd;
     state->hInst = creation->hInstance;
     state->hwndMove = create_button(hwnd, L"Move", ID_BTN_MOVE, state, SITE_LIST_CREATE_MOVE);
     state->hwndCreateProfile =
         create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, SITE_LIST_CREATE_PROFILE_BUTTON);
-    state->hFont = create_control_font(find_font_height(hwnd));
+    const std::int32_t font_height = find_font_height(hwnd);
+    if (state->hwnd != hwnd)
+        return; // Destroyed below a box.
+    state->hFont = create_control_font(font_height);
     if (state->hFont == nullptr) {
-        // Without a font the window stays with its two buttons, on purpose.
+        // Quirk: without a font the window stays with its two buttons; it has always done so.
         report(errors_scan_list, SITE_LIST_FONT);
         return;
     }
     SendMessageW(state->hwndMove, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont), TRUE);
     SendMessageW(state->hwndCreateProfile, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont), TRUE);
-    if (on_WM_CREATE_02_ListView(hwnd, wParam, reinterpret_cast<LPARAM>(creation), state->hInst,
-                                 &state->hwndLV, ID_LISTVIEW) < 0)
-        return; // The window is gone.
+    on_WM_CREATE_02_ListView(hwnd, wParam, reinterpret_cast<LPARAM>(creation), state->hInst, &state->hwndLV,
+                             ID_LISTVIEW);
+    if (state->hwnd != hwnd)
+        return; // Destroyed, for there is no scan to show or below a box.
     state->menu = LoadMenuW(state->hInst, L"menu_popup_ModifyCell");
     state->popup = GetSubMenu(state->menu, 0);
 }
@@ -192,8 +204,10 @@ LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanL
     return FALSE;
 }
 
-void on_WM_DESTROY(HWND hwnd, ScanListState* state)
+// Takes with it what belongs to the window, and its scan.
+void clean_up(HWND hwnd, ScanListState* state)
 {
+    state->hwnd = nullptr;
     DestroyMenu(state->menu);
     // Both windows may be gone and their handles given to others; the profile name window that Create Profile
     // opened is owned by this one and goes with it.
@@ -204,6 +218,17 @@ void on_WM_DESTROY(HWND hwnd, ScanListState* state)
         hwnd_ScanListView = nullptr;
     DeleteObject(state->hFont);
     reset_state(state);
+}
+
+void on_WM_DESTROY(HWND hwnd, ScanListState* state)
+{
+    // Both answer the message once: the window destroys itself below, which sends it again.
+    if (state->hwnd == hwnd)
+        clean_up(hwnd, state);
+    // The message may have come from elsewhere, and would leave a window without a scan on the screen; during
+    // the window's own destruction the repeated request is harmless.
+    if (SetWindowLongPtrW(hwnd, GWLP_USERDATA, kBeing_destroyed) != kBeing_destroyed)
+        DestroyWindow(hwnd);
 }
 
 } // namespace

@@ -70,11 +70,8 @@ TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
     for (int id = 0; id < 4; ++id)
         enter(id, L"77");
     const HWND list = desk.list().window();
-    // A list of this thread that is gone, and a window of another class.
-    const HWND gone =
-        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 9, 9, first, nullptr, nullptr, nullptr);
-    ASSERT_NE(gone, nullptr);
-    DestroyWindow(gone);
+    const STR_ENUM_WNDS_DATA kept = scan_record;
+    scan_record.pcDynMem_WinHndls = nullptr; // what is missing comes first
     const auto text_for = [](const void* window, const void* list_given, const void* record) {
         return L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n642\n\n"
                L"incorrect input parameters:\nhwndThis = " +
@@ -85,17 +82,71 @@ TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
     EXPECT_EQ(on_Button_OK(nullptr, list, 0, &scan_record), -1);
     EXPECT_EQ(on_Button_OK(dialog, nullptr, 0, &scan_record), -1);
     EXPECT_EQ(on_Button_OK(dialog, list, 0, nullptr), -1);
-    EXPECT_EQ(on_Button_OK(dialog, gone, 0, &scan_record), -1);
-    EXPECT_EQ(on_Button_OK(dialog, first, 0, &scan_record), -1);
+    scan_record = kept;
     boxes.expect_boxes({{L"error", text_for(nullptr, list, &scan_record)},
                         {L"error", text_for(dialog, nullptr, &scan_record)},
-                        {L"error", text_for(dialog, list, nullptr)},
-                        {L"error", text_for(dialog, gone, &scan_record)},
-                        {L"error", text_for(dialog, first, &scan_record)}});
+                        {L"error", text_for(dialog, list, nullptr)}});
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
     EXPECT_EQ(entry(0), "10,50 300x200");
     EXPECT_EQ(entry(1), "-20,60 200x150");
+}
+
+TEST_F(ModifyCell, SaysThatTheListIsGoneAfterTheRestWasFoundThere)
+{
+    open(0);
+    for (int id = 0; id < 4; ++id)
+        enter(id, L"77");
+    // A list of this thread that is gone, and a window of another class.
+    const HWND gone =
+        CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD, 0, 0, 9, 9, first, nullptr, nullptr, nullptr);
+    ASSERT_NE(gone, nullptr);
+    DestroyWindow(gone);
+    const auto box_for = [](HWND list) {
+        return ExpectedBox{L"error",
+                           L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n661\n\n"
+                           L"the list of windows is gone:\nhwndListView = " +
+                               pointer(list) + L"\nline of error handler:834"};
+    };
+    const STR_ENUM_WNDS_DATA kept = scan_record;
+    const BoxWatcher boxes;
+    EXPECT_EQ(on_Button_OK(dialog, gone, 0, &scan_record), -4);
+    EXPECT_EQ(on_Button_OK(dialog, first, 0, &scan_record), -4);
+    boxes.expect_boxes({box_for(gone), box_for(first)});
+    scan_record.pcDynMem_GeomText = nullptr;
+    EXPECT_EQ(on_Button_OK(dialog, gone, 0, &scan_record), -2);
+    scan_record = kept;
+    EXPECT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "10,50 300x200");
+    EXPECT_EQ(entry(1), "-20,60 200x150");
+}
+
+TEST_F(ModifyCell, TakesAnEditThatCouldNotBeMadeForAnEmptyOne)
+{
+    // The window itself and both buttons are the first calls, then come X, Y, Width and Height.
+    for (int missing = 0; missing < 4; ++missing) {
+        SCOPED_TRACE(missing);
+        const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", missing + 4,
+                                                                                nullptr, 8);
+        const BoxWatcher boxes;
+        open(0);
+        EXPECT_EQ(boxes.count(), 2u);
+        ASSERT_EQ(control(missing), nullptr);
+        for (int id = 0; id < 4; ++id) {
+            if (id != missing)
+                enter(id, std::to_wstring(71 + id));
+        }
+        press(4);
+        EXPECT_EQ(boxes.count(), 2u); // and none for the edit that is not there
+        EXPECT_FALSE(IsWindow(dialog));
+        const char* const stored[] = {"0,72 73x74", "71,0 73x74", "71,72 0x74", "71,72 73x0"};
+        EXPECT_EQ(entry(0), stored[missing]);
+        // The row keeps what it showed where the edit is not there.
+        const Texts before =
+            missing == 0 ? Texts{L"10", L"50", L"300", L"200"} : Texts{L"71", L"72", L"73", L"74"};
+        EXPECT_EQ(cells(0)[static_cast<std::size_t>(missing)], before[static_cast<std::size_t>(missing)]);
+    }
 }
 
 TEST_F(ModifyCell, AppliesNothingWhenASecondOneTookItsEditsAndClosed)
@@ -105,17 +156,18 @@ TEST_F(ModifyCell, AppliesNothingWhenASecondOneTookItsEditsAndClosed)
     open(1);
     for (int id = 0; id < 4; ++id)
         enter(id, L"77");
+    const HWND edits[] = {control(0), control(1), control(2), control(3)};
     DestroyWindow(dialog);
     dialog = older;
     for (int id = 0; id < 4; ++id)
         enter(id, L"88");
     const std::wstring text_shown =
-        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n642\n\n"
-        L"incorrect input parameters:\nhwndThis = " +
-        pointer(dialog) + L", hwndListView = " + pointer(desk.list().window()) + L", pSTR = " +
-        pointer(&scan_record) + L"\nline of error handler:801";
+        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n681\n\n"
+        L"the edit boxes went with another window Modify Cell:\nhEdit = " +
+        pointer(edits[0]) + L", hEdit_Ypos = " + pointer(edits[1]) + L", hEdit_Width = " + pointer(edits[2]) +
+        L", hEdit_Height = " + pointer(edits[3]) + L"\nline of error handler:867";
     const BoxWatcher boxes;
-    EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), 1, &scan_record), -1);
+    EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), 1, &scan_record), -5);
     press(4);
     boxes.expect_boxes({{L"error", text_shown}, {L"error", text_shown}});
     EXPECT_TRUE(IsWindow(dialog));

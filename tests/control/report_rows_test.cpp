@@ -197,7 +197,9 @@ const ShownBy kShownBy[] = {
     {&errors_modify_cell, 318, "ModifyCell.ReportsEveryControlThatCannotBeMade"},
     {&errors_modify_cell, 642, "ModifyCell.RefusesAMissingHandleOrRecord"},
     {&errors_modify_cell, 655, "ModifyCell.StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter"},
+    {&errors_modify_cell, 661, "ModifyCell.SaysThatTheListIsGoneAfterTheRestWasFoundThere"},
     {&errors_modify_cell, 668, "ModifyCell.CopesWithARowThatWasNotHit"},
+    {&errors_modify_cell, 681, "ModifyCell.AppliesNothingWhenASecondOneTookItsEditsAndClosed"},
     {&errors_modify_cell, 934, "ModifyCell.ReportsAButtonWithoutParent"},
 
     {&errors_profile_name, 96, "ProfileName.HasNoControlsWithoutItsCreationParameter"},

@@ -5,7 +5,7 @@
 
 #include "errors/error_box.h"
 
-// The code that the system error box was shown for last.
+// The code that the system error box was shown for last. Unread: for a debugger, after the box is gone.
 extern DWORD last_system_error;
 
 // Shows the system's text for `code` (a value of GetLastError, taken before any clean-up) in a modal box

@@ -21,8 +21,8 @@ struct CB_mng_STR {
     std::uint32_t uiCtlID;
     std::uint32_t uiN_strs;     // names in the list
     std::uint32_t uiMax_N_strs; // kProfileNames_max
-    std::uint32_t uiSelection;  // last CB_GETCURSEL seen on CBN_SELCHANGE
-    // The text passed in for each position, not owned.
+    std::uint32_t uiSelection;  // last CB_GETCURSEL seen on CBN_SELCHANGE; unread: see selected_position
+    // The text passed in for each position, not owned. Unread: the list has copies; kept as its mirror.
     std::array<const void*, kProfileNames_max> arr1D_p_names;
     std::array<std::uint32_t, kProfileNames_max> arr1D_ui_index_profile; // of the store, per position
 };
@@ -35,12 +35,13 @@ enum ActionPosition : unsigned { ACTION_MINIMIZE, ACTION_RESTORE, ACTION_CLOSE, 
 struct CB_Action_mng_STR {
     HWND hwnd_CB;
     std::uint32_t uiCtlID;
-    std::uint32_t uiN_items;
+    std::uint32_t uiN_items;   // unread: the actions are fixed; kept as the list's mirror
     std::uint32_t uiSelection; // as for the Profile list
 };
 static_assert(std::is_trivially_copyable_v<CB_Action_mng_STR>);
 
-// The position selected in a list; CB_ERR when none is, or there is no such list.
+// The position selected in a list; CB_ERR when none is, or there is no such list. The list is asked and not
+// its record: a selection made by the program sends no CBN_SELCHANGE.
 LRESULT selected_position(HWND hwnd_CB);
 
 // Clears the Profile list's record and sets it up for the empty list `hwnd_CB`.

@@ -19,7 +19,7 @@ using PerProfile = std::array<std::uint32_t, kLoadedProfiles_max>;
 // order. Ends of blocks and copies are inclusive. All sizes and offsets are bytes.
 struct LoadedProfiles_STR {
     std::uint32_t uiN_loaded_prfls;
-    PerProfile arr1D_ui_size_file;
+    PerProfile arr1D_ui_size_file; // unread: kept beside the offsets, which give it too
     std::uint32_t uiMax_num_loaded_prfls;
     PerProfile arr1D_ui_N_Folders;
     PerProfile arr1D_ui_N_Programs;
@@ -29,7 +29,7 @@ struct LoadedProfiles_STR {
         pc_hwnds_wnds_of_prfl;         // the handle area: one handle per entry, in file order, 0 = not found
     std::uint8_t* pc_raw_FilesProfile; // the files area: the files as read
     PerProfile arr1D_ui_off_PrfName_beg;  // first unit of the name, in the files area
-    PerProfile arr1D_ui_off_PrfName_last; // last unit of the name
+    PerProfile arr1D_ui_off_PrfName_last; // last unit of the name; unread: a name has an end mark
     PerProfile arr1D_ui_off_hwnds_beg;
     PerProfile arr1D_ui_off_hwnds_end;
     PerProfile arr1D_ui_off_file_beg;

@@ -11,8 +11,9 @@ struct STR_GeomLt {
     std::int32_t i_client_width;
     std::int32_t i_client_height;
 
-    float f_initial_width;  // of the screen's width; also the smallest width
-    float f_initial_height; // of the screen's height; also the smallest height
+    // Of the screen; also the smallest size. Unread: the window is sized before its record is set up.
+    float f_initial_width;
+    float f_initial_height;
 
     PixelRect rect_Scan;
     float f_Scan_height; // of the screen's height
@@ -39,7 +40,7 @@ struct STR_GeomLt {
     std::int32_t i_x_axis_length;
     std::int32_t i_y_axis_length;
     std::array<PixelRect, 5> arr1D_rect_miniatures; // A to E
-    std::int32_t i_label_font_size;                 // set when painting: twice the control font's
+    std::int32_t i_label_font_size; // set when painting: twice the control font's; unread later
     PixelPoint pt_label_Y;
     PixelPoint pt_label_X;
 

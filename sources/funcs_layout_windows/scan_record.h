@@ -26,9 +26,9 @@ struct STR_ENUM_WNDS_DATA {
     std::uint32_t uiMaxLen_inBytes_AllPath;    // the greater of the two
     HWND* pcDynMem_WinHndls;                   // per slot: the window
     std::uint8_t* pcDynMem_GeomText;           // the geometry entries, then the title slots
-    std::uint32_t counter_all;                 // top-level windows that the first pass was called for
-    std::uint32_t counter_valid;               // windows that qualified in the first pass = number of slots
-    std::uint32_t counter_folders;             // folder windows whose path the shell gave while counting
+    std::uint32_t counter_all;     // top-level windows of the first pass; unread: how much was looked at
+    std::uint32_t counter_valid;   // windows that qualified in the first pass = number of slots
+    std::uint32_t counter_folders; // folder windows with a path while counting; unread likewise
 };
 static_assert(std::is_trivially_copyable_v<STR_ENUM_WNDS_DATA>);
 

@@ -28,9 +28,10 @@ enum MainControl : unsigned {
 inline constexpr unsigned kReservedCommand_first = 3;
 inline constexpr unsigned kReservedCommand_last = 8;
 
-// The process-wide state of the main window.
+// The process-wide state of the main window. Fields called unread are there for whoever looks at it in a
+// debugger or a dump: the program itself is handed the value.
 struct MainWindowState {
-    HWND hwnd_MW;
+    HWND hwnd_MW;    // unread: every message names the window
     HINSTANCE hInst; // of the module that made the window; used for every child
     HWND hWndBTN00;  // Scan
     HWND hWndBTN_LoadProfile;
@@ -39,7 +40,7 @@ struct MainWindowState {
     HWND hWndBTN_Apply;
     HFONT hFont_controls;
     bool flag_store_initialised; // set before the one attempt to set the store up
-    HDROP hDrop;                 // of the last WM_DROPFILES
+    HDROP hDrop;                 // of the last WM_DROPFILES; unread: the drop is done when its message is
     STR_GeomLt STR_GeomLt_MW;
     CB_mng_STR CB_Profile;
     CB_Action_mng_STR CB_Action;

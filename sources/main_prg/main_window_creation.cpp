@@ -84,6 +84,13 @@ void set_control_font(MainWindowState* state)
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont_controls), TRUE);
 }
 
+// Quirk: nothing looks at what is asked for here; creation has always asked.
+void query_system_info()
+{
+    SYSTEM_INFO unused{};
+    GetSystemInfo(&unused);
+}
+
 void initialise_com()
 {
     const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
@@ -96,8 +103,9 @@ void initialise_com()
 void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* state)
 {
     state->hwnd_MW = hwnd;
-    state->hInst = creation->hInstance;
     set_layout_constants(&state->STR_GeomLt_MW);
+    query_system_info();
+    state->hInst = creation->hInstance;
     create_controls(hwnd, state);
     CB_Action_init(state->hwnd_CB_Action, ID_CB_ACTION, &state->CB_Action);
     // Without a font size creation ends here, on purpose: no font, no Profile list record, no COM.

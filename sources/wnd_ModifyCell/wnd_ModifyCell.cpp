@@ -62,8 +62,8 @@ struct ModifyCellState {
     std::array<HWND, MODIFY_CELL_CONTROLS> controls;               // by identifier
     std::array<WNDPROC, MODIFY_CELL_CONTROLS> previous_procedures; // by identifier
     ModifyCellLayout layout;
-    bool flag_created; // the controls are complete, so the window may be painted
-    std::int32_t i_client_width;
+    bool flag_created;           // the controls are complete, so the window may be painted
+    std::int32_t i_client_width; // this and the next as WM_SIZE told; unread: the layout goes by the screen
     std::int32_t i_client_height;
 };
 ModifyCellState modify_cell;

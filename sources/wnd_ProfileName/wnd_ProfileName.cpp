@@ -28,7 +28,7 @@ struct ProfileNameState {
     std::int32_t i_outer_width;
     ProfileNameLayout layout;
     bool flag_controls_exist;
-    std::int32_t i_client_width;
+    std::int32_t i_client_width; // this and the next as WM_SIZE told; unread: the layout goes by the screen
     std::int32_t i_client_height;
 };
 ProfileNameState profile_name;

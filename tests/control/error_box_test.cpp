@@ -6,6 +6,8 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
+#include <tuple>
 
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
 #include "sources/funcs_layout_windows/profiles_errors.h"
@@ -14,10 +16,12 @@
 #include "sources/wnd_ProfileName/profile_name_errors.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/text.h"
 
 using test_support::BoxWatcher;
 using test_support::bytes_as_wide;
+using test_support::ImportHook;
 
 namespace
 {
@@ -74,6 +78,43 @@ constexpr ErrorSite kRow{.id = 0,
                          .layout = ErrorLayout::COMPACT,
                          .detail = "value = %d",
                          .result = -5};
+
+const std::string longest_field(64, 'x');
+
+// The value that a placeholder prints longest, as it is passed on.
+std::uint64_t longest_value(char conversion)
+{
+    switch (conversion) {
+    case 'd':
+        return 0x80000000; // -2147483648
+    case 'u':
+        return 0xFFFFFFFF;
+    case 's':
+        return reinterpret_cast<std::uintptr_t>(longest_field.c_str());
+    default:
+        return 0xFFFFFFFFFFFFFFFF;
+    }
+}
+
+std::array<std::uint64_t, 16> longest_values(std::string_view format)
+{
+    std::array<std::uint64_t, 16> values{};
+    std::size_t count = 0;
+    for (std::size_t i = format.find('%'); i != format.npos; i = format.find('%', i + 1))
+        values.at(count++) = longest_value(format.at(i + 1));
+    return values;
+}
+
+// How many characters the message had before they were brought into wide ones, when this is what was shown.
+std::size_t composed_length(const ErrorSource& source, const ErrorSite& row, const std::wstring& shown)
+{
+    if (row.encoding == ErrorEncoding::BYTES)
+        return 2 * shown.size();
+    if (row.encoding == ErrorEncoding::WIDE)
+        return shown.size();
+    return shown.size() + std::string_view(source.file).size() / 2 +
+           std::string_view(row.function).size() / 2;
+}
 
 } // namespace
 
@@ -185,6 +226,29 @@ TEST(ErrorBox, CutsAMessageThatIsLongerThanTheBuffer)
         EXPECT_LT(text.size(), 2048u);
         EXPECT_GT(text.size(), 2000u);
         EXPECT_EQ(text.back(), L'x');
+    }
+}
+
+TEST(ErrorBox, HasRoomForTheLongestMessageOfEveryRow)
+{
+    std::wstring shown;
+    const ImportHook<"MessageBoxW", decltype(MessageBoxW)> box("user32.dll",
+                                                               [&](HWND, LPCWSTR text, LPCWSTR, UINT) -> int {
+                                                                   shown = text;
+                                                                   return IDOK;
+                                                               });
+    for (const ErrorSource* source : {&errors_main, &errors_layout_windows, &errors_profiles,
+                                      &errors_scan_list, &errors_modify_cell, &errors_profile_name}) {
+        for (const ErrorSite& row : source->sites) {
+            const auto values = longest_values(row.detail);
+            const std::int32_t result =
+                std::apply([&](auto... value) { return report(*source, row.id, value...); }, values);
+            EXPECT_EQ(result, row.result);
+            ASSERT_FALSE(shown.empty());
+            // A message that fills the buffer up to its closing zero may have been cut.
+            EXPECT_LT(composed_length(*source, row, shown), kMessageCapacity_units - 1)
+                << source->file << " " << row.site;
+        }
     }
 }
 

@@ -174,13 +174,13 @@ TEST(FontFitting, MeasuresSixUnitsOfTheProbeAndLeavesNoFontBehind)
         EXPECT_TRUE(done);
         return done;
     });
+    int height = 0; // of the line measured last
     const ImportHook<"DrawTextW", decltype(DrawTextW)> draw(
-        "user32.dll", [](HDC, LPCWSTR text, int units, LPRECT rect, UINT flags) -> int {
+        "user32.dll", [&](HDC, LPCWSTR text, int units, LPRECT rect, UINT flags) -> int {
             EXPECT_EQ(std::wstring(text), bytes_as_wide("Hello!"));
             EXPECT_EQ(units, 6);
             EXPECT_EQ(flags, 0x420u);
             EXPECT_EQ(rect->bottom, 0);
-            static int height = 0;
             rect->bottom = ++height;
             return height;
         });

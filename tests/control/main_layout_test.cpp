@@ -100,6 +100,18 @@ TEST(MainResizing, MovesRealControls)
     EXPECT_EQ(place.top, 5);
 }
 
+TEST(MainResizing, GoesOnWithoutTheListsAndApply)
+{
+    Layout layout;
+    layout.apply = layout.profile = layout.action = nullptr;
+    const BoxWatcher boxes;
+    EXPECT_EQ(layout.size(800, 500), 1);
+    boxes.expect_no_boxes();
+    RECT place = rectangle_of(layout.load);
+    MapWindowPoints(nullptr, layout.parent, reinterpret_cast<POINT*>(&place), 2);
+    EXPECT_EQ(place.left, 5 + 560 + 25);
+}
+
 TEST(MainResizing, RefusesNullArgumentsInUnreadableWords)
 {
     Layout layout;

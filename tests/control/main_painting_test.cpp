@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,38 @@ TEST(MainPainting, DrawsAxesAndMiniatures)
     EXPECT_EQ(GetPixel(picture.dc, 160, 230), RGB(0x5B, 0xAF, 0xFF) /* E is three cells wide */);
 }
 
+TEST(MainPainting, EndsEachAxisInAnArrowHead)
+{
+    Picture picture;
+    std::vector<std::vector<POINT>> heads;
+    {
+        const ImportHook<"Polygon", decltype(Polygon)> head(
+            "gdi32.dll", [&](HDC dc, const POINT* corners, int count) {
+                heads.emplace_back(corners, corners + count);
+                EXPECT_EQ(GetCurrentObject(dc, OBJ_BRUSH), GetStockObject(BLACK_BRUSH));
+                LOGPEN pen{};
+                GetObjectW(GetCurrentObject(dc, OBJ_PEN), sizeof pen, &pen);
+                EXPECT_EQ(pen.lopnStyle, static_cast<UINT>(PS_SOLID));
+                EXPECT_EQ(pen.lopnWidth.x, 3);
+                EXPECT_EQ(pen.lopnColor, RGB(0, 0, 0));
+                return head.call_original(dc, corners, count);
+            });
+        EXPECT_EQ(picture.draw(), 1);
+    }
+    ASSERT_EQ(heads.size(), 2u);
+    // The Y axis ends at (15,335), the X axis at (415,15).
+    const POINT expected[2][3] = {{{10, 330}, {15, 335}, {20, 330}}, {{410, 10}, {415, 15}, {410, 20}}};
+    for (std::size_t i = 0; i < 2; ++i) {
+        ASSERT_EQ(heads[i].size(), 3u);
+        EXPECT_EQ(std::memcmp(heads[i].data(), expected[i], sizeof expected[i]), 0) << i;
+    }
+    // As it is seen: wide behind the tip, nothing beyond its corners.
+    for (const POINT& black : {POINT{410, 10}, {410, 20}, {411, 12}, {411, 18}, {412, 17}, {415, 15}})
+        EXPECT_EQ(GetPixel(picture.dc, black.x, black.y), RGB(0, 0, 0)) << black.x << "," << black.y;
+    for (const POINT& white : {POINT{407, 12}, {407, 18}, {410, 7}, {410, 23}, {414, 8}, {414, 22}})
+        EXPECT_EQ(GetPixel(picture.dc, white.x, white.y), RGB(255, 255, 255)) << white.x << "," << white.y;
+}
+
 TEST(MainPainting, WritesTheFourLabelsAndNotTheCount)
 {
     Picture picture;
@@ -96,6 +129,8 @@ TEST(MainPainting, WritesTheFourLabelsAndNotTheCount)
             GetObjectW(GetCurrentObject(dc, OBJ_FONT), sizeof font, &font);
             EXPECT_EQ(font.lfHeight, text[1] == L'\0' ? 30 : 15);
             EXPECT_EQ(font.lfWeight, 700);
+            // The lists' labels are in the very font that was handed over.
+            EXPECT_EQ(GetCurrentObject(dc, OBJ_FONT) == picture.font, text[1] != L'\0');
             texts.push_back({text, *rect, flags});
             return draw.call_original(dc, text, units, rect, flags);
         });
@@ -115,6 +150,22 @@ TEST(MainPainting, WritesTheFourLabelsAndNotTheCount)
         EXPECT_TRUE(EqualRect(&texts[i].rect, &expected[i].rect)) << i;
         EXPECT_EQ(texts[i].flags, expected[i].flags);
     }
+}
+
+TEST(MainPainting, GoesOnAfterAnAxisWithoutLength)
+{
+    Picture picture;
+    picture.record.i_client_width = 29; // the frame is 20 wide, which leaves nothing for the X axis
+    compute_main_layout(&picture.record, 1366, 768);
+    const BoxWatcher boxes;
+    EXPECT_EQ(picture.draw(), 1);
+    boxes.expect_boxes(
+        {{L"error", L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nvex_DrawLine\n\nline:\n3151"
+                    L"\n\nincorrect input:\nhdc = " +
+                        pointer(picture.dc) +
+                        L", x0 = 15, y0 = 15, x1 = 15, y1 = 15\n\nline of error handler:\n3179"}});
+    EXPECT_EQ(GetPixel(picture.dc, 15, 100), RGB(0, 0, 0));
+    EXPECT_EQ(picture.record.i_label_font_size, 30);
 }
 
 TEST(MainPainting, LeavesTheContextAsItWas)

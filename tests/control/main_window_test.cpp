@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <commdlg.h>
+#include <shlobj.h>
 
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "tests/control/main_desk.h"
 #include "tests/control/profile_desk.h"
@@ -111,6 +114,51 @@ TEST(MainWindow, DoesNotTouchTheProfileListOnTheReservedCommandOfItsNumber)
     EXPECT_EQ(boxes.count(), 1u);
 }
 
+TEST(MainWindow, TakesTheSelectionOfTheActionListOver)
+{
+    const MainWindow main;
+    const BoxWatcher boxes;
+    SendMessageW(main.control(5), CB_SETCURSEL, 2, 0);
+    const auto notify = [&](int id, int code, int control) {
+        return SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, code),
+                            reinterpret_cast<LPARAM>(main.control(control)));
+    };
+    main_window.CB_Action.uiSelection = 7;
+    for (const int code : {CBN_SETFOCUS, CBN_DBLCLK, CBN_DROPDOWN, CBN_SELENDOK}) // any but CBN_SELCHANGE
+        EXPECT_EQ(notify(5, code, 5), 0);
+    EXPECT_EQ(notify(5, CBN_SELCHANGE, 4), 0); // of another list
+    EXPECT_EQ(notify(4, CBN_SELCHANGE, 5), 0);
+    EXPECT_EQ(main_window.CB_Action.uiSelection, 7u);
+    EXPECT_EQ(notify(5, CBN_SELCHANGE, 5), 0);
+    EXPECT_EQ(main_window.CB_Action.uiSelection, 2u);
+    boxes.expect_no_boxes();
+}
+
+TEST(MainWindow, AnswersEveryCommandWith0)
+{
+    const scan_tests::Desktop desktop({});
+    const scan_tests::ScanDesk desk;
+    const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall, FALSE,
+                                                                            0);
+    const MainWindow main;
+    const BoxWatcher boxes;
+    for (WORD id = 0; id <= 10; ++id) {
+        EXPECT_EQ(SendMessageW(main.window, WM_COMMAND, id, 0), 0) << id; // as the menu sends it
+        for (const int code : {BN_CLICKED, CBN_SELCHANGE})
+            EXPECT_EQ(SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, code),
+                                   reinterpret_cast<LPARAM>(main.control(id))),
+                      0)
+                << id << " with " << code;
+    }
+    // Among them were two scans, two loads and Apply.
+    EXPECT_EQ(cancelled.calls(), 2);
+    EXPECT_EQ(boxes.boxes().at(0).title, L"info");
+    // A drop of nothing, a size, a picture.
+    EXPECT_EQ(SendMessageW(main.window, WM_DROPFILES, 0, 0), 0);
+    EXPECT_EQ(SendMessageW(main.window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(600, 400)), 0);
+    EXPECT_EQ(SendMessageW(main.window, WM_PAINT, 0, 0), 0);
+}
+
 TEST(MainWindow, IgnoresUnknownCommands)
 {
     const MainWindow main;
@@ -145,6 +193,65 @@ TEST(MainWindow, DoesNotLayOutAgainWhenItIsMinimised)
     EXPECT_NE(rectangle_of(main.control(6)).left, before.left);
 }
 
+TEST(MainWindow, PlacesEachControlWhereItBelongs)
+{
+    const ImportHook<"GetSystemMetrics", decltype(GetSystemMetrics)> screen("user32.dll", [](int metric) {
+        return metric == SM_CXSCREEN ? 1366 : metric == SM_CYSCREEN ? 768 : 0;
+    });
+    const MainWindow main;
+    main_window.STR_GeomLt_MW.i_font_size = 15;
+    SendMessageW(main.window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(600, 400));
+    const auto place = [&](int id) {
+        RECT rect = rectangle_of(main.control(id));
+        MapWindowPoints(nullptr, main.window, reinterpret_cast<POINT*>(&rect), 2);
+        return std::to_string(rect.left) + "," + std::to_string(rect.top) + " " +
+               std::to_string(rect.right - rect.left);
+    };
+    // Buttons are 81 by 26 pixels, lines 135 by 18.
+    EXPECT_EQ(place(1), "450,5 81");
+    EXPECT_EQ(place(2), "450,36 81");
+    EXPECT_EQ(place(4), "450,133 135");
+    EXPECT_EQ(place(5), "450,187 135");
+    EXPECT_EQ(place(6), "450,218 81");
+}
+
+TEST(MainWindow, PaintsItsGradientAndThenItsLabelsInTheControlsFont)
+{
+    const MainWindow main;
+    ShowWindow(main.window, SW_SHOWNA);
+    UpdateWindow(main.window);
+    RECT client{};
+    GetClientRect(main.window, &client);
+    std::vector<std::wstring> drawn;
+    const ImportHook<"GradientFill", decltype(GradientFill)> gradient(
+        "msimg32.dll",
+        [&](HDC dc, PTRIVERTEX corners, ULONG n_corners, PVOID mesh, ULONG n_mesh, ULONG mode) -> BOOL {
+            drawn.push_back(L"gradient");
+            EXPECT_EQ(WindowFromDC(dc), main.window);
+            EXPECT_EQ(n_corners, 2u);
+            EXPECT_EQ(n_mesh, 1u);
+            EXPECT_EQ(static_cast<GRADIENT_RECT*>(mesh)->UpperLeft, 0u);
+            EXPECT_EQ(static_cast<GRADIENT_RECT*>(mesh)->LowerRight, 1u);
+            EXPECT_EQ(mode, 1u); // from top to bottom
+            const TRIVERTEX top{0, 0, 0x1600, 0xFA00, 0xFA00, 0};
+            const TRIVERTEX bottom{client.right, client.bottom, 0xBB00, 0xFD00, 0xFD00, 0};
+            EXPECT_EQ(memcmp(&corners[0], &top, sizeof top), 0);
+            EXPECT_EQ(memcmp(&corners[1], &bottom, sizeof bottom), 0);
+            return TRUE;
+        });
+    const ImportHook<"DrawTextW", decltype(DrawTextW)> text(
+        "user32.dll", [&](HDC dc, LPCWSTR words, int, LPRECT, UINT) -> int {
+            EXPECT_EQ(WindowFromDC(dc), main.window);
+            EXPECT_EQ(GetCurrentObject(dc, OBJ_FONT) == main_window.hFont_controls,
+                      std::wstring(words).size() > 1); // "Y" and "X" have a larger one
+            drawn.push_back(words);
+            return 1;
+        });
+    RedrawWindow(main.window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    EXPECT_EQ(drawn, (std::vector<std::wstring>{L"gradient", L"Y", L"X", L"Profile:", L"Action:"}));
+    EXPECT_FALSE(GetUpdateRect(main.window, nullptr, FALSE)); // all of it is painted
+}
+
 TEST(MainWindow, DoesNotEraseItsBackground)
 {
     const MainWindow main;
@@ -163,6 +270,26 @@ TEST(MainWindow, ReportsAFailedScan)
           L"\n\nERROR <- EnumWindows()\nline of error handler:1382"},
          {L"error", compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
                                  L"ERROR <- onButton_Scan_Click()\nret code = -2")}});
+}
+
+TEST(MainWindow, ResetsTheScanRecordBeforeAScan)
+{
+    const MainWindow main;
+    scan_record = {};
+    scan_record.counter_all = scan_record.counter_valid = scan_record.counter_filled = 7;
+    scan_record.uiSize_TmpBuf_Path = 1;
+    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);
+    const BoxWatcher boxes;
+    main.press(1);
+    boxes.expect_boxes(
+        {{L"error", compact_text({L"sources/funcs_layout_windows", L"onButton_Scan_Clicked", 988, 1355},
+                                 L"ERROR <- VirtualAlloc()")},
+         {L"error", compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
+                                 L"ERROR <- onButton_Scan_Click()\nret code = -3")}});
+    EXPECT_EQ(scan_record.counter_all, 0u);
+    EXPECT_EQ(scan_record.counter_valid, 0u);
+    EXPECT_EQ(scan_record.counter_filled, 0u);
+    EXPECT_EQ(scan_record.uiSize_TmpBuf_Path, 32768u);
 }
 
 TEST(MainWindow, SetsTheStoreUpOnceEvenWhenThatFails)
@@ -193,6 +320,24 @@ TEST(MainWindow, SetsTheStoreUpOnceEvenWhenThatFails)
     EXPECT_EQ(fails.calls(), 1);
     EXPECT_EQ(main_window.LoadedProfiles.pc_hwnds_wnds_of_prfl, nullptr);
     EXPECT_EQ(main_window.LoadedProfiles.pc_raw_FilesProfile, nullptr);
+    // Nor does a load after the drops.
+    const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall, FALSE,
+                                                                            0);
+    boxes.forget();
+    main.press(2);
+    EXPECT_EQ(cancelled.calls(), 1);
+    EXPECT_EQ(fails.calls(), 1);
+    boxes.expect_no_boxes();
+}
+
+TEST(MainWindow, KeepsTheHandleOfTheLastDrop)
+{
+    const MainWindow main;
+    const BoxWatcher boxes; // answers what a drop without files shows
+    const HGLOBAL drop = GlobalAlloc(GHND, sizeof(DROPFILES) + 4);
+    SendMessageW(main.window, WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    EXPECT_EQ(main_window.hDrop, static_cast<HDROP>(drop));
+    GlobalFree(drop);
 }
 
 TEST(MainWindow, TakesEverythingDownWhenItCloses)

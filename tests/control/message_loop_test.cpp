@@ -1,8 +1,8 @@
-// The start of the program is no part of its library, so it is compiled into this test.
-#include "sources/main_prg/main_prg.cpp"
+#include <windows.h>
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 #include "tests/support/box_watcher.h"
@@ -35,6 +35,35 @@ TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
     // The end of the window asks the thread to end, which would close the boxes of later tests.
     MSG quit;
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+}
+
+TEST(MessageLoop, TranslatesAndDispatchesEveryMessage)
+{
+    std::vector<std::string> steps;
+    const ImportHook<"GetMessageW", decltype(GetMessageW)> messages(
+        "user32.dll", [&](MSG* message, HWND, UINT, UINT) -> BOOL {
+            *message = {};
+            message->message = steps.empty() ? WM_KEYDOWN : steps.size() == 2 ? WM_APP + 1 : WM_QUIT;
+            return message->message == WM_QUIT ? 0 : message->message == WM_KEYDOWN ? 1 : 7;
+        });
+    const auto step = [&](const char* what, const MSG* message) {
+        steps.push_back(what + std::to_string(message->message));
+    };
+    const ImportHook<"TranslateMessage", decltype(TranslateMessage)> translate(
+        "user32.dll", [&](const MSG* message) -> BOOL {
+            step("translate ", message);
+            return FALSE;
+        });
+    const ImportHook<"DispatchMessageW", decltype(DispatchMessageW)> dispatch(
+        "user32.dll", [&](const MSG* message) -> LRESULT {
+            step("dispatch ", message);
+            return 0;
+        });
+    const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> no_window("user32.dll", 1, nullptr, 8);
+    const BoxWatcher boxes; // answers the one about the window
+    EXPECT_EQ(wWinMain(GetModuleHandleW(nullptr), nullptr, nullptr, SW_SHOW), 0);
+    EXPECT_EQ(steps, (std::vector<std::string>{"translate 256", "dispatch 256", "translate 32769",
+                                               "dispatch 32769"}));
 }
 
 TEST(MessageLoop, IsReachedAlsoWithoutAMainWindow)

@@ -71,6 +71,21 @@ TEST(MainWindow, SecondCopyRestoresAndActivatesTheFirst)
     EXPECT_TRUE(becomes_true([&] { return GetForegroundWindow() == wendlow.main_window(); }));
 }
 
+TEST(MainWindow, SecondCopyLeavesAMaximisedFirstMaximised)
+{
+    const WendlowProcess wendlow;
+    FixturePrograms fixtures;
+    fixtures.add(L"in front");
+    ShowWindow(wendlow.main_window(), SW_MAXIMIZE);
+    wait_until([&] { return IsZoomed(wendlow.main_window()) != FALSE; }, kShortWait, "the maximised window");
+    bring_to_front(fixtures.start(L"in front"));
+    EXPECT_EQ(most_main_windows_during_second_copy(), 1);
+    EXPECT_TRUE(becomes_true([&] { return GetForegroundWindow() == wendlow.main_window(); }));
+    // Whatever the second copy has asked for is done then.
+    wendlow.wait_until_idle();
+    EXPECT_TRUE(IsZoomed(wendlow.main_window()));
+}
+
 TEST(MainWindow, SecondCopyBringsAWindowBehindOthersToTheFront)
 {
     const WendlowProcess wendlow;

@@ -19,12 +19,6 @@ constexpr DWORD kInputIdle_ms = 5000;
 constexpr int kSearch_attempts = 10;
 constexpr DWORD kSearch_pause_ms = 1000;
 
-// An entry without a size was minimised when the profile was made.
-bool is_minimised(const Entry& entry)
-{
-    return entry.width == 0 || entry.height == 0;
-}
-
 // The system's own boxes leave the main window usable: it may be closed while a load is under way.
 bool is_abandoned(const LaunchState* launch)
 {

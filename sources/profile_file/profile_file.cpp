@@ -15,8 +15,15 @@ std::uint32_t read_u32(const std::uint8_t* bytes)
            static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
 }
 
-// The five arrays in file order.
-constexpr std::array<Field, 5> kArrays{Field::X, Field::Y, Field::WIDTH, Field::HEIGHT, Field::PATH_LENGTH};
+struct ArrayField {
+    Array array;
+    Field field;
+};
+constexpr std::array<ArrayField, 5> kArrays{{{Array::X, Field::X},
+                                             {Array::Y, Field::Y},
+                                             {Array::WIDTH, Field::WIDTH},
+                                             {Array::HEIGHT, Field::HEIGHT},
+                                             {Array::PATH_LENGTH, Field::PATH_LENGTH}}};
 
 // The index of the first element of `element_bytes` bytes, counted from `offset`, that does not lie wholly
 // inside `size_bytes`.
@@ -74,15 +81,16 @@ ExtentFault check_extent(std::span<const std::uint8_t> file)
         return {Field::COUNT, 0};
 
     const std::uint64_t n = read_u32(file.data());
-    if (size < offset_of_array(n, 0))
+    if (size < offset_of_flags() + n)
         return {Field::FLAG, first_outside(size, offset_of_flags(), 1)};
-    for (unsigned array = 0; array < kArrays.size(); ++array) {
-        if (size < offset_of_array(n, array + 1))
-            return {kArrays[array], first_outside(size, offset_of_array(n, array), kNumber_bytes)};
+    for (const auto& [array, field] : kArrays) {
+        const std::uint64_t offset = offset_of_array(n, array);
+        if (size < offset + kNumber_bytes * n)
+            return {field, first_outside(size, offset, kNumber_bytes)};
     }
 
     // Below 2^32 paths of below 2^32 bytes each: the offset cannot overflow 64 bits.
-    const std::uint8_t* lengths = file.data() + offset_of_array(n, 4);
+    const std::uint8_t* lengths = file.data() + offset_of_array(n, Array::PATH_LENGTH);
     std::uint64_t offset = offset_of_paths(n);
     for (std::uint32_t i = 0; i < n; ++i) {
         offset += std::uint64_t{read_u32(lengths + std::uint64_t{kNumber_bytes} * i)} + kTerminator_bytes;
@@ -92,32 +100,33 @@ ExtentFault check_extent(std::span<const std::uint8_t> file)
     return {Field::NONE, 0};
 }
 
-EntryCursor::EntryCursor(const std::uint8_t* checked_file)
+EntryIterator::EntryIterator(const std::uint8_t* checked_file)
     : file_(checked_file), count_(read_u32(checked_file)), path_offset_(offset_of_paths(count_))
 {
 }
 
-std::uint32_t EntryCursor::number(unsigned array) const
+std::uint32_t EntryIterator::number(Array array) const
 {
     return read_u32(file_ + offset_of_array(count_, array) + std::uint64_t{kNumber_bytes} * index_);
 }
 
-void EntryCursor::next()
+EntryIterator& EntryIterator::operator++()
 {
-    path_offset_ += std::uint64_t{number(4)} + kTerminator_bytes;
+    path_offset_ += std::uint64_t{number(Array::PATH_LENGTH)} + kTerminator_bytes;
     ++index_;
+    return *this;
 }
 
-Entry EntryCursor::get() const
+Entry EntryIterator::operator*() const
 {
     return {.index = index_,
             .kind = kind_of_entry(file_, index_),
-            .x = static_cast<std::int32_t>(number(0)),
-            .y = static_cast<std::int32_t>(number(1)),
-            .width = static_cast<std::int32_t>(number(2)),
-            .height = static_cast<std::int32_t>(number(3)),
+            .x = static_cast<std::int32_t>(number(Array::X)),
+            .y = static_cast<std::int32_t>(number(Array::Y)),
+            .width = static_cast<std::int32_t>(number(Array::WIDTH)),
+            .height = static_cast<std::int32_t>(number(Array::HEIGHT)),
             .path = file_ + path_offset_,
-            .path_bytes = number(4)};
+            .path_bytes = number(Array::PATH_LENGTH)};
 }
 
 std::uint8_t kind_of_entry(const std::uint8_t* checked_file, std::uint32_t index)

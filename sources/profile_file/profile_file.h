@@ -21,6 +21,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <span>
 
 namespace profile_file
@@ -34,6 +35,9 @@ inline constexpr std::size_t kCount_bytes = 4;      // the field N
 inline constexpr std::size_t kNumber_bytes = 4;     // one element of the five arrays
 inline constexpr std::size_t kTerminator_bytes = 2; // the zero after a path
 
+// The five arrays of 32-bit numbers, in file order: one element per window.
+enum class Array : unsigned { X, Y, WIDTH, HEIGHT, PATH_LENGTH };
+
 // The last bytes of every profile file.
 inline constexpr std::array<std::uint8_t, 3> kSignature{0x00, 0x07, 0x0C};
 
@@ -42,14 +46,13 @@ constexpr std::uint64_t offset_of_flags()
 {
     return kCount_bytes;
 }
-// Array 0 is X, 1 Y, 2 width, 3 height, 4 the path lengths.
-constexpr std::uint64_t offset_of_array(std::uint64_t n_windows, unsigned array)
+constexpr std::uint64_t offset_of_array(std::uint64_t n_windows, Array array)
 {
-    return kCount_bytes + n_windows + kNumber_bytes * array * n_windows;
+    return kCount_bytes + n_windows + kNumber_bytes * static_cast<unsigned>(array) * n_windows;
 }
 constexpr std::uint64_t offset_of_paths(std::uint64_t n_windows)
 {
-    return offset_of_array(n_windows, 5);
+    return offset_of_array(n_windows, Array::PATH_LENGTH) + kNumber_bytes * n_windows;
 }
 // The path area's size for paths of `sum_len_bytes` bytes in all, zero tail included.
 constexpr std::uint64_t size_of_path_area(std::uint64_t n_windows, std::uint64_t sum_len_bytes)
@@ -95,24 +98,59 @@ std::uint32_t window_count(std::span<const std::uint8_t> file);
 // Surplus bytes, a missing zero tail, odd lengths, missing terminators and other kind flags are not faults.
 ExtentFault check_extent(std::span<const std::uint8_t> file);
 
-// Walks the entries of a file that check_extent has passed:
-//     for (EntryCursor entry(file); entry.valid(); entry.next()) use(entry.get());
-class EntryCursor
+// One entry after the other of a checked file.
+class EntryIterator
 {
 public:
-    explicit EntryCursor(const std::uint8_t* checked_file);
-    [[nodiscard]] bool valid() const { return index_ < count_; }
-    void next();
-    [[nodiscard]] Entry get() const;
+    explicit EntryIterator(const std::uint8_t* checked_file);
+    [[nodiscard]] Entry operator*() const;
+    EntryIterator& operator++();
+    [[nodiscard]] bool operator==(std::default_sentinel_t) const { return index_ >= count_; }
 
 private:
-    [[nodiscard]] std::uint32_t number(unsigned array) const;
+    [[nodiscard]] std::uint32_t number(Array array) const;
 
     const std::uint8_t* file_;
     std::uint32_t count_;
     std::uint32_t index_ = 0;
     std::uint64_t path_offset_;
 };
+
+// The entries of a file that check_extent has passed, for as long as the file's bytes are there:
+//     for (const Entry& entry : entries(file))
+class Entries
+{
+public:
+    explicit Entries(const std::uint8_t* checked_file) : file_(checked_file) {}
+    [[nodiscard]] EntryIterator begin() const { return EntryIterator(file_); }
+    [[nodiscard]] static std::default_sentinel_t end() { return {}; }
+
+private:
+    const std::uint8_t* file_;
+};
+inline Entries entries(const std::uint8_t* checked_file)
+{
+    return Entries(checked_file);
+}
+
+// The same walk by hand.
+class EntryCursor
+{
+public:
+    explicit EntryCursor(const std::uint8_t* checked_file) : at_(checked_file) {}
+    [[nodiscard]] bool valid() const { return at_ != std::default_sentinel; }
+    void next() { ++at_; }
+    [[nodiscard]] Entry get() const { return *at_; }
+
+private:
+    EntryIterator at_;
+};
+
+// True for a window that was minimised when the profile was made: it has no width or no height.
+constexpr bool is_minimised(const Entry& entry)
+{
+    return entry.width == 0 || entry.height == 0;
+}
 
 // The kind flag of entry `index` of a checked file.
 std::uint8_t kind_of_entry(const std::uint8_t* checked_file, std::uint32_t index);

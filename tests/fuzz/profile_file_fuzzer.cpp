@@ -15,7 +15,6 @@ namespace
 {
 
 using profile_file::Entry;
-using profile_file::EntryCursor;
 using profile_file::ExtentFault;
 using profile_file::Field;
 
@@ -79,8 +78,7 @@ void walk_entries(File file)
     std::uint64_t path_offset = 4 + 21 * n;
     std::uint64_t count = 0;
     unsigned sum = 0;
-    for (EntryCursor cursor(file.data()); cursor.valid(); cursor.next()) {
-        const Entry entry = cursor.get();
+    for (const Entry& entry : profile_file::entries(file.data())) {
         require(entry.index == count, "entries come in file order");
         require(entry.kind == file[4 + count], "the kind flag is the entry's own");
         require(entry.kind == profile_file::kind_of_entry(file.data(), entry.index),

@@ -17,7 +17,6 @@ namespace
 {
 
 using profile_file::Entry;
-using profile_file::EntryCursor;
 using profile_file::ExtentFault;
 using profile_file::Field;
 using test_support::ProfileEncoder;
@@ -37,8 +36,7 @@ void expect_fault(const ExtentFault& fault, Field field, std::uint32_t entry)
 unsigned sum_of_entries(const ExactBytes& file)
 {
     unsigned sum = 0;
-    for (EntryCursor cursor(file.data()); cursor.valid(); cursor.next()) {
-        const Entry entry = cursor.get();
+    for (const Entry& entry : profile_file::entries(file.data())) {
         sum = std::accumulate(entry.path, entry.path + entry.path_bytes, sum + entry.kind);
     }
     return sum;

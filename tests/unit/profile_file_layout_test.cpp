@@ -18,7 +18,6 @@ namespace
 {
 
 using profile_file::Entry;
-using profile_file::EntryCursor;
 using profile_file::Field;
 using test_support::ProfileEncoder;
 
@@ -46,8 +45,7 @@ std::vector<Seen> entries_of(const Bytes& bytes)
     const ExactBytes file(bytes);
     EXPECT_EQ(profile_file::check_extent(file.span()).field, Field::NONE);
     std::vector<Seen> all;
-    for (EntryCursor cursor(file.data()); cursor.valid(); cursor.next()) {
-        const Entry entry = cursor.get();
+    for (const Entry& entry : profile_file::entries(file.data())) {
         EXPECT_EQ(profile_file::kind_of_entry(file.data(), entry.index), entry.kind);
         all.push_back({entry.index, entry.kind, entry.x, entry.y, entry.width, entry.height,
                        Bytes(entry.path, entry.path + entry.path_bytes)});
@@ -76,11 +74,12 @@ TEST(ProfileFileLayout, CountsOffsetsFromTheNumberOfWindows)
          {Row{1, 5, 9, 13, 17, 21, 25}, Row{3, 7, 19, 31, 43, 55, 67}, Row{4, 8, 24, 40, 56, 72, 88},
           Row{1000, 1004, 5004, 9004, 13004, 17004, 21004},
           Row{0xFFFFFFFF, 0x100000003, 0x4FFFFFFFF, 0x8FFFFFFFB, 0xCFFFFFFF7, 0x10FFFFFFF3, 0x14FFFFFFEF}}) {
-        EXPECT_EQ(profile_file::offset_of_array(row.n, 0), row.x) << row.n;
-        EXPECT_EQ(profile_file::offset_of_array(row.n, 1), row.y) << row.n;
-        EXPECT_EQ(profile_file::offset_of_array(row.n, 2), row.width) << row.n;
-        EXPECT_EQ(profile_file::offset_of_array(row.n, 3), row.height) << row.n;
-        EXPECT_EQ(profile_file::offset_of_array(row.n, 4), row.length) << row.n;
+        EXPECT_EQ(profile_file::offset_of_array(row.n, profile_file::Array::X), row.x) << row.n;
+        EXPECT_EQ(profile_file::offset_of_array(row.n, profile_file::Array::Y), row.y) << row.n;
+        EXPECT_EQ(profile_file::offset_of_array(row.n, profile_file::Array::WIDTH), row.width) << row.n;
+        EXPECT_EQ(profile_file::offset_of_array(row.n, profile_file::Array::HEIGHT), row.height) << row.n;
+        EXPECT_EQ(profile_file::offset_of_array(row.n, profile_file::Array::PATH_LENGTH), row.length)
+            << row.n;
         EXPECT_EQ(profile_file::offset_of_paths(row.n), row.paths) << row.n;
     }
 }
@@ -236,3 +235,12 @@ TEST(ProfileFileSignature, IsFoundAtTheEndAndNowhereElse)
 }
 
 } // namespace
+
+TEST(ProfileFileEntry, IsMinimisedWithoutAWidthOrWithoutAHeight)
+{
+    EXPECT_TRUE(profile_file::is_minimised(Entry{.width = 0, .height = 0}));
+    EXPECT_TRUE(profile_file::is_minimised(Entry{.x = 5, .y = 5, .width = 0, .height = 200}));
+    EXPECT_TRUE(profile_file::is_minimised(Entry{.x = 5, .y = 5, .width = 300, .height = 0}));
+    EXPECT_FALSE(profile_file::is_minimised(Entry{.width = 1, .height = 1}));
+    EXPECT_FALSE(profile_file::is_minimised(Entry{.x = -9, .y = -9, .width = -300, .height = 200}));
+}

@@ -7,6 +7,7 @@
 
 #include "tests/control/list_desk.h"
 #include "tests/control/scan_desk.h"
+#include "tests/control/screen_of_size.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/text.h"
@@ -35,6 +36,47 @@ std::int32_t create_list_in(HWND parent, HWND* list)
 }
 
 } // namespace
+
+TEST(ListOfWindows, MakesItsButtonsFontForTheWordsCreateProfile)
+{
+    TwoRows scan;
+    // The height of the buttons is the limit first, then their width.
+    for (const SIZE size : {SIZE{20000, 4000}, SIZE{10000, 20000}}) {
+        SCOPED_TRACE(size.cx);
+        ASSERT_EQ(scan.desk.scan(), 1);
+        const HWND of_real_screen = hwnd_ScanListView;
+        const screen_tests::ScreenOfSize screen(size.cx, size.cy);
+        const screen_tests::ContextsOf contexts(L"List of Windows");
+        int redraws = 0;
+        const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+            "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+                if (message == WM_SETFONT)
+                    redraws += lParam == TRUE ? 1 : 100;
+                return send.call_original(window, message, wParam, lParam);
+            });
+        // The window itself has the size of a small screen.
+        hwnd_ScanListView =
+            CreateWindowExW(0, L"List of Windows", L"List of windows", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300,
+                            nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+        DestroyWindow(of_real_screen);
+        EXPECT_EQ(redraws, 2);
+        EXPECT_EQ(contexts.got, 1);
+        EXPECT_EQ(contexts.released, 1);
+        const int button_height = static_cast<int>(0.03F * static_cast<float>(size.cy));
+        const int button_width = static_cast<int>(0.09F * static_cast<float>(size.cx));
+        const int expected = screen_tests::fitting_font_height(hwnd_ScanListView, L"Create Profile",
+                                                               static_cast<int>(0.85 * button_height),
+                                                               static_cast<int>(0.8 * button_width));
+        EXPECT_GT(expected, 50);
+        EXPECT_EQ(font_of_button(1), font_of_button(2));
+        LOGFONTW font{};
+        ASSERT_NE(GetObjectW(font_of_button(1), sizeof font, &font), 0);
+        EXPECT_EQ(font.lfHeight, expected);
+        EXPECT_EQ(font.lfWeight, 700);
+        EXPECT_EQ(font.lfPitchAndFamily, 16);
+        EXPECT_EQ(font.lfItalic + font.lfUnderline + font.lfStrikeOut, 0);
+    }
+}
 
 TEST(ListOfWindows, ReportsEachButtonThatCannotBeMadeInUnreadableWords)
 {

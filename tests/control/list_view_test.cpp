@@ -44,6 +44,15 @@ int screen_fraction(float fraction, int metric)
     return static_cast<int>(fraction * static_cast<float>(GetSystemMetrics(metric)));
 }
 
+// What the list tells of a click while the cursor is there.
+void click_list(const RemoteListView& list, int code, POINT cursor)
+{
+    SetCursorPos(cursor.x, cursor.y);
+    NMITEMACTIVATE click{};
+    click.hdr = {list.window(), 4, static_cast<UINT>(code)};
+    EXPECT_EQ(SendMessageW(hwnd_ScanListView, WM_NOTIFY, 4, reinterpret_cast<LPARAM>(&click)), 0);
+}
+
 void expect_layout()
 {
     RECT client{};
@@ -97,6 +106,55 @@ TEST(ListOfWindows, HasItsColumnsButtonsAndStyles)
     EXPECT_EQ(font.lfWeight, 700);
     EXPECT_EQ(font.lfPitchAndFamily, 16);
     EXPECT_GT(font.lfHeight, 0);
+}
+
+TEST(ListOfWindows, HasAnEmptyListOfSmallImages)
+{
+    TwoRows scan;
+    std::vector<std::vector<int>> made;
+    HIMAGELIST images = nullptr;
+    const ImportHook<"ImageList_Create", decltype(ImageList_Create)> create(
+        "comctl32.dll", [&](int width, int height, UINT flags, int count, int growth) {
+            images = create.call_original(width, height, flags, count, growth);
+            made.push_back({width, height, static_cast<int>(flags), count, growth});
+            return images;
+        });
+    ASSERT_EQ(scan.desk.scan(), 1);
+    EXPECT_EQ(made, (std::vector<std::vector<int>>{{GetSystemMetrics(SM_CXSMICON),
+                                                    GetSystemMetrics(SM_CYSMICON), 1 /* mask */, 12, 1}}));
+    const HWND list = scan.desk.list().window();
+    EXPECT_NE(images, nullptr);
+    EXPECT_EQ(reinterpret_cast<HIMAGELIST>(SendMessageW(list, LVM_GETIMAGELIST, 1 /* small */, 0)), images);
+    EXPECT_EQ(ImageList_GetImageCount(images), 0);
+}
+
+TEST(ListOfWindows, InsertsItsColumnsLeftAlignedWithTheirWidths)
+{
+    TwoRows scan;
+    HWND list = nullptr;
+    std::vector<std::string> columns;
+    const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+        "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == LVM_INSERTCOLUMNW) {
+                list = window;
+                const auto& column = *reinterpret_cast<const LVCOLUMNW*>(lParam);
+                columns.push_back(std::to_string(wParam) + ": mask " + std::to_string(column.mask) +
+                                  ", format " + std::to_string(column.fmt) + ", width " +
+                                  std::to_string(column.cx) + ", subitem " + std::to_string(column.iSubItem));
+            }
+            return send.call_original(window, message, wParam, lParam);
+        });
+    ASSERT_EQ(scan.desk.scan(), 1);
+    EXPECT_EQ(list, scan.desk.list().window());
+    RECT client{};
+    GetClientRect(hwnd_ScanListView, &client);
+    const double fractions[] = {0.088, 0.56, 0.088, 0.088, 0.088, 0.088};
+    ASSERT_EQ(columns.size(), 6u);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(columns[static_cast<std::size_t>(i)],
+                  std::to_string(i) + ": mask 15, format 0, width " +
+                      std::to_string(static_cast<int>(fractions[i] * client.right)) + ", subitem " +
+                      std::to_string(i));
 }
 
 TEST(ListOfWindows, LaysListAndColumnsOutWithTheWindowButNotTheButtons)
@@ -178,16 +236,58 @@ TEST(ListOfWindows, ShowsTheMenuOverANumberAndNotOverTheName)
         });
     for (int column = 0; column < 6; ++column) {
         const POINT centre = list.cell_centre(1, column);
-        SetCursorPos(centre.x, centre.y);
-        NMITEMACTIVATE click{};
-        click.hdr = {list.window(), 4, static_cast<UINT>(NM_RCLICK)};
-        SendMessageW(hwnd_ScanListView, WM_NOTIFY, 4, reinterpret_cast<LPARAM>(&click));
+        click_list(list, NM_RCLICK, centre);
         EXPECT_EQ(menus, column < 2 ? 0 : column - 1) << "column " << column;
         if (column >= 2) {
             EXPECT_EQ(shown_at.x, centre.x);
             EXPECT_EQ(shown_at.y, centre.y);
         }
     }
+}
+
+TEST(ListOfWindows, PassesOnThatNoRowWasHitBelowTheLast)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    const RemoteListView list = scan.desk.list();
+    std::vector<std::string> menus;
+    const ImportHook<"TrackPopupMenu", decltype(TrackPopupMenu)> track(
+        "user32.dll", [&](HMENU, UINT, int x, int y, int, HWND, const RECT*) -> BOOL {
+            menus.push_back(std::to_string(x) + "," + std::to_string(y));
+            return TRUE;
+        });
+    std::vector<std::uint32_t> cell;
+    const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+        "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == WM_COPYDATA) {
+                const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+                const auto* words = static_cast<const std::uint32_t*>(data.lpData);
+                cell.assign(words, words + 2);
+            }
+            return send.call_original(window, message, wParam, lParam);
+        });
+    for (int column = 2; column <= 5; ++column) {
+        SCOPED_TRACE(column);
+        // A row that was hit before is forgotten.
+        const POINT hit = list.cell_centre(1, column);
+        click_list(list, NM_CLICK, hit);
+        const POINT below{hit.x, hit.y + 100};
+        menus.clear();
+        click_list(list, NM_RCLICK, below);
+        EXPECT_EQ(menus, (std::vector<std::string>{std::to_string(below.x) + "," + std::to_string(below.y)}));
+        const BoxWatcher boxes;
+        SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+        EXPECT_EQ(cell, (std::vector<std::uint32_t>{0xFFFFFFFF, static_cast<std::uint32_t>(column)}));
+        const HWND dialog = FindWindowW(L"Modify Cell Window", nullptr);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(dialog, 0)), 0);
+        SendMessageW(dialog, WM_COMMAND, 4, 0);
+        EXPECT_EQ(boxes.count(), 1u); // that there is no such row
+        EXPECT_TRUE(IsWindow(dialog));
+        DestroyWindow(dialog);
+    }
+    EXPECT_EQ(list.row(0), (Row{L"1", L"First", L"40", L"50", L"300", L"200"}));
+    EXPECT_EQ(list.row(1), (Row{L"2", L"Second", L"-20", L"60", L"200", L"150"}));
 }
 
 TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)

@@ -103,9 +103,23 @@ TEST(MoveCommand, TakesNumbersAsTheyAreWritten)
     row.give(L"-15", L" +20x", L"350", L"0260");
     row.desk.press(1);
     EXPECT_EQ(place_of(row.window), "-15,20 350x260");
+    row.give(L"25", L"-30", L"350", L"260");
+    row.desk.press(1);
+    EXPECT_EQ(place_of(row.window), "25,-30 350x260");
     row.give(L"abc", L"", L"300", L"200"); // what is no number is 0
     row.desk.press(1);
     EXPECT_EQ(place_of(row.window), "0,0 300x200");
+}
+
+TEST(MoveCommand, ReadsNineteenCharactersOfACell)
+{
+    OneRow row;
+    row.desk.list().set_ticked(0, true);
+    // The twentieth of the first is not read; the second has nineteen.
+    row.give(std::wstring(17, L'0') + L"123", std::wstring(16, L'0') + L"234",
+             std::wstring(16, L' ') + L"345", std::wstring(16, L' ') + L"2567");
+    row.desk.press(1);
+    EXPECT_EQ(place_of(row.window), "12,234 345x256");
 }
 
 TEST(MoveCommand, AsksForAnAsynchronousMoveToTheTop)

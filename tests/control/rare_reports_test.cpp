@@ -20,6 +20,7 @@
 #include "tests/control/profile_desk.h"
 #include "tests/control/saved_profile_desk.h"
 #include "tests/control/scan_desk.h"
+#include "tests/control/screen_of_size.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 
@@ -39,19 +40,9 @@ constexpr wchar_t kMainFile[] = L"sources/main_prg";
 constexpr wchar_t kLayoutFile[] = L"sources/funcs_layout_windows";
 constexpr wchar_t kListFile[] = L"sources/wnd_ScanListView";
 
-// The system metrics of a screen so small that no text fits a control.
-class TinyScreen
-{
-public:
-    TinyScreen() = default;
-    TinyScreen(const TinyScreen&) = delete;
-    TinyScreen& operator=(const TinyScreen&) = delete;
-
-private:
-    ImportHook<"GetSystemMetrics", decltype(GetSystemMetrics)> metrics_{
-        "user32.dll", [this](int which) {
-            return which == SM_CXSCREEN || which == SM_CYSCREEN ? 8 : metrics_.call_original(which);
-        }};
+// A screen so small that no text fits a control.
+struct TinyScreen : screen_tests::ScreenOfSize {
+    TinyScreen() : ScreenOfSize(8, 8) {}
 };
 
 // An open dialog that is answered with a path, or cancelled with an empty one.

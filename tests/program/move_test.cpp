@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/real_input.h"
@@ -18,6 +20,19 @@ using Cells = std::vector<std::wstring>;
 
 // Ids of the controls of Modify Cell, which are the order of Tab as well.
 enum Cell { kX, kY, kWidth, kHeight, kOk, kCancel };
+
+void put_on_clipboard(const std::wstring& text)
+{
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
+    std::memcpy(GlobalLock(block), text.c_str(), bytes);
+    GlobalUnlock(block);
+    const HWND owner =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    if (OpenClipboard(owner) == FALSE || EmptyClipboard() == FALSE ||
+        SetClipboardData(CF_UNICODETEXT, block) == nullptr || CloseClipboard() == FALSE)
+        throw Failure("the clipboard does not take the text");
+}
 
 // One program on the list, its window and its row.
 class OnTheList : public testing::Test
@@ -153,6 +168,20 @@ TEST_F(ModifyCell, TakesAPastedNegativeNumber)
     SendMessageW(control(kX), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"-8"));
     press_ok();
     EXPECT_EQ(cells()[0], L"-8");
+    tick_and_move();
+    EXPECT_TRUE(comes_to(-8, 150, 400, 300));
+}
+
+TEST_F(ModifyCell, TakesWhatIsPastedWithTheKeyboard)
+{
+    put_on_clipboard(L"-8");
+    open();
+    bring_to_front(cell_);
+    double_click(centre_of(control(kX)));
+    press_key_with(VK_CONTROL, 'V');
+    EXPECT_TRUE(becomes_true([&] { return text_of(kX) == L"-8"; }));
+    press_ok();
+    EXPECT_EQ(cells(), (Cells{L"-8", L"150", L"400", L"300"}));
     tick_and_move();
     EXPECT_TRUE(comes_to(-8, 150, 400, 300));
 }

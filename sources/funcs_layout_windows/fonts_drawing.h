@@ -19,7 +19,7 @@ inline constexpr std::int32_t kFontHeight_default = 0; // the system chooses
 
 // Makes a font `height` pixels high; 0 is the default height, and a negative number cast to unsigned reaches
 // the system as the negative number that it was. The caller deletes it; null when the
-// system makes none. The 8-bit face name is laid into the wide face name unconverted, on purpose: no face has
+// system makes none. Quirk: the 8-bit face name is laid into the wide one unconverted; no face has
 // that name, so the font mapper chooses a serif TrueType face by family and precision. A null face name shows
 // an error box and makes a font without face name.
 HFONT vex_CreateFont(std::uint32_t height, std::uint32_t weight, std::uint8_t italic, std::uint8_t underline,
@@ -44,7 +44,7 @@ std::optional<std::int32_t> find_button_font_size(HWND window, const wchar_t* te
                                                   std::int32_t button_height, std::int32_t button_width);
 
 // Draws a line with the selected pen. Returns 1; -1 after an error box for a null context or a line without
-// length, which is an error on purpose.
+// length: nobody means to draw one.
 std::int32_t vex_DrawLine(HDC hdc, std::int32_t x0, std::int32_t y0, std::int32_t x1, std::int32_t y1);
 
 // Draws a miniature window: an outline `w` wide and `h` high with its upper left corner at (x, y), a title

@@ -42,7 +42,7 @@ constexpr std::array<ErrorSite, LAYOUT_WINDOWS_ROWS> kSites{{
      .layout = SPACED_GAP,
      .detail = "incorrect input:\nhwnd_MW = %p, hdc_MW = %p, h = %u, w = %u\nreturn code : %d",
      .result = kDrawing_bad_input},
-    // Text and title are handed over as 8-bit bytes on purpose.
+    // Quirk: text and title are handed over as bytes; only a fault of the program shows them.
     {.id = SITE_MAIN_SIZE_INPUT, .site = 1491, .handler = 1713, .function = "on_WM_SIZE",
      .layout = SPACED,
      .detail = "incorrect input:\nhwnd_MW = %p, pSTR_GeomLt = %p, hWndBTN00 = %p, hWndBTN02 = %p",

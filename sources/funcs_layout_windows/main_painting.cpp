@@ -72,7 +72,7 @@ std::int32_t draw_MainWindow(HWND hwnd_MW, HDC hdc_MW, STR_GeomLt* pSTR_GeomLt, 
         return report(errors_layout_windows, SITE_DRAW_MAIN_INPUT, hwnd_MW, hdc_MW, pSTR_GeomLt,
                       hFont_buttons, pLoadedProfiles_STR);
 
-    // The count line stays empty on purpose: its text is made, but not drawn.
+    // Quirk: the count's text is made, but not drawn; the layout keeps its line free.
     std::array<wchar_t, 25> count_text{};
     _snwprintf(count_text.data(), count_text.size() - 1, L"Profiles loaded: %.2u",
                pLoadedProfiles_STR->uiN_loaded_prfls);

@@ -46,7 +46,7 @@ constexpr std::array<ErrorSite, MAIN_ROWS> kSites{{
                "organized.\n\nThe Wendlow project\nhttps://wendlow.example\nwendlow@wendlow.example\n\n"
                "release date: 2020-05-18",
      .result = 0, .title = "About"},
-    // Texts and titles of the reserved commands are handed over as 8-bit bytes on purpose.
+    // Quirk: the reserved commands' texts and titles are handed over as bytes; no item of the menu shows them.
     {.id = SITE_MENU_FILE_NEW, .site = 1015, .handler = 0, .function = kWndProc,
      .layout = PLAIN, .detail = "menu item FILE NEW", .result = 0, .title = "",
      .encoding = BYTES, .title_encoding = BYTES},

@@ -44,7 +44,7 @@ void register_main_class(HINSTANCE instance)
 {
     WNDCLASSEXW main_class = common_window_class(instance, kClass_MainWindow, WndProc);
     main_class.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(ID_ICON_32));
-    // The small icon is the large picture on purpose.
+    // Quirk: the small icon is the large picture; users know the window by it.
     main_class.hIconSm = static_cast<HICON>(
         LoadImageW(instance, MAKEINTRESOURCEW(ID_ICON_32), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
     main_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
@@ -83,7 +83,8 @@ int run_message_loop()
         if (result == 0)
             return static_cast<int>(message.wParam);
         if (result == -1) {
-            report(errors_main, SITE_GET_MESSAGE); // The loop is not left, on purpose.
+            // Quirk: the loop is not left; the windows go on working with the next message.
+            report(errors_main, SITE_GET_MESSAGE);
             continue;
         }
         TranslateMessage(&message);

@@ -54,7 +54,7 @@ void create_controls(HWND hwnd, MainWindowState* state)
 // Finds the font size that fits the buttons and stores it in the geometry record. False after an error box.
 bool find_control_font_size(HWND hwnd, STR_GeomLt* geometry)
 {
-    // The 8-bit text is handed over unconverted on purpose: half as many characters are measured.
+    // Quirk: the 8-bit text is handed over unconverted; every size was chosen for what that measures.
     static constexpr auto kText = bytes_as_wide("Load Profile");
 
     const std::int32_t button_width =
@@ -108,7 +108,7 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* sta
     state->hInst = creation->hInstance;
     create_controls(hwnd, state);
     CB_Action_init(state->hwnd_CB_Action, ID_CB_ACTION, &state->CB_Action);
-    // Without a font size creation ends here, on purpose: no font, no Profile list record, no COM.
+    // Quirk: without a font size there is no font, no Profile list record and no COM; the box has told so.
     if (!find_control_font_size(hwnd, &state->STR_GeomLt_MW))
         return;
     set_control_font(state);

@@ -170,6 +170,7 @@ TEST(FontFitting, MeasuresSixUnitsOfTheProbeAndLeavesNoFontBehind)
         });
     ImportHook<"DeleteObject", decltype(DeleteObject)> remove("gdi32.dll", [&](HGDIOBJ object) {
         ++deleted;
+        EXPECT_NE(GetCurrentObject(canvas.dc(), OBJ_FONT), object); // it is selected no more
         const BOOL done = remove.call_original(object);
         EXPECT_TRUE(done);
         return done;

@@ -111,6 +111,40 @@ TEST(MainPainting, EndsEachAxisInAnArrowHead)
         EXPECT_EQ(GetPixel(picture.dc, white.x, white.y), RGB(255, 255, 255)) << white.x << "," << white.y;
 }
 
+TEST(MainPainting, DrawsItsPartsInOrder)
+{
+    Picture picture;
+    std::vector<std::string> parts;
+    const ImportHook<"LineTo", decltype(LineTo)> line("gdi32.dll", [&](HDC dc, int x, int y) {
+        parts.push_back("line to " + std::to_string(x) + "," + std::to_string(y));
+        return line.call_original(dc, x, y);
+    });
+    const ImportHook<"Polygon", decltype(Polygon)> head("gdi32.dll", [&](HDC, const POINT*, int) {
+        parts.push_back("head");
+        return TRUE;
+    });
+    const ImportHook<"DrawTextW", decltype(DrawTextW)> text(
+        "user32.dll", [&](HDC, LPCWSTR words, int, LPRECT, UINT) {
+            parts.push_back(words[1] == L'\0' ? "axis label" : "list label");
+            return 1;
+        });
+    int rectangles = 0; // of a miniature: the outline, the title bar and three boxes
+    const ImportHook<"Rectangle", decltype(Rectangle)> rectangle(
+        "gdi32.dll", [&](HDC, int left, int top, int right, int bottom) {
+            if (rectangles++ % 5 == 0)
+                parts.push_back("miniature " + std::to_string(left) + "," + std::to_string(top) + " " +
+                                std::to_string(right - left) + "x" + std::to_string(bottom - top));
+            return TRUE;
+        });
+    EXPECT_EQ(picture.draw(), 1);
+    // Cells are 123 wide and 96 high.
+    EXPECT_EQ(parts, (std::vector<std::string>{
+                         "line to 15,335", "head", "line to 415,15", "head", "axis label", "axis label",
+                         "miniature 25,25 123x96", "miniature 153,25 123x197", "miniature 281,25 123x197",
+                         "miniature 25,126 123x96", "miniature 25,227 379x96", "list label", "list label"}));
+    EXPECT_EQ(rectangles, 25);
+}
+
 TEST(MainPainting, WritesTheFourLabelsAndNotTheCount)
 {
     Picture picture;

@@ -44,6 +44,8 @@ public:
         : screen_width_(screen_width), screen_height_(screen_height), text_margin_(text_margin)
     {
         main_window = {};
+        main_window.CB_Profile.uiN_strs = main_window.CB_Profile.uiSelection = 9; // of a window before
+        main_window.CB_Action.uiSelection = 9;
         CREATESTRUCTW creation{};
         creation.hInstance = instance_;
         result = WndProc(window, WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation));
@@ -201,6 +203,22 @@ TEST(MainWindowCreation, ReleasesItsContextAlsoWhenNothingFits)
     EXPECT_EQ(creation.steps.at(creation.steps.size() - 2), "context");
     EXPECT_EQ(creation.steps.back(), "context released");
     EXPECT_EQ(main_window.STR_GeomLt_MW.i_font_size, -1);
+}
+
+TEST(MainWindowCreation, SetsTheRecordsOfTheListsUp)
+{
+    const Creation creation(3000, 2000, 0);
+    const CB_mng_STR& profiles = main_window.CB_Profile;
+    EXPECT_EQ(profiles.hwnd_CB, GetDlgItem(creation.window, 4));
+    EXPECT_EQ(profiles.uiCtlID, 4u);
+    EXPECT_EQ(profiles.uiN_strs, 0u);
+    EXPECT_EQ(profiles.uiMax_N_strs, 32u);
+    EXPECT_EQ(profiles.uiSelection, 0u);
+    const CB_Action_mng_STR& actions = main_window.CB_Action;
+    EXPECT_EQ(actions.hwnd_CB, GetDlgItem(creation.window, 5));
+    EXPECT_EQ(actions.uiCtlID, 5u);
+    EXPECT_EQ(actions.uiN_items, 3u);
+    EXPECT_EQ(actions.uiSelection, 0u);
 }
 
 TEST(MainWindowCreation, SetsTheConstantsOfTheLayout)

@@ -136,7 +136,9 @@ TEST(MainWindow, TakesTheSelectionOfTheActionListOver)
 
 TEST(MainWindow, AnswersEveryCommandWith0)
 {
-    const scan_tests::Desktop desktop({});
+    scan_tests::Desktop desktop({});
+    int scans = 0;
+    desktop.before_pass = [&](int) { ++scans; }; // with nothing to list there is no second pass
     const scan_tests::ScanDesk desk;
     const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall, FALSE,
                                                                             0);
@@ -151,6 +153,7 @@ TEST(MainWindow, AnswersEveryCommandWith0)
                 << id << " with " << code;
     }
     // Among them were two scans, two loads and Apply.
+    EXPECT_EQ(scans, 2);
     EXPECT_EQ(cancelled.calls(), 2);
     EXPECT_EQ(boxes.boxes().at(0).title, L"info");
     // A drop of nothing, a size, a picture.
@@ -167,6 +170,12 @@ TEST(MainWindow, IgnoresUnknownCommands)
         main.menu_command(static_cast<WORD>(id));
     SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(6, BN_CLICKED),
                  reinterpret_cast<LPARAM>(main.control(1)));
+    for (int id = 3; id <= 9; ++id) {
+        // What is reserved for the menu, but comes from a control or a key.
+        SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(main.control(1)));
+        SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, 1), 0);
+    }
     boxes.expect_no_boxes();
 }
 

@@ -40,11 +40,12 @@ TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
 TEST(MessageLoop, TranslatesAndDispatchesEveryMessage)
 {
     std::vector<std::string> steps;
+    int calls = 0;
     const ImportHook<"GetMessageW", decltype(GetMessageW)> messages(
         "user32.dll", [&](MSG* message, HWND, UINT, UINT) -> BOOL {
             *message = {};
-            message->message = steps.empty() ? WM_KEYDOWN : steps.size() == 2 ? WM_APP + 1 : WM_QUIT;
-            return message->message == WM_QUIT ? 0 : message->message == WM_KEYDOWN ? 1 : 7;
+            message->message = ++calls == 1 ? WM_KEYDOWN : calls == 2 ? WM_APP + 1 : WM_QUIT;
+            return calls == 1 ? 1 : calls == 2 ? 7 : 0;
         });
     const auto step = [&](const char* what, const MSG* message) {
         steps.push_back(what + std::to_string(message->message));

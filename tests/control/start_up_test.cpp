@@ -112,6 +112,22 @@ TEST(StartUp, RegistersTheMainWindowsClass)
     EXPECT_EQ(size_of(seen.hIconSm).cy, 32);
 }
 
+TEST(StartUp, HasOneIconOfEachSize)
+{
+    const struct {
+        WORD id;
+        int size;
+    } icons[] = {{200, 32}, {201, 16}};
+    for (const auto& [id, size] : icons) {
+        // Without a size asked for: as it is in the resources.
+        const auto icon = static_cast<HICON>(
+            LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR));
+        EXPECT_EQ(size_of(icon).cx, size) << id;
+        EXPECT_EQ(size_of(icon).cy, size) << id;
+        DestroyIcon(icon);
+    }
+}
+
 TEST(StartUp, RegistersTheListsClass)
 {
     StartUp start;

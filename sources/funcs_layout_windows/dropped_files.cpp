@@ -13,6 +13,7 @@ namespace
 {
 
 constexpr UINT kDroppedPath_units = 2048;
+constexpr UINT kCountFiles = 0xFFFFFFFF; // the position that asks for the number
 
 // How many bytes from `address` on can be read at once.
 std::size_t readable_bytes(const void* address)
@@ -26,32 +27,40 @@ std::size_t readable_bytes(const void* address)
     return static_cast<std::size_t>(end - static_cast<const std::uint8_t*>(address));
 }
 
-// True when the memory holds a list of dropped files whose first path ends inside it.
-bool holds_dropped_files(const std::uint8_t* bytes)
+// How much of a list of dropped files can be read: nothing, its first path, or all up to its closing zero.
+enum class ReadableList { NOTHING, FIRST_PATH, WHOLE };
+
+ReadableList readable_list(const std::uint8_t* bytes)
 {
     const std::size_t size_bytes = readable_bytes(bytes);
     DROPFILES header{};
     if (size_bytes < sizeof header)
-        return false;
+        return ReadableList::NOTHING;
     std::memcpy(&header, bytes, sizeof header);
     const std::size_t unit_bytes = header.fWide != FALSE ? sizeof(wchar_t) : sizeof(char);
+    ReadableList readable = ReadableList::NOTHING;
+    bool begins_path = true;
     for (std::size_t offset = header.pFiles; offset + unit_bytes <= size_bytes; offset += unit_bytes) {
-        if (bytes[offset] == 0 && bytes[offset + unit_bytes - 1] == 0)
-            return true;
+        const bool is_zero = bytes[offset] == 0 && bytes[offset + unit_bytes - 1] == 0;
+        if (is_zero && begins_path)
+            return ReadableList::WHOLE;
+        if (is_zero)
+            readable = ReadableList::FIRST_PATH;
+        begins_path = is_zero;
     }
-    return false;
+    return readable;
 }
 
 // WM_DROPFILES may come from anywhere, with anything for a handle; the shell's own routine believes what it
 // is given.
-bool is_drop_handle(HDROP hDrop)
+ReadableList look_at_drop(HDROP hDrop)
 {
     const auto* bytes = static_cast<const std::uint8_t*>(GlobalLock(hDrop));
     if (bytes == nullptr)
-        return false;
-    const bool holds = holds_dropped_files(bytes);
+        return ReadableList::NOTHING;
+    const ReadableList readable = readable_list(bytes);
     GlobalUnlock(hDrop);
-    return holds;
+    return readable;
 }
 
 } // namespace
@@ -61,11 +70,15 @@ std::int32_t on_wm_dropfiles(HWND hwnd_MW, HDROP hDrop, LoadedProfiles_STR* p_Lo
 {
     if (hwnd_MW == nullptr || hDrop == nullptr)
         return report(errors_profiles, SITE_DROP_INPUT, hwnd_MW, hDrop);
+    const ReadableList list = look_at_drop(hDrop);
+    // Quirk: the number of files is asked for and not used; a drop loads one profile, however many it brings.
+    [[maybe_unused]] UINT uiN_files = 0;
+    if (list == ReadableList::WHOLE)
+        uiN_files = DragQueryFileW(hDrop, kCountFiles, nullptr, 0);
     auto* path = allocate_block<wchar_t>(kDroppedPath_units * sizeof(wchar_t));
     if (path == nullptr)
         return report(errors_profiles, SITE_DROP_MEMORY);
-    // One profile per drop, however many files were dropped.
-    if (!is_drop_handle(hDrop) || DragQueryFileW(hDrop, 0, path, kDroppedPath_units) == 0) {
+    if (list == ReadableList::NOTHING || DragQueryFileW(hDrop, 0, path, kDroppedPath_units) == 0) {
         release_block(path);
         return report(errors_profiles, SITE_DROP_QUERY);
     }

@@ -17,6 +17,7 @@ inline constexpr std::int32_t kDrop_no_path = -3;
 inline constexpr std::int32_t kDrop_load_failed = -4;
 
 // Runs the Load Profile command on the first of the dropped files; the others are left alone. The drop handle
-// is not released.
+// is not released. A handle whose memory holds no list of files is refused like a path that cannot be
+// queried.
 std::int32_t on_wm_dropfiles(HWND hwnd_MW, HDROP hDrop, LoadedProfiles_STR* p_LoadedProfiles_STR,
                              CB_mng_STR* p_CB_Profile_mng_STR);

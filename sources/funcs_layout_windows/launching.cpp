@@ -4,10 +4,8 @@
 
 #include <algorithm>
 
-#include "sources/funcs_layout_windows/entry_path.h"
 #include "sources/funcs_layout_windows/profiles_errors.h"
 #include "sources/profile_file/profile_file.h"
-#include "sources/win32/memory_block.h"
 
 namespace
 {
@@ -87,18 +85,15 @@ void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path,
 // Starts every entry in order. Entries of other kinds are passed over.
 void start_entries(LaunchState* launch)
 {
-    // Opening a folder lets messages in, so another load may run meanwhile: each has a buffer of its own.
-    auto* buffer = allocate_block<EntryPathBuffer>(sizeof(EntryPathBuffer));
     std::size_t n_records = 0;
     for (EntryCursor cursor(launch->pcFileData); cursor.valid() && !is_abandoned(launch); cursor.next()) {
         const Entry entry = cursor.get();
-        const wchar_t* path = buffer == nullptr ? nullptr : copy_entry_path(entry, buffer).data();
+        const wchar_t* path = copy_entry_path(entry, launch->p_EntryPath).data();
         if (entry.kind == profile_file::kKind_folder)
             open_folder(launch, entry.index, path);
         else if (entry.kind == profile_file::kKind_program)
             start_program(launch, entry, path, n_records++);
     }
-    release_block(buffer);
 }
 
 // Searches for the folders' windows. Sets `detected`; returns 1, or kLaunch_folder_check_failed after a box.

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "sources/funcs_layout_windows/entry_path.h"
 #include "sources/funcs_layout_windows/window_matching.h"
 
 // The working state of one Load Profile command. The arrays are zero-filled blocks with one element per entry
@@ -26,6 +27,7 @@ struct LaunchState {
     wchar_t* ptcBuf;                              // kImagePath_units units for image paths
     STR_InfoLoadedPrg* pc_arr_STRs_InfoLoadedPrg; // launch records, in entry order of the programs
     std::size_t max_launch_records;               // how many there is room for
+    EntryPathBuffer* p_EntryPath;                 // the path that is being started or opened
 };
 
 // Capacity of LaunchState::ptcBuf in UTF-16 units.

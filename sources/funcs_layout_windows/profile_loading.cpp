@@ -89,20 +89,19 @@ std::int32_t read_file(LoadedFile* loaded)
 }
 
 // Refuses a file without windows, and one whose parts run past its end.
-std::int32_t check_contents(LoadedFile* loaded)
+std::int32_t check_contents(const LoadedFile* loaded)
 {
     const std::span<const std::uint8_t> bytes(loaded->bytes, loaded->size_bytes);
     // The signature was found at the end of the file. A file beyond 32-bit sizes, or one that has changed
     // since, has other bytes at the end of what was read, and readers of the name rely on the signature
     // there.
     if (!profile_file::ends_with_signature(bytes))
-        return report(errors_profiles, SITE_LOAD_SIGNATURE);
+        return report(errors_profiles, SITE_LOAD_SIGNATURE_OF_COPY);
     if (bytes.size() >= profile_file::kCount_bytes && profile_file::window_count(bytes) == 0)
         return report(errors_profiles, SITE_LOAD_NO_WINDOWS);
     const profile_file::ExtentFault fault = profile_file::check_extent(bytes);
     if (fault.field == profile_file::Field::NONE)
         return 1;
-    release_block(loaded->bytes);
     return report(errors_profiles, SITE_LOAD_PAST_END, fault.entry, profile_file::name_of_field(fault.field));
 }
 
@@ -141,6 +140,10 @@ std::int32_t allocate_working_arrays(LaunchState* launch, std::uint32_t handle_a
     launch->p_arr1D_ui_failed = allocate_block<std::uint32_t>(n * sizeof(std::uint32_t));
     if (launch->p_arr1D_ui_failed == nullptr)
         return report(errors_profiles, SITE_LOAD_MEMORY_FAILED);
+    // Opening a folder lets messages in, so another load may run meanwhile: each has a copy of its own.
+    launch->p_EntryPath = allocate_block<EntryPathBuffer>(sizeof(EntryPathBuffer));
+    if (launch->p_EntryPath == nullptr)
+        return report(errors_profiles, SITE_LOAD_MEMORY_ENTRY_PATH);
     return 1;
 }
 
@@ -153,6 +156,7 @@ void release_working_arrays(LaunchState* launch)
     release_block(launch->pc_arr1D_hwnd_Programs_only);
     release_block(launch->pc_arr1D_hwnd_Folders_only);
     release_block(launch->p_arr1D_ui_failed);
+    release_block(launch->p_EntryPath);
 }
 
 // Appends the profile to the store and its name to the Profile list. The name of the profile stored last is

@@ -24,6 +24,7 @@ constexpr char kDrop[] = "on_wm_dropfiles";
 constexpr char kReadFile[] = "one of callable functions returned error: error <- ReadFileEx( )";
 constexpr char kCreateFile[] =
     "one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()";
+constexpr char kSignature[] = "invalid type of file, signature doesn't coincide";
 constexpr char kWorkingMemory[] = "error while DynMemAlloc";
 // These begin with a line feed of their own: the reports have an empty line where others of their layout have
 // none.
@@ -85,7 +86,7 @@ constexpr std::array<ErrorSite, PROFILES_ROWS> kSites{{
      .result = 1, .title = "info"},
     {.id = SITE_RESTORE_INPUT, .site = 10472, .handler = 10560, .function = "Restore_Move_Size_wnds_Profile",
      .layout = HANDLER_FIRST,
-     .detail = "error, incorrect input parameters:\n\np_LoadedProfiles_STR = %p",
+     .detail = "error, incorrect input parameters:\np_LoadedProfiles_STR = %p",
      .result = kApply_bad_input},
     {.id = SITE_RESTORE_NO_FILES, .site = 10480, .handler = 10587, .function = "Restore_Move_Size_wnds_Profile",
      .layout = HANDLER_FIRST,
@@ -148,12 +149,13 @@ constexpr std::array<ErrorSite, PROFILES_ROWS> kSites{{
     {.id = SITE_LOAD_READ_SIGNATURE, .site = 5617, .handler = 7161, .function = kLoad,
      .layout = SPACED_GAP, .detail = kReadFile, .result = kLoad_read_failed},
     {.id = SITE_LOAD_SIGNATURE, .site = 5629, .handler = 7183, .function = kLoad,
-     .layout = SPACED_GAP, .detail = "invalid type of file, signature doesn't coincide",
-     .result = kLoad_wrong_signature},
+     .layout = SPACED_GAP, .detail = kSignature, .result = kLoad_wrong_signature},
     {.id = SITE_LOAD_FILE_MEMORY, .site = 5647, .handler = 7205, .function = kLoad,
      .layout = SPACED_GAP, .detail = "error <- DynMemAlloc for file's data", .result = kLoad_no_file_memory},
     {.id = SITE_LOAD_READ_FILE, .site = 5676, .handler = 7161, .function = kLoad,
      .layout = SPACED_GAP, .detail = kReadFile, .result = kLoad_read_failed},
+    {.id = SITE_LOAD_SIGNATURE_OF_COPY, .site = 5689, .handler = 7183, .function = kLoad,
+     .layout = SPACED_GAP, .detail = kSignature, .result = kLoad_wrong_signature},
     {.id = SITE_LOAD_NO_WINDOWS, .site = 5701, .handler = 7272, .function = kLoad,
      .layout = SPACED_GAP, .detail = "error, 0 == number of windows in profile (data read from file)",
      .result = kLoad_no_windows},
@@ -172,6 +174,8 @@ constexpr std::array<ErrorSite, PROFILES_ROWS> kSites{{
     {.id = SITE_LOAD_MEMORY_FOLDERS_COPY, .site = 5812, .handler = 7249, .function = kLoad,
      .layout = SPACED_GAP, .detail = kWorkingMemory, .result = kLoad_no_memory},
     {.id = SITE_LOAD_MEMORY_FAILED, .site = 5843, .handler = 7249, .function = kLoad,
+     .layout = SPACED_GAP, .detail = kWorkingMemory, .result = kLoad_no_memory},
+    {.id = SITE_LOAD_MEMORY_ENTRY_PATH, .site = 5858, .handler = 7249, .function = kLoad,
      .layout = SPACED_GAP, .detail = kWorkingMemory, .result = kLoad_no_memory},
     {.id = SITE_LOAD_ADD_PROFILE, .site = 6987, .handler = 0, .function = kLoad,
      .layout = PLAIN, .detail = "error <- add_profile_data_to_DynMem()", .result = 1},

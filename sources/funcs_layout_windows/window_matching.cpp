@@ -19,9 +19,6 @@ using profile_file::EntryCursor;
 // Units asked for with WM_GETTEXT.
 constexpr std::size_t kTitleLimit_units = 1000;
 
-// One for all: no message comes in between copying a path and comparing it.
-EntryPathBuffer entry_path_buffer;
-
 bool fields_present(const HWNDs_loadedPrgsProfile_STR* record)
 {
     return record->p_hwnd_arr != nullptr && record->ptcBuf != nullptr && record->pcFileData != nullptr &&
@@ -51,8 +48,7 @@ void match_entries(const HWNDs_loadedPrgsProfile_STR* record, HWND hwnd, std::ws
 {
     for (EntryCursor cursor(record->pcFileData); cursor.valid(); cursor.next()) {
         const profile_file::Entry entry = cursor.get();
-        if (entry.kind == profile_file::kKind_folder ||
-            !same_path(copy_entry_path(entry, &entry_path_buffer), image))
+        if (entry.kind == profile_file::kKind_folder || !entry_has_path(entry, image))
             continue;
         HWND& found = record->p_hwnd_arr[entry.index];
         if (found == nullptr || was_started_as(record, process_id, thread_id))
@@ -70,8 +66,7 @@ bool match_folder(HWND hwnd, std::wstring_view path, void* context)
     const auto* match = static_cast<const FolderMatch*>(context);
     for (EntryCursor cursor(match->pcFileData); cursor.valid(); cursor.next()) {
         const profile_file::Entry entry = cursor.get();
-        if (entry.kind != profile_file::kKind_program &&
-            same_path(copy_entry_path(entry, &entry_path_buffer), path))
+        if (entry.kind != profile_file::kKind_program && entry_has_path(entry, path))
             match->p_arr1D_hwnd[entry.index] = hwnd;
     }
     return true;

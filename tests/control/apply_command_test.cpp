@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <utility>
 
 #include "tests/control/profile_desk.h"
+#include "tests/control/recorded_placing.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/waiting.h"
 
@@ -154,12 +156,78 @@ TEST(Apply, AsksWindowsToCloseWithoutWaitingAndTakesTheNameOffTheList)
     EXPECT_EQ(desk.store.uiN_loaded_prfls, 2u);
     programs.wait_for_end(L"willing");
     EXPECT_TRUE(test_support::becomes_true([&] { return FixturePrograms::close_requests(unwilling) == 1; }));
+    EXPECT_EQ(FixturePrograms::awaited_close_requests(unwilling), 0);
     EXPECT_TRUE(IsWindow(unwilling));
 
     // The other profile's windows are still found, by the index that was raised.
     desk.select_profile(0);
     EXPECT_EQ(apply(desk, kRestore), 1);
     EXPECT_EQ(place_once_it_is(later, "70,80 300x200"), "70,80 300x200");
+}
+
+TEST(Apply, ActsOnTheWindowsInTheOrderOfTheirEntries)
+{
+    ProfileDesk desk;
+    const OwnWindow a(L"a");
+    const OwnWindow b(L"b");
+    const OwnWindow c(L"c");
+    const auto profile = [](const std::u16string& name) {
+        return ProfileEncoder()
+            .add_program(1, 2, 301, 201, u"C:\\a.exe")
+            .add_program(3, 4, 302, 202, u"C:\\b.exe")
+            .add_program(5, 6, 0, 203, u"C:\\none.exe")
+            .add_program(7, 8, 304, 204, u"C:\\c.exe")
+            .name(name);
+    };
+    // Neither the order of their creation nor that on the screen.
+    store_profile(desk, {c, a, nullptr, b}, profile(u"first"), L"first");
+    store_profile(desk, {b, c, a, nullptr}, profile(u"second"), L"second");
+    desk.select_profile(0);
+    RecordedPlacing placing({a, b, c});
+    using Calls = std::vector<std::string>;
+    EXPECT_EQ(apply(desk, kMinimize), 1);
+    EXPECT_EQ(std::exchange(placing.calls, {}), (Calls{"show 6 c", "show 6 a", "show 6 0", "show 6 b"}));
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    EXPECT_EQ(std::exchange(placing.calls, {}),
+              (Calls{"show 9 c", "move c 1,2 301x201", "show 9 a", "move a 3,4 302x202", "show 9 b",
+                     "move b 7,8 304x204"}));
+    desk.select_profile(1);
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    EXPECT_EQ(std::exchange(placing.calls, {}),
+              (Calls{"show 9 b", "move b 1,2 301x201", "show 9 c", "move c 3,4 302x202", "show 9 0",
+                     "move 0 7,8 304x204"}));
+    desk.select_profile(0);
+    EXPECT_EQ(apply(desk, kClose), 1);
+    EXPECT_EQ(placing.calls, (Calls{"post 16 c", "post 16 a", "post 16 b"}));
+}
+
+TEST(Apply, TakesTheNameOffTheListAfterTheWindowsWereAsked)
+{
+    ProfileDesk desk;
+    const OwnWindow window(L"window");
+    store_profile(desk, {window}, ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\a.exe").name(u"a"), L"a");
+    std::size_t names_when_asked = 0;
+    const ImportHook<"PostMessageW", decltype(PostMessageW)> post("user32.dll", [&](auto...) {
+        names_when_asked = combo_texts(desk.profile_combo).size();
+        return TRUE;
+    });
+    EXPECT_EQ(apply(desk, kClose), 1);
+    EXPECT_EQ(names_when_asked, 1u);
+    EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
+}
+
+TEST(Apply, IsDoneAlsoWhenRestoringIsRefused)
+{
+    ProfileDesk desk;
+    const OwnWindow window(L"window");
+    store_profile(desk, {window}, ProfileEncoder().add_program(1, 2, 301, 201, u"C:\\a.exe").name(u"a"),
+                  L"a");
+    std::uint8_t* const files = std::exchange(desk.store.pc_raw_FilesProfile, nullptr);
+    BoxWatcher boxes;
+    EXPECT_EQ(apply(desk, kRestore), 1);
+    desk.store.pc_raw_FilesProfile = files;
+    boxes.expect_boxes({{L"error", apply_text(L"Restore_Move_Size_wnds_Profile", 10480, 10587,
+                                              L"\np_LoadedProfiles_STR->pc_raw_FilesProfile")}});
 }
 
 TEST(Apply, ReachesAFolderWindowOfTheProfile)
@@ -281,7 +349,7 @@ TEST(Apply, RestoresNothingFromAMissingStoreOrOneWithoutFiles)
         BoxWatcher boxes;
         EXPECT_EQ(Restore_Move_Size_wnds_Profile(nullptr, 0), -1);
         boxes.expect_boxes({{L"error", apply_text(L"Restore_Move_Size_wnds_Profile", 10472, 10560,
-                                                  L"\np_LoadedProfiles_STR = 0000000000000000")}});
+                                                  L"p_LoadedProfiles_STR = 0000000000000000")}});
     }
     BoxWatcher boxes;
     EXPECT_EQ(Restore_Move_Size_wnds_Profile(&empty, 0), -1);

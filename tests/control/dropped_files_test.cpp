@@ -98,6 +98,40 @@ void expect_refused(ProfileDesk& desk, HDROP handle, std::int32_t result)
     EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
 }
 
+// What is asked about a drop, in order.
+class RecordedQueries
+{
+public:
+    struct Query {
+        UINT position;
+        const wchar_t* buffer;
+        UINT capacity;
+        UINT answer;
+    };
+    std::vector<Query> queries;
+
+private:
+    test_support::ImportHook<"DragQueryFileW", decltype(DragQueryFileW)> hook_{
+        "shell32.dll", [this](HDROP handle, UINT position, LPWSTR buffer, UINT capacity) {
+            const UINT answer = hook_.call_original(handle, position, buffer, capacity);
+            queries.push_back({position, buffer, capacity, answer});
+            return answer;
+        }};
+};
+
+// Files on a page of their own, with no memory behind the list.
+HDROP drop_at_the_end_of_memory(std::uint8_t* page, const std::wstring& list)
+{
+    constexpr std::size_t kPage_bytes = 4096;
+    DWORD before = 0;
+    EXPECT_TRUE(VirtualProtect(page + kPage_bytes, kPage_bytes, PAGE_NOACCESS, &before));
+    const DWORD offset = static_cast<DWORD>(kPage_bytes - list.size() * 2);
+    const DROPFILES header{.pFiles = offset, .pt = {}, .fNC = FALSE, .fWide = TRUE};
+    std::memcpy(page, &header, sizeof header);
+    std::memcpy(page + offset, list.data(), list.size() * 2);
+    return reinterpret_cast<HDROP>(page);
+}
+
 } // namespace
 
 TEST(DroppedFiles, LoadsTheFirstOfThree)
@@ -188,6 +222,67 @@ TEST(DroppedFiles, ReportsThatThereIsNoMemoryForThePath)
     EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
 }
 
+TEST(DroppedFiles, AreCountedBeforeTheFirstIsAskedFor)
+{
+    ProfileDesk desk;
+    const Drop dropped({desk.files.make_folder(L"folder"), L"C:\\b", L"C:\\c"});
+    BoxWatcher boxes;
+    const RecordedBlocks blocks;
+    const RecordedQueries asked;
+    EXPECT_EQ(drop(desk, dropped), -4);
+    ASSERT_EQ(asked.queries.size(), 2u);
+    EXPECT_EQ(asked.queries[0].position, 0xFFFFFFFFu);
+    EXPECT_EQ(asked.queries[0].buffer, nullptr);
+    EXPECT_EQ(asked.queries[0].capacity, 0u);
+    EXPECT_EQ(asked.queries[0].answer, 3u);
+    EXPECT_EQ(asked.queries[1].position, 0u);
+    EXPECT_EQ(asked.queries[1].buffer, blocks.taken.at(0));
+    EXPECT_EQ(asked.queries[1].capacity, 2048u);
+}
+
+TEST(DroppedFiles, AreCountedAlsoWithoutMemoryForThePath)
+{
+    ProfileDesk desk;
+    const Drop dropped({L"C:\\x"});
+    const RecordedBlocks blocks(1);
+    const RecordedQueries asked;
+    BoxWatcher boxes;
+    EXPECT_EQ(drop(desk, dropped), -2);
+    ASSERT_EQ(asked.queries.size(), 1u);
+    EXPECT_EQ(asked.queries[0].position, 0xFFFFFFFFu);
+}
+
+// Counting reads the whole list; one without its closing zero would be read beyond its end.
+TEST(DroppedFiles, AreNotCountedWhenTheirListHasNoEnd)
+{
+    ProfileDesk desk;
+    const NothingStarts starts;
+    const RecordedSleeps sleeps;
+    const std::wstring path = write_profile(desk, L"a.txt", u"A");
+    auto* page = static_cast<std::uint8_t*>(VirtualAlloc(nullptr, 8192, MEM_COMMIT, PAGE_READWRITE));
+    const std::wstring zero(1, L'\0');
+    struct {
+        const char* what;
+        std::wstring list;
+        UINT answer_of_first;
+    } const lists[] = {
+        {"one path, no closing zero", path + zero, static_cast<UINT>(path.size())},
+        {"a second path without end", path + zero + L"C:\\b", static_cast<UINT>(path.size())},
+        {"a whole list", path + zero + zero, 1},
+    };
+    for (const auto& row : lists) {
+        SCOPED_TRACE(row.what);
+        const RecordedQueries asked;
+        BoxWatcher boxes;
+        EXPECT_EQ(drop(desk, drop_at_the_end_of_memory(page, row.list)), 1);
+        ASSERT_GE(asked.queries.size(), 1u);
+        EXPECT_EQ(asked.queries[0].answer, row.answer_of_first);
+        EXPECT_EQ(asked.queries.back().position, 0u);
+    }
+    EXPECT_EQ(desk.store.uiN_loaded_prfls, 3u);
+    VirtualFree(page, 0, MEM_RELEASE);
+}
+
 TEST(DroppedFiles, ReportsAPathThatCannotBeQueried)
 {
     ProfileDesk desk;
@@ -201,7 +296,9 @@ TEST(DroppedFiles, ReportsAPathThatCannotBeQueried)
     }
     // Whatever else was sent for a handle.
     const auto nonsense = reinterpret_cast<HDROP>(std::uintptr_t{0x12345678});
+    const RecordedQueries asked;
     BoxWatcher boxes;
     expect_refused(desk, nonsense, -3);
     boxes.expect_boxes({box});
+    EXPECT_TRUE(asked.queries.empty());
 }

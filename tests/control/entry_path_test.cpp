@@ -133,6 +133,66 @@ TEST(EntryPath, OfAnAbsurdLengthIsNotRead)
     }
 }
 
+// Whether a path in a file, at an odd address and followed by other bytes, is `path`.
+bool has_path(Bytes in_file, std::wstring_view path)
+{
+    const std::size_t path_bytes = in_file.size();
+    in_file.insert(in_file.begin(), 0xEE);
+    in_file.insert(in_file.end(), {'Z', 0, 'Z', 0});
+    return entry_has_path(entry_of(in_file.data() + 1, path_bytes), path);
+}
+
+TEST(EntryHasPath, ComparesItWhereItLiesIgnoringCase)
+{
+    EXPECT_TRUE(has_path(bytes_of(L"C:\\Folder\\\x0416.exe"), L"c:\\folder\\\x0436.EXE"));
+    EXPECT_FALSE(has_path(bytes_of(L"C:\\folder\\a.exe"), L"C:\\folder\\b.exe"));
+    EXPECT_FALSE(has_path(bytes_of(L"C:\\folder"), L"C:\\folde"));
+    EXPECT_FALSE(has_path(bytes_of(L"C:\\folde"), L"C:\\folder"));
+    EXPECT_FALSE(has_path(bytes_of(L"C:\\folder"), L"C:\\folderZ"));
+    EXPECT_FALSE(has_path(bytes_of(L"C:\\folder"), L""));
+    EXPECT_TRUE(has_path(Bytes{}, L""));
+}
+
+TEST(EntryHasPath, TakesALoneLastByteForAUnit)
+{
+    Bytes odd = bytes_of(L"C:\\a");
+    odd.push_back(0x42);
+    EXPECT_TRUE(has_path(odd, L"C:\\aB"));
+    EXPECT_FALSE(has_path(odd, L"C:\\a"));
+    EXPECT_FALSE(has_path(odd, L"C:\\a\x5A42"));
+    odd.back() = 0;
+    EXPECT_TRUE(has_path(odd, L"C:\\a"));
+}
+
+TEST(EntryHasPath, EndsItAtItsFirstZero)
+{
+    const Bytes bytes = bytes_of(std::wstring(L"C:\\a\0b.exe", 10));
+    EXPECT_TRUE(has_path(bytes, L"C:\\a"));
+    EXPECT_FALSE(has_path(bytes, L"C:\\a\\b.exe"));
+    EXPECT_FALSE(has_path(bytes, L"C:\\"));
+    EXPECT_TRUE(has_path(bytes_of(std::wstring(2, L'\0')), L""));
+}
+
+TEST(EntryHasPath, ComparesLongPathsToTheirEnd)
+{
+    const std::wstring longest(32'767, L'x');
+    EXPECT_TRUE(has_path(bytes_of(longest), std::wstring(32'767, L'X')));
+    for (const std::size_t differing : {0u, 259u, 260u, 519u, 520u, 32'766u}) {
+        std::wstring other = longest;
+        other[differing] = L'y';
+        EXPECT_FALSE(has_path(bytes_of(longest), other)) << differing;
+    }
+    // Nothing is opened or started under a longer one, so nothing is found under it either.
+    EXPECT_FALSE(has_path(bytes_of(longest + L'x'), longest + L'x'));
+    EXPECT_FALSE(has_path(bytes_of(L"C:\\a" + std::wstring(40'000, L'\0')), L"C:\\a"));
+}
+
+TEST(EntryHasPath, ReadsNothingOfAnAbsurdLength)
+{
+    for (const std::size_t length : {0x10000ULL, 0x7FFFFFFFULL, 0xFFFFFFFEULL, 0xFFFFFFFFULL})
+        EXPECT_FALSE(entry_has_path(entry_of(nullptr, length), L"x")) << length;
+}
+
 TEST(SamePath, IgnoresCaseOfAllAlphabets)
 {
     EXPECT_TRUE(same_path(L"C:\\Program Files\\A.exe", L"c:\\PROGRAM files\\a.EXE"));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/control/profile_desk.h"
+#include "tests/control/recorded_placing.h"
 #include "tests/support/fixture_programs.h"
 
 // The order in which a load places its windows, and which window it restores.
@@ -16,43 +17,6 @@ using test_support::FixturePrograms;
 using test_support::ImportHook;
 using test_support::ProfileEncoder;
 using test_support::units_of;
-
-// Calls of this thread that place windows, in order, as text: "restore <window>", "move <window> x,y wxh".
-// Windows are named by their position in `known`, "0" for none and "?" for others.
-class RecordedPlacing
-{
-public:
-    explicit RecordedPlacing(std::vector<HWND> known) : known_(std::move(known)) {}
-    std::vector<std::string> calls;
-
-private:
-    std::string name(HWND window) const
-    {
-        for (std::size_t i = 0; i < known_.size(); ++i)
-            if (known_[i] == window)
-                return std::string(1, static_cast<char>('a' + i));
-        return window ? "?" : "0";
-    }
-
-    std::vector<HWND> known_;
-    ImportHook<"ShowWindow", decltype(ShowWindow)> show_{
-        "user32.dll", [this](HWND window, int command) {
-            calls.push_back("show " + std::to_string(command) + " " + name(window));
-            return TRUE;
-        }};
-    ImportHook<"SetForegroundWindow", decltype(SetForegroundWindow)> front_{
-        "user32.dll", [this](HWND window) {
-            calls.push_back("front " + name(window));
-            return TRUE;
-        }};
-    ImportHook<"MoveWindow", decltype(MoveWindow)> move_{
-        "user32.dll", [this](HWND window, int x, int y, int width, int height, BOOL repaint) {
-            calls.push_back("move " + name(window) + " " + std::to_string(x) + "," + std::to_string(y) + " " +
-                            std::to_string(width) + "x" + std::to_string(height) +
-                            (repaint ? "" : " silently"));
-            return TRUE;
-        }};
-};
 
 } // namespace
 
@@ -101,4 +65,62 @@ TEST(Launching, RestoresNoWindowForAMinimisedFolderOfAProfileWithoutPrograms)
     BoxWatcher boxes;
     EXPECT_EQ(desk.load(ProfileEncoder().add_folder(1, 2, 301, 201, u"C:\\windows").name(u"F").bytes()), 1);
     EXPECT_EQ(placing.calls, (std::vector<std::string>{"show 9 0", "front a", "move a 1,2 301x201"}));
+}
+
+TEST(Launching, MinimisesAFolderSavedWithoutAWidthOrAHeight)
+{
+    ProfileDesk desk;
+    RecordedFolderStarts starts;
+    const OwnWindow no_width(L"no width");
+    const OwnWindow no_height(L"no height");
+    const OwnWindow neither(L"neither");
+    const std::string unmoved = place_of(neither);
+    desk.folders.add(no_width, L"C:\\windows").add(no_height, L"C:\\windows\\system32").add(neither, L"C:\\");
+    EXPECT_EQ(desk.load(ProfileEncoder()
+                            .add_folder(1, 2, 0, 201, u"C:\\windows")
+                            .add_folder(3, 4, 302, 0, u"C:\\windows\\system32")
+                            .add_folder(5, 6, 0, 0, u"C:\\")
+                            .name(u"F")
+                            .bytes()),
+              1);
+    for (const HWND window : {no_width.get(), no_height.get(), neither.get()}) {
+        EXPECT_TRUE(IsIconic(window));
+        ShowWindow(window, SW_RESTORE);
+        EXPECT_EQ(place_of(window), unmoved);
+    }
+}
+
+// The calls are made without a window; the system refuses them.
+TEST(Launching, PlacesWindowsThatWereNotFoundAsNone)
+{
+    ProfileDesk desk;
+    RecordedFolderStarts starts;
+    starts.failing = {L"C:\\gone", L"C:\\gone too"};
+    FixturePrograms programs;
+    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    desk.folders.add(minimised, L"C:\\windows");
+    const std::u16string there_path = units_of(programs.add(L"there"));
+    const HWND there = programs.start(L"there");
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> start(
+        "kernel32.dll", [](LPCWSTR path, auto...) { return wcsstr(path, L"there") != nullptr; });
+    const RecordedPlacing placing({there, minimised});
+    BoxWatcher boxes;
+    EXPECT_EQ(desk.load(ProfileEncoder()
+                            .add_folder(1, 2, 301, 201, u"C:\\gone")
+                            .add_program(3, 4, 302, 202, there_path)
+                            .add_program(5, 6, 303, 0, u"C:\\gone.exe")
+                            .add_folder(7, 8, 304, 204, u"C:\\windows")
+                            .add_folder(9, 10, 0, 205, u"C:\\gone too")
+                            .add_program(11, 12, 306, 206, u"C:\\gone too.exe")
+                            .name(u"Some")
+                            .bytes()),
+              1);
+    EXPECT_EQ(boxes.count(), 2u);
+    // The last program has no window, so none is restored for the folder.
+    EXPECT_EQ(placing.calls,
+              (std::vector<std::string>{"move a 3,4 302x202", "show 6 0", "move 0 11,12 306x206",
+                                        "move 0 1,2 301x201", "show 9 0", "front b", "move b 7,8 304x204",
+                                        "show 6 0"}));
+    for (const std::uint32_t entry : {0u, 2u, 4u, 5u})
+        EXPECT_EQ(desk.stored_handle(0, entry), nullptr);
 }

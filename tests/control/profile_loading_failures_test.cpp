@@ -4,6 +4,7 @@
 
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "tests/control/profile_desk.h"
 #include "tests/control/recorded_blocks.h"
@@ -55,7 +56,7 @@ bool is_still_open(const std::wstring& path)
     return false;
 }
 
-// Loads that go wrong, each of a good file, with a name in the list before.
+// Loads that go wrong, each of a good file unless another is given, with a name in the list before.
 class RefusedLoads
 {
 public:
@@ -66,10 +67,10 @@ public:
     }
 
     // Every load has a file of its own, as a refused one may stay open.
-    void new_file()
+    void new_file(const Bytes& bytes = two_programs())
     {
         path_ = desk_.files.file(L"file " + std::to_wstring(++files_made_) + L".txt");
-        test_support::write_file(path_, two_programs());
+        test_support::write_file(path_, bytes);
     }
     std::int32_t load() { return desk_.load_path(path_); }
 
@@ -128,6 +129,7 @@ TEST(ProfileLoading, ReportsMemoryThatIsNotThere)
         {6, -9, load_box(5797, 7249, kNoMemory), false},
         {7, -9, load_box(5812, 7249, kNoMemory), false},
         {8, -9, load_box(5843, 7249, kNoMemory), false},
+        {9, -9, load_box(5858, 7249, kNoMemory), false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.call);
@@ -161,12 +163,54 @@ TEST(ProfileLoading, RefusesAFileWhoseEndHasChangedSinceItsSignatureWasRead)
         const RecordedBlocks blocks;
         BoxWatcher boxes;
         EXPECT_EQ(loads.load(), -6);
-        boxes.expect_boxes({load_box(5629, 7183, kWrongSignature)});
+        boxes.expect_boxes({load_box(5689, 7183, kWrongSignature)});
         EXPECT_EQ(reads, 2);
         EXPECT_EQ(blocks.taken.size(), 1u);
         EXPECT_EQ(blocks.given_back.size(), 0u);
         loads.expect_nothing_but_the_box(false);
     }
+}
+
+// One rule for all that is refused: what was taken is kept.
+TEST(ProfileLoading, KeepsTheCopyOfAFileWhoseContentsAreRefused)
+{
+    RefusedLoads loads;
+    const ProfileEncoder whole = ProfileEncoder().add_program(1, 2, 300, 200, u"C:\\a.exe").name(u"N");
+    const std::pair<Bytes, std::int32_t> files[] = {
+        {ProfileEncoder(whole).declare_count(0).bytes(), -10},
+        {ProfileEncoder(whole).declare_count(9).bytes(), -11},
+        {ProfileEncoder(whole).declare_path_length(0, 999).bytes(), -11},
+    };
+    for (const auto& [bytes, result] : files) {
+        SCOPED_TRACE(result);
+        loads.new_file(bytes);
+        const RecordedBlocks blocks;
+        BoxWatcher boxes;
+        EXPECT_EQ(loads.load(), result);
+        EXPECT_EQ(boxes.count(), 1u);
+        ASSERT_EQ(blocks.taken.size(), 1u);
+        EXPECT_EQ(blocks.given_back.size(), 0u);
+        EXPECT_EQ(std::memcmp(blocks.taken.front(), bytes.data(), bytes.size()), 0);
+        loads.expect_nothing_but_the_box(false);
+    }
+}
+
+TEST(ProfileLoading, DoesNotAskWhetherItCameBackToTheBeginningOfTheFile)
+{
+    ProfileDesk desk;
+    const NothingStarts starts;
+    const RecordedSleeps sleeps;
+    int seeks = 0;
+    const ImportHook<"SetFilePointer", decltype(SetFilePointer)> seek(
+        "kernel32.dll", [&](HANDLE file, LONG distance, PLONG high, DWORD from) {
+            const DWORD place = seek.call_original(file, distance, high, from);
+            return ++seeks == 2 ? INVALID_SET_FILE_POINTER : place;
+        });
+    BoxWatcher boxes;
+    EXPECT_EQ(desk.load(two_programs()), 1);
+    EXPECT_EQ(seeks, 2);
+    EXPECT_EQ(starts.count(), 2);
+    EXPECT_EQ(desk.stored_file(0), two_programs());
 }
 
 TEST(ProfileLoading, TakesTheLowHalfOfTheSizeOnly)
@@ -188,7 +232,7 @@ TEST(ProfileLoading, TakesTheLowHalfOfTheSizeOnly)
          TRUE,
          {.u = {size - 5, 1}},
          -6,
-         load_box(5629, 7183, kWrongSignature),
+         load_box(5689, 7183, kWrongSignature),
          {3, size - 5}},
     };
     for (const auto& row : rows) {

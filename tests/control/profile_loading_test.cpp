@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <memory>
 #include <utility>
 
 #include "tests/control/profile_desk.h"
@@ -114,6 +115,7 @@ TEST(ProfileLoading, RefusesEveryBadFileWithItsBoxAndStartsNothing)
         BoxWatcher boxes;
         EXPECT_EQ(desk.load(bad.bytes), bad.result);
         boxes.expect_boxes({bad.box});
+        EXPECT_EQ(boxes.boxes().at(0).owner, nullptr);
         EXPECT_EQ(starts.count(), 0);
         EXPECT_EQ(desk.store.uiN_loaded_prfls, 0u);
         EXPECT_EQ(desk.profiles.uiN_strs, 0u);
@@ -271,10 +273,8 @@ TEST(ProfileLoading, TakesItsWorkingMemoryInOneOrderAndGivesItBack)
     releases = &release;
     EXPECT_EQ(desk.load(file), 1);
     EXPECT_EQ(live, 0);
-    // What comes after the first eight is the launching's own.
-    ASSERT_GE(sizes.size(), 8u);
-    sizes.resize(8);
-    EXPECT_EQ(sizes, (std::vector<SIZE_T>{file.size(), 24, 4096, 134'217'728, 24, 24, 24, 12}));
+    // The last one holds a path of 32767 units and its terminator.
+    EXPECT_EQ(sizes, (std::vector<SIZE_T>{file.size(), 24, 4096, 134'217'728, 24, 24, 24, 12, 65'536}));
 }
 
 TEST(ProfileLoading, StoresTheSameFileTwiceWhenItIsLoadedTwice)
@@ -318,6 +318,38 @@ TEST(ProfileLoading, AddsTheLastStoredNameOnceMoreWhenTheStoreIsFull)
     EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[1], 0u);
 }
 
+TEST(ProfileLoading, AddsTheNameOfThe1024thProfileOnceMoreInsteadOfThe1025th)
+{
+    ProfileDesk desk;
+    RecordedFolderStarts starts;
+    const OwnWindow folder(L"stand-in folder");
+    desk.folders.add(folder, L"C:\\windows");
+    const auto profile = [](const std::u16string& name) {
+        return ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(name).bytes();
+    };
+    const HWND handle = folder;
+    const Bytes other = profile(u"Other");
+    for (int i = 0; i < 1023; ++i)
+        ASSERT_EQ(add_profile_data_to_DynMem(&desk.store, &handle, &handle,
+                                             static_cast<std::uint32_t>(other.size()), other.data(), 1, 0),
+                  1);
+    ASSERT_EQ(desk.load(profile(u"The 1024th")), 1);
+    const auto before = std::make_unique<LoadedProfiles_STR>(desk.store);
+
+    BoxWatcher boxes;
+    EXPECT_EQ(desk.load(profile(u"One more")), 1);
+    boxes.expect_boxes(
+        {{L"error",
+          handler_first_text({L"sources/funcs_layout_windows", L"add_profile_data_to_DynMem", 4845, 5266},
+                             L"\n\nerror, exceed amount of loaded Profiles, max = 1024, already loaded = "
+                             L"1024\nProfile will not be added\n")}});
+    EXPECT_EQ(starts.starts.size(), 2u);
+    EXPECT_EQ(std::memcmp(before.get(), &desk.store, sizeof desk.store), 0);
+    EXPECT_EQ(combo_texts(desk.profile_combo), (std::vector<std::wstring>{L"The 1024th", L"The 1024th"}));
+    EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[0], 1023u);
+    EXPECT_EQ(desk.profiles.arr1D_ui_index_profile[1], 1023u);
+}
+
 TEST(ProfileLoading, AddsNoNameWhenTheVeryFirstProfileIsRefused)
 {
     ProfileDesk desk;
@@ -351,6 +383,7 @@ TEST(ProfileLoading, StartsTheProfileEvenWhenTheStoreWasNeverSetUp)
                                  pointer(desk.store.pc_hwnds_wnds_of_prfl) +
                                  L", pc_raw_FilesProfile = 0000000000000000")},
          {L"error", L"error <- add_profile_data_to_DynMem()"}});
+    EXPECT_EQ(boxes.boxes().at(1).owner, nullptr);
     EXPECT_EQ(starts.starts.size(), 1u);
     EXPECT_TRUE(combo_texts(desk.profile_combo).empty());
     desk.store.pc_raw_FilesProfile = area;

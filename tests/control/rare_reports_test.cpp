@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -199,6 +200,7 @@ TEST(RareReports, LoadTellsThatTheStoreHasNoNameToShow)
                                        L"error, incorrect input parameters:\np_CB_mng_STR = " +
                                            pointer(&desk.profiles) + L", p_tc_sz_name = 0000000000000000")},
          {L"error", L"error <- CB_Profile_add_string()"}});
+    EXPECT_EQ(boxes.boxes().at(3).owner, nullptr);
     EXPECT_EQ(desk.profiles.uiN_strs, 0u);
 }
 
@@ -221,6 +223,8 @@ TEST(RareReports, LaunchGoesOnWhenTheProgramsCannotBeSearchedFor)
     launch.p_arr1D_ui_failed = failed;
     launch.pc_arr_STRs_InfoLoadedPrg = started; // but no buffer for image paths
     launch.max_launch_records = 1;
+    const auto path = std::make_unique<EntryPathBuffer>();
+    launch.p_EntryPath = path.get();
     const BoxWatcher boxes;
     EXPECT_EQ(launch_profile(&launch), 1);
     boxes.expect_boxes(

@@ -102,6 +102,7 @@ TEST_F(Apply, CloseAsksAWindowOnceAndForgetsItsName)
     wendlow_.apply(L"Close");
     EXPECT_EQ(profiles(), Texts{});
     EXPECT_TRUE(becomes_true([&] { return FixturePrograms::close_requests(window) == 1; }));
+    EXPECT_EQ(FixturePrograms::awaited_close_requests(window), 0);
     EXPECT_TRUE(IsWindow(window));
 }
 

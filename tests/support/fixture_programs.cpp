@@ -170,6 +170,12 @@ int FixturePrograms::close_requests(HWND window)
     return static_cast<int>(reinterpret_cast<INT_PTR>(GetPropW(window, L"WendlowFixtureCloseRequests")));
 }
 
+int FixturePrograms::awaited_close_requests(HWND window)
+{
+    return static_cast<int>(
+        reinterpret_cast<INT_PTR>(GetPropW(window, L"WendlowFixtureAwaitedCloseRequests")));
+}
+
 std::vector<DWORD> FixturePrograms::processes_of(const std::wstring& name) const
 {
     return processes_below(path_of(name));

@@ -92,6 +92,8 @@ public:
 
     // How often the window was asked to close; the count goes with the window.
     static int close_requests(HWND window);
+    // How many of these were sent, so that the sender waited for the answer, and not posted.
+    static int awaited_close_requests(HWND window);
 
     std::vector<DWORD> processes_of(const std::wstring& name) const;
     bool is_running(const std::wstring& name) const { return !processes_of(name).empty(); }

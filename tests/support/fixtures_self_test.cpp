@@ -145,6 +145,10 @@ TEST(FixturePrograms, CanRefuseToClose)
     PostMessageW(willing, WM_CLOSE, 0, 0);
     fixtures.wait_for_end(L"willing");
     wait_until([&] { return FixturePrograms::close_requests(stubborn) == 2; }, kShortWait, "two requests");
+    EXPECT_EQ(FixturePrograms::awaited_close_requests(stubborn), 0);
+    SendMessageW(stubborn, WM_CLOSE, 0, 0);
+    EXPECT_EQ(FixturePrograms::close_requests(stubborn), 3);
+    EXPECT_EQ(FixturePrograms::awaited_close_requests(stubborn), 1);
     EXPECT_TRUE(IsWindow(stubborn));
 }
 

@@ -25,7 +25,7 @@ constexpr std::array<std::uint8_t, 3> kSignature{0x00, 0x07, 0x0C};
 
 Refusal past_end(std::uint64_t entry, const std::wstring& field)
 {
-    return {-11, past_end_box(entry, field), false, false};
+    return {-11, past_end_box(entry, field), false, true};
 }
 
 std::uint32_t number_at(const Bytes& file, std::size_t offset)

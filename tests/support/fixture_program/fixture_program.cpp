@@ -137,11 +137,18 @@ void take_place_from(const STARTUPINFOW& startup)
         Sleep(INFINITE);
 }
 
+void count_up(HWND window, const wchar_t* name)
+{
+    const auto count = reinterpret_cast<std::size_t>(GetPropW(window, name));
+    SetPropW(window, name, reinterpret_cast<HANDLE>(count + 1));
+}
+
+// Who waits for the total finds the other count complete.
 void note_close_request(HWND window)
 {
-    constexpr wchar_t name[] = L"WendlowFixtureCloseRequests";
-    const auto requests = reinterpret_cast<std::size_t>(GetPropW(window, name));
-    SetPropW(window, name, reinterpret_cast<HANDLE>(requests + 1));
+    if (InSendMessage())
+        count_up(window, L"WendlowFixtureAwaitedCloseRequests");
+    count_up(window, L"WendlowFixtureCloseRequests");
 }
 
 LRESULT CALLBACK window_procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "tests/control/profile_desk.h"
@@ -257,6 +258,8 @@ TEST(ProfileCombo, RaisesTheIndexesBehindADeletedName)
         const wchar_t* names[] = {L"a", L"b", L"c"};
         for (std::uint32_t i = 0; i < 3; ++i)
             CB_Profile_add_string(&desk.profiles, names[i], 10 + i);
+        for (std::size_t i = 3; i < 32; ++i)
+            desk.profiles.arr1D_ui_index_profile[i] = 99;
         desk.select_profile(row.position);
         BoxWatcher boxes;
         EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 1);
@@ -265,6 +268,7 @@ TEST(ProfileCombo, RaisesTheIndexesBehindADeletedName)
         EXPECT_EQ(desk.profiles.uiN_strs, 2u);
         const auto& indexes = desk.profiles.arr1D_ui_index_profile;
         EXPECT_EQ(std::vector<std::uint32_t>(indexes.begin(), indexes.begin() + 3), row.indexes);
+        EXPECT_EQ(std::count(indexes.begin() + 2, indexes.end(), 0u), 30);
         // The pointers are not moved: only the deleted position's is cleared.
         for (int i = 0; i < 3; ++i)
             EXPECT_EQ(desk.profiles.arr1D_p_names[static_cast<std::size_t>(i)] == nullptr, i == row.position);
@@ -296,6 +300,29 @@ TEST(ProfileCombo, DeletesNothingWithoutASelectionOrWithoutNames)
     boxes.expect_boxes({{L"error", kNoSelection}});
     EXPECT_EQ(desk.profiles.uiN_strs, 1u);
     EXPECT_EQ(combo_texts(desk.profile_combo), Texts{L"a"});
+}
+
+TEST(ProfileCombo, DeletesNothingBeyondThePositionAfterItsNames)
+{
+    ProfileDesk desk;
+    CB_Profile_add_string(&desk.profiles, L"a", 4);
+    for (const wchar_t* name : {L"not the program's", L"nor this"})
+        SendMessageW(desk.profile_combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
+    desk.select_profile(2);
+    {
+        const CB_mng_STR before = desk.profiles;
+        BoxWatcher boxes;
+        EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 2);
+        boxes.expect_boxes({{L"error", kNoSelection}});
+        EXPECT_EQ(std::memcmp(&before, &desk.profiles, sizeof(before)), 0);
+    }
+    // That position itself is taken for one of the names.
+    desk.select_profile(1);
+    BoxWatcher boxes;
+    EXPECT_EQ(CB_Profile_del_string(&desk.profiles), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(combo_texts(desk.profile_combo), (Texts{L"a", L"nor this"}));
+    EXPECT_EQ(desk.profiles.uiN_strs, 0u);
 }
 
 TEST(ProfileCombo, ReportsANameThatTheListDoesNotDelete)

@@ -110,3 +110,32 @@ TEST(Launching, StartsProgramsWhosePathsAreNotTerminatedByTheirDeclaredLength)
     EXPECT_EQ(desk.stored_handle(0, 1), programs.wait_for_window(L"second"));
     EXPECT_EQ(place_once_it_is(desk.stored_handle(0, 1), "30,40 310x210"), "30,40 310x210");
 }
+
+TEST(Launching, KeepsAFolderThatWasFoundInAnEarlierPass)
+{
+    ProfileDesk desk;
+    RecordedFolderStarts starts;
+    const RecordedSleeps sleeps;
+    const OwnWindow first(L"first");
+    const OwnWindow second(L"second");
+    test_support::FolderWindow early;
+    early.window = first;
+    early.path = L"C:\\windows";
+    early.last_pass = 1;
+    test_support::FolderWindow late;
+    late.window = second;
+    late.path = L"C:\\windows\\system32";
+    late.first_pass = 2;
+    desk.folders.add(early).add(late);
+    BoxWatcher boxes;
+    EXPECT_EQ(desk.load(ProfileEncoder()
+                            .add_folder(0, 0, 300, 200, u"C:\\windows")
+                            .add_folder(5, 6, 300, 200, u"C:\\windows\\system32")
+                            .name(u"F")
+                            .bytes()),
+              1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(sleeps.pauses, std::vector<DWORD>{1000});
+    EXPECT_EQ(desk.stored_handle(0, 0), first.get());
+    EXPECT_EQ(desk.stored_handle(0, 1), second.get());
+}

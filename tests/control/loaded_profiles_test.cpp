@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 
 #include "tests/control/profile_desk.h"
 
@@ -13,7 +15,6 @@ using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::Bytes;
 using test_support::ExpectedBox;
-using test_support::FailingImport;
 using test_support::ProfileEncoder;
 
 constexpr wchar_t kHandlesFull[] =
@@ -82,55 +83,48 @@ Bytes small_profile(const std::u16string& name = u"A")
 
 } // namespace
 
-TEST(LoadedProfiles, AreSetUpWithTheirCapacitiesAndZeroedAreas)
+TEST(LoadedProfiles, ClearTheirOffsetsBeforeTheFirstOneComes)
 {
     Store store;
-    EXPECT_EQ(store.record.uiN_loaded_prfls, 0u);
-    EXPECT_EQ(store.record.uiMax_num_loaded_prfls, 1024u);
-    EXPECT_EQ(store.record.uiSize_DynMem_hwnds_wnds_prfl, 4'194'304u);
-    EXPECT_EQ(store.record.uiSize_DynMem_files, 33'554'432u);
-    EXPECT_EQ(store.record.pc_hwnds_wnds_of_prfl[4'194'303], 0);
-    EXPECT_EQ(store.record.pc_raw_FilesProfile[33'554'431], 0);
+    LoadedProfiles_STR& record = store.record;
+    const auto offsets = {&record.arr1D_ui_off_hwnds_beg, &record.arr1D_ui_off_hwnds_end,
+                          &record.arr1D_ui_off_file_beg, &record.arr1D_ui_off_file_end};
+    for (PerProfile* offset : offsets)
+        offset->fill(77);
+    const Bytes file = small_profile();
+    ASSERT_EQ(store.add(file, 0, 1), 1);
+    EXPECT_EQ(record.arr1D_ui_off_hwnds_beg[0], 0u);
+    EXPECT_EQ(record.arr1D_ui_off_hwnds_end[0], 7u);
+    EXPECT_EQ(record.arr1D_ui_off_file_beg[0], 0u);
+    EXPECT_EQ(record.arr1D_ui_off_file_end[0], file.size() - 1);
+    for (const PerProfile* offset : offsets)
+        EXPECT_EQ(std::count(offset->begin() + 1, offset->end(), 0u), 1023);
+    // Only before the first one.
+    record.arr1D_ui_off_file_end[9] = 77;
+    ASSERT_EQ(store.add(file, 0, 1), 1);
+    EXPECT_EQ(record.arr1D_ui_off_file_end[9], 77u);
 }
 
-TEST(LoadedProfiles, RefuseANullStore)
+TEST(LoadedProfiles, LeaveTheSlotOfAnotherKindAndThoseBehindTheirOwnAsTheyAre)
 {
-    const std::wstring detail =
-        L"error, incorrect input parameters:\n\nptr_LoadedProfiles_STR = " + pointer(nullptr);
-    {
-        BoxWatcher boxes;
-        EXPECT_EQ(preInitOnce_onLoadProfile(nullptr), -1);
-        boxes.expect_boxes({store_box(L"preInitOnce_onLoadProfile", 4505, 4588, detail)});
-    }
-    BoxWatcher boxes;
-    EXPECT_EQ(finishWork_onLoadProfile(nullptr), -1);
-    boxes.expect_boxes({store_box(L"finishWork_onLoadProfile", 4666, 4714, detail)});
-}
-
-TEST(LoadedProfiles, ReportAnAreaThatCannotBeAllocatedAndKeepTheOneBefore)
-{
-    for (const int call : {1, 2}) {
-        LoadedProfiles_STR record{};
-        {
-            const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", call, nullptr,
-                                                                              ERROR_NOT_ENOUGH_MEMORY);
-            BoxWatcher boxes;
-            EXPECT_EQ(preInitOnce_onLoadProfile(&record), -2);
-            boxes.expect_boxes({store_box(L"preInitOnce_onLoadProfile", call == 1 ? 4539 : 4557, 4613,
-                                          L"\nerror <- VirtualAlloc()")});
-        }
-        EXPECT_EQ(record.pc_hwnds_wnds_of_prfl != nullptr, call == 2);
-        EXPECT_EQ(record.pc_raw_FilesProfile, nullptr);
-        finishWork_onLoadProfile(&record);
-    }
-}
-
-TEST(LoadedProfiles, MayBeFinishedWithoutHavingBeenSetUp)
-{
-    LoadedProfiles_STR never{};
-    BoxWatcher boxes;
-    EXPECT_EQ(finishWork_onLoadProfile(&never), 1);
-    boxes.expect_no_boxes();
+    Store store;
+    // The left edge of the first, which stands behind the kind flags, looks like a program's.
+    const Bytes file = ProfileEncoder()
+                           .add({.flag = 7, .x = 1, .path = u"C:\\o"})
+                           .add_program(0, 0, 1, 1, u"C:\\p.exe")
+                           .name(u"N")
+                           .bytes();
+    const HWND kept = handle(0x7777);
+    for (const std::size_t slot : {0u, 1u, 2u})
+        std::memcpy(store.record.pc_hwnds_wnds_of_prfl + slot * 8, &kept, sizeof kept);
+    const HWND programs[] = {handle(0x1000), handle(0x1001), handle(0x1002)};
+    const HWND folders[] = {handle(0x2000), handle(0x2001), handle(0x2002)};
+    ASSERT_EQ(add_profile_data_to_DynMem(&store.record, programs, folders,
+                                         static_cast<std::uint32_t>(file.size()), file.data(), 0, 2),
+              1);
+    EXPECT_EQ(store.stored(0), kept);
+    EXPECT_EQ(store.stored(1), handle(0x1001));
+    EXPECT_EQ(store.stored(2), kept);
 }
 
 TEST(LoadedProfiles, StandBehindEachOtherWithoutGaps)

@@ -150,6 +150,14 @@ TEST(FolderCheck, AsksForAWindowOfEveryFolderThatOpened)
     }
 }
 
+TEST(FolderCheck, LooksAtNothingBehindTheLastEntry)
+{
+    // The left edge, which stands behind the kind flags, looks like a folder's.
+    const Bytes file = ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\a.exe").name(u"x").bytes();
+    const HWND found[2] = {};
+    EXPECT_EQ(check_folders_loaded(file.data(), found, 1, nullptr, 0, 0), 1);
+}
+
 TEST(FolderCheck, RefusesMissingArguments)
 {
     const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\a").name(u"x").bytes();

@@ -35,8 +35,8 @@ std::wstring upper_case(std::wstring text)
 // The matcher's record for a profile, with one launch record that belongs to nobody.
 struct Matcher {
     explicit Matcher(const ProfileEncoder& profile)
-        : file(profile.bytes()), found(file[0]),
-          buffer(2048), record{found.data(), buffer.data(), 2048, 4096, file.data(), &started, 1}
+        : file(profile.bytes()), found(file[0]), buffer(2048, L'#'), // of an earlier window
+          record{found.data(), buffer.data(), 2048, 4096, file.data(), &started, 1}
     {
     }
     Matcher(const Matcher&) = delete;
@@ -253,6 +253,53 @@ TEST(ProgramMatching, CopiesTheWindowsOfProgramEntriesOnly)
     EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 2, programs.data()), 1);
     EXPECT_EQ(programs, (std::vector<HWND>{window, nullptr}));
     EXPECT_EQ(matcher.found[1], window.get());
+}
+
+TEST(ProgramMatching, CopiesNothingBehindTheLastEntry)
+{
+    // The left edge, which stands behind the kind flags, looks like a program's.
+    Matcher matcher(ProfileEncoder().add_program(1, 0, 9, 9, u"C:\\x.exe").name(u"x"));
+    const auto kept = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
+    const auto other = reinterpret_cast<HWND>(std::uintptr_t{0x5678});
+    matcher.found = {nullptr, other};
+    matcher.record.p_hwnd_arr = matcher.found.data();
+    HWND programs[] = {kept, kept};
+    const FailingImport<"EnumWindows", decltype(EnumWindows)> nothing("user32.dll", kEveryCall, TRUE, 0);
+    EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 1, programs), 1);
+    EXPECT_EQ(programs[0], nullptr);
+    EXPECT_EQ(programs[1], kept);
+}
+
+TEST(ProgramMatching, KeepsWhatItFoundAlsoWhenLaterPassesBreakOff)
+{
+    Matcher matcher(one_entry(own_image()));
+    std::vector<HWND> programs(1);
+    const OwnWindow window(L"mine");
+    EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 1, programs.data()), 1);
+    EXPECT_EQ(programs.front(), window.get());
+    ShowWindow(window, SW_HIDE);
+    programs.front() = nullptr;
+    const FailingImport<"EnumWindows", decltype(EnumWindows)> fails("user32.dll", kEveryCall, FALSE,
+                                                                    ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 1, programs.data()), 1);
+    EXPECT_EQ(fails.calls(), 1);
+    EXPECT_EQ(programs.front(), window.get());
+}
+
+TEST(ProgramMatching, AsksForTitlesOfAThousandUnits)
+{
+    const OwnWindow window(L"mine");
+    Matcher matcher(one_entry(own_image()));
+    std::vector<WPARAM> capacities;
+    const ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> ask(
+        "user32.dll",
+        [&](HWND asked, UINT message, WPARAM wide, LPARAM narrow, UINT flags, UINT time, PDWORD_PTR answer) {
+            if (message == WM_GETTEXT)
+                capacities.push_back(wide);
+            return ask.call_original(asked, message, wide, narrow, flags, time, answer);
+        });
+    EXPECT_EQ(matcher.ask(window), TRUE);
+    EXPECT_EQ(capacities, std::vector<WPARAM>{1000});
 }
 
 TEST(ProgramMatching, RefusesMissingArgumentsAndFields)

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
+#include <vector>
 
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
@@ -264,6 +266,33 @@ TEST(Drawing, DrawsAMiniatureWindow)
     EXPECT_EQ(canvas.at(65, 15), kBlack);
     EXPECT_EQ(canvas.at(85, 20), kBlue); // the other two are hollow
     EXPECT_EQ(canvas.at(70, 20), kBlue);
+}
+
+TEST(Drawing, MakesAMiniatureOfFiveRectangles)
+{
+    const Canvas canvas(120, 100);
+    std::vector<std::string> drawn;
+    const ImportHook<"Rectangle", decltype(Rectangle)> rectangle(
+        "gdi32.dll", [&](HDC dc, int left, int top, int right, int bottom) {
+            LOGPEN pen{};
+            GetObjectW(GetCurrentObject(dc, OBJ_PEN), sizeof pen, &pen);
+            EXPECT_EQ(pen.lopnStyle, static_cast<UINT>(PS_SOLID));
+            EXPECT_EQ(pen.lopnWidth.x, 1);
+            EXPECT_EQ(pen.lopnColor, kBlack);
+            EXPECT_EQ(GetBkMode(dc), TRANSPARENT);
+            LOGBRUSH brush{};
+            GetObjectW(GetCurrentObject(dc, OBJ_BRUSH), sizeof brush, &brush);
+            char text[80];
+            snprintf(text, sizeof text, "%d,%d to %d,%d %06lX", left, top, right, bottom,
+                     brush.lbStyle == BS_HOLLOW ? 0xFFFFFF : brush.lbColor);
+            drawn.emplace_back(text);
+            return TRUE;
+        });
+    EXPECT_EQ(draw_wnd_frame(some_window(), canvas.dc(), 10, 20, 80, 100), 1);
+    EXPECT_EQ(drawn, (std::vector<std::string>{"10,20 to 110,100 FFFFFF", // hollow
+                                               "10,20 to 110,40 FFAF5B",  // the title bar, blue
+                                               "95,25 to 105,35 0000FF",  // the close box, red
+                                               "80,25 to 90,35 FFFFFF", "65,25 to 75,35 FFFFFF"}));
 }
 
 TEST(Drawing, DrawsTheBoxesOfANarrowMiniatureOutsideItsFrame)

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
+#include "sources/wnd_ProfileName/wnd_ProfileName.h"
 #include "tests/control/list_desk.h"
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
@@ -20,35 +22,52 @@ using scan_tests::TwoRows;
 namespace
 {
 
-// How often the list window asks for its own end, and its menu for its.
-class EndsAsked
-{
-public:
-    EndsAsked() = default;
-    EndsAsked(const EndsAsked&) = delete;
-    EndsAsked& operator=(const EndsAsked&) = delete;
-
-    int of_list = 0;
-    int of_menu = 0;
-
-private:
-    HWND list_ = hwnd_ScanListView;
-    ImportHook<"DestroyWindow", decltype(DestroyWindow)> window_{"user32.dll", [this](HWND window) {
-                                                                     of_list += window == list_ ? 1 : 0;
-                                                                     return window_.call_original(window);
-                                                                 }};
-    ImportHook<"DestroyMenu", decltype(DestroyMenu)> menu_{"user32.dll", [this](HMENU menu) {
-                                                               ++of_menu;
-                                                               return menu_.call_original(menu);
-                                                           }};
-};
-
 std::vector<const void*> blocks()
 {
     return {scan_record.arr1D_ui_LenPath,         scan_record.arr1D_uc_flag_FP,
             scan_record.pcTmpBuf_Prg_Folder_Path, scan_record.pcDynMem_GeomText,
             scan_record.pcDynMem_WinHndls,        scan_record.pcDynMem_FullPaths};
 }
+
+// While it lives, keeps what is taken down by the list window, in order.
+class TakenDown
+{
+public:
+    TakenDown() = default;
+    TakenDown(const TakenDown&) = delete;
+    TakenDown& operator=(const TakenDown&) = delete;
+
+    std::vector<std::wstring> steps;
+
+private:
+    std::wstring name_of(const void* block) const
+    {
+        const wchar_t* const names[] = {L"lengths",  L"flags",   L"path buffer",
+                                        L"geometry", L"handles", L"paths"};
+        const auto found = std::find(blocks_.begin(), blocks_.end(), block);
+        return found != blocks_.end() ? names[found - blocks_.begin()] : L"another block";
+    }
+
+    std::vector<const void*> blocks_ = blocks();
+    ImportHook<"DestroyWindow", decltype(DestroyWindow)> window_{"user32.dll", [this](HWND window) {
+                                                                     steps.push_back(class_of(window));
+                                                                     return window_.call_original(window);
+                                                                 }};
+    ImportHook<"DestroyMenu", decltype(DestroyMenu)> menu_{"user32.dll", [this](HMENU menu) {
+                                                               steps.push_back(L"menu");
+                                                               return menu_.call_original(menu);
+                                                           }};
+    ImportHook<"VirtualFree", decltype(VirtualFree)> free_{"kernel32.dll",
+                                                           [this](LPVOID block, SIZE_T size, DWORD type) {
+                                                               EXPECT_EQ(size, 0u);
+                                                               EXPECT_EQ(type, 0x8000u);
+                                                               steps.push_back(name_of(block));
+                                                               return free_.call_original(block, size, type);
+                                                           }};
+};
+
+const std::vector<std::wstring> kOfOneList{L"menu",     L"lengths", L"flags", L"path buffer",
+                                           L"geometry", L"handles", L"paths", L"List of Windows"};
 
 const std::vector<const void*> kReleased(6, nullptr);
 
@@ -62,7 +81,7 @@ TEST(ListOfWindows, GoesWholeWhenSomeoneElseTellsItThatItIsDestroyed)
         ASSERT_EQ(scan.desk.scan(), 1);
         const HWND window = hwnd_ScanListView;
         const HWND list = scan.desk.list().window();
-        const EndsAsked ends;
+        const TakenDown taken;
         const BoxWatcher boxes;
         if (posted) {
             PostMessageW(window, WM_DESTROY, 0, 0);
@@ -76,12 +95,28 @@ TEST(ListOfWindows, GoesWholeWhenSomeoneElseTellsItThatItIsDestroyed)
         EXPECT_EQ(FindWindowW(L"List of Windows", nullptr), nullptr);
         EXPECT_EQ(hwnd_ScanListView, nullptr);
         EXPECT_EQ(blocks(), kReleased);
-        EXPECT_EQ(ends.of_list, 1);
-        EXPECT_EQ(ends.of_menu, 1);
+        EXPECT_EQ(taken.steps, kOfOneList); // each once
     }
     // The next one is whole.
     ASSERT_EQ(scan.desk.scan(), 1);
     EXPECT_EQ(scan.desk.list().row_count(), 2);
+}
+
+TEST(ListOfWindows, TakesItsDialogsDownAfterItsMenu)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.desk.scan(), 1);
+    SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+    const HWND name_window = create_wnd_ProfileName(hwnd_ScanListView);
+    COPYDATASTRUCT data{.dwData = 1, .cbData = 0, .lpData = nullptr}; // tells who sent it, and nothing else
+    SendMessageW(hwnd_ScanListView, WM_COPYDATA, reinterpret_cast<WPARAM>(name_window),
+                 reinterpret_cast<LPARAM>(&data));
+    const TakenDown taken;
+    SendMessageW(hwnd_ScanListView, WM_DESTROY, 0, 0);
+    std::vector<std::wstring> expected = kOfOneList;
+    expected.insert(expected.begin() + 1, {L"Modify Cell Window", L"Name of Profile Window"});
+    EXPECT_EQ(taken.steps, expected);
+    EXPECT_FALSE(IsWindow(name_window));
 }
 
 TEST(ListOfWindows, AsksForItsOwnEndOnceWhenItIsClosed)
@@ -89,11 +124,10 @@ TEST(ListOfWindows, AsksForItsOwnEndOnceWhenItIsClosed)
     TwoRows scan;
     ASSERT_EQ(scan.desk.scan(), 1);
     const HWND window = hwnd_ScanListView;
-    const EndsAsked ends;
+    const TakenDown taken;
     SendMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindow(window));
-    EXPECT_EQ(ends.of_list, 1);
-    EXPECT_EQ(ends.of_menu, 1);
+    EXPECT_EQ(taken.steps, kOfOneList);
 }
 
 TEST(ListOfWindows, LeavesTheScanOfTheNextListAlone)

@@ -93,7 +93,7 @@ TEST_F(ModifyCell, HandsControlsAndRowOverToASecondOne)
     EXPECT_EQ(GetObjectType(font_of(dialog)), static_cast<DWORD>(OBJ_FONT));
 
     enter(0, L"78");
-    press(4);
+    EXPECT_EQ(on_Button_OK(dialog, desk.list().window(), 1, &scan_record), 1);
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(entry(1), "78,60 200x150");
     boxes.expect_no_boxes();
@@ -106,6 +106,9 @@ TEST_F(ModifyCell, AnswersNotificationsAndSizesWithoutAnyChange)
     NMHDR header{control(0), 0, static_cast<UINT>(NM_CLICK)};
     EXPECT_EQ(SendMessageW(dialog, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header)), 0);
     EXPECT_EQ(SendMessageW(dialog, WM_SIZE, SIZE_RESTORED, MAKELPARAM(100, 90)), 0);
+    for (const WORD id : {WORD{4}, WORD{5}}) // what else a button may tell
+        EXPECT_EQ(SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, 1), reinterpret_cast<LPARAM>(control(id))),
+                  0);
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(GetObjectType(font), static_cast<DWORD>(OBJ_FONT));
     EXPECT_EQ(texts(), (Texts{L"10", L"50", L"300", L"200"}));

@@ -7,6 +7,7 @@
 
 #include "tests/control/modify_cell_desk.h"
 #include "tests/control/screen_of_size.h"
+#include "tests/control/windows_made.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
@@ -16,6 +17,7 @@
 using namespace test_support;
 using modify_cell_tests::ModifyCell;
 using modify_cell_tests::Texts;
+using window_tests::WindowsMade;
 
 namespace
 {
@@ -41,43 +43,6 @@ private:
         return std::to_wstring(x) + L"," + std::to_wstring(y) + L" " + std::to_wstring(bw) + L"x" +
                std::to_wstring(bh);
     }
-};
-
-// While it lives, keeps what is given to CreateWindowExW, a line to a window, and where the focus was.
-class WindowsMade
-{
-public:
-    WindowsMade() = default;
-    WindowsMade(const WindowsMade&) = delete;
-    WindowsMade& operator=(const WindowsMade&) = delete;
-
-    Texts lines;
-    std::vector<HWND> parents;
-    std::vector<HWND> focused; // the window with the focus before each
-
-private:
-    static std::wstring line(DWORD extended, const wchar_t* name, const wchar_t* title, DWORD style, int x,
-                             int y, int width, int height, HMENU menu)
-    {
-        wchar_t text[300]{};
-        _snwprintf(text, 299, L"%s \"%s\" %u: %08X %08X %d,%d %dx%d", name, title,
-                   static_cast<unsigned>(reinterpret_cast<UINT_PTR>(menu)), style, extended, x, y, width,
-                   height);
-        return text;
-    }
-
-    ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> hook_{
-        "user32.dll",
-        [this](DWORD extended, const wchar_t* name, const wchar_t* title, DWORD style, int x, int y,
-               int width, int height, HWND parent, HMENU menu, HINSTANCE instance, void* parameter) {
-            lines.push_back(line(extended, name, title, style, x, y, width, height, menu));
-            parents.push_back(parent);
-            focused.push_back(GetFocus());
-            EXPECT_EQ(instance, GetModuleHandleW(nullptr));
-            EXPECT_EQ(parameter, nullptr);
-            return hook_.call_original(extended, name, title, style, x, y, width, height, parent, menu,
-                                       instance, parameter);
-        }};
 };
 
 } // namespace
@@ -137,7 +102,7 @@ TEST_F(ModifyCell, RegistersItsClassOnce)
     EXPECT_EQ(found.cbClsExtra, 0);
     EXPECT_EQ(found.cbWndExtra, 0);
     EXPECT_EQ(found.hIcon, LoadIconW(nullptr, IDI_APPLICATION));
-    EXPECT_NE(found.hIconSm, nullptr);
+    EXPECT_EQ(found.hIconSm, LoadIconW(nullptr, IDI_APPLICATION));
     EXPECT_EQ(found.hCursor, LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_EQ(found.hbrBackground, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     EXPECT_EQ(found.lpszMenuName, nullptr);

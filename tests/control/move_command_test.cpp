@@ -5,6 +5,7 @@
 #include <commctrl.h>
 
 #include <string>
+#include <vector>
 
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
@@ -126,6 +127,8 @@ TEST(MoveCommand, AsksForAnAsynchronousMoveToTheTop)
 {
     OneRow row;
     row.desk.list().set_ticked(0, true);
+    const FailingImport<"ShowWindowAsync", decltype(ShowWindowAsync)> restore("user32.dll", kEveryCall, FALSE,
+                                                                              0);
     int calls = 0;
     const ImportHook<"SetWindowPos", decltype(SetWindowPos)> place(
         "user32.dll", [&](HWND window, HWND after, int x, int y, int width, int height, UINT flags) -> BOOL {
@@ -138,6 +141,18 @@ TEST(MoveCommand, AsksForAnAsynchronousMoveToTheTop)
         });
     row.desk.press(1);
     EXPECT_EQ(calls, 1);
+    EXPECT_EQ(restore.calls(), 0); // it is not minimised
+}
+
+TEST(MoveCommand, TakesARowWithoutCheckBoxForNotTicked)
+{
+    OneRow row;
+    LVITEMW item{};
+    item.stateMask = LVIS_STATEIMAGEMASK;
+    SendMessageW(row.desk.list().window(), LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&item));
+    const BoxWatcher boxes;
+    row.desk.press(1);
+    boxes.expect_boxes({{L"info", kNothingTicked}});
 }
 
 TEST(MoveCommand, ShowsTheInfoBoxWhenNothingIsTicked)
@@ -186,7 +201,15 @@ TEST(MoveCommand, RestoresAMinimisedWindowThatWasGivenASize)
     row.desk.list().set_ticked(0, true);
     ShowWindow(row.window, SW_MINIMIZE);
     row.give(L"30", L"40", L"310", L"220");
+    std::vector<int> commands;
+    const ImportHook<"ShowWindowAsync", decltype(ShowWindowAsync)> restore(
+        "user32.dll", [&](HWND window, int command) {
+            EXPECT_EQ(window, static_cast<HWND>(row.window));
+            commands.push_back(command);
+            return restore.call_original(window, command);
+        });
     row.desk.press(1);
+    EXPECT_EQ(commands, std::vector<int>{9}); // restore
     pump_until([&] { return !IsIconic(row.window); }, kShortWait, "the window to be restored");
     EXPECT_EQ(place_of(row.window), "30,40 310x220");
 }

@@ -238,9 +238,17 @@ TEST(ProfileFileSignature, IsFoundAtTheEndAndNowhereElse)
 
 TEST(ProfileFileEntry, IsMinimisedWithoutAWidthOrWithoutAHeight)
 {
-    EXPECT_TRUE(profile_file::is_minimised(Entry{.width = 0, .height = 0}));
-    EXPECT_TRUE(profile_file::is_minimised(Entry{.x = 5, .y = 5, .width = 0, .height = 200}));
-    EXPECT_TRUE(profile_file::is_minimised(Entry{.x = 5, .y = 5, .width = 300, .height = 0}));
-    EXPECT_FALSE(profile_file::is_minimised(Entry{.width = 1, .height = 1}));
-    EXPECT_FALSE(profile_file::is_minimised(Entry{.x = -9, .y = -9, .width = -300, .height = 200}));
+    const auto is_minimised = [](std::int32_t width, std::int32_t height) {
+        Entry entry{};
+        entry.x = -5;
+        entry.y = 5;
+        entry.width = width;
+        entry.height = height;
+        return profile_file::is_minimised(entry);
+    };
+    EXPECT_TRUE(is_minimised(0, 0));
+    EXPECT_TRUE(is_minimised(0, 200));
+    EXPECT_TRUE(is_minimised(300, 0));
+    EXPECT_FALSE(is_minimised(1, 1));
+    EXPECT_FALSE(is_minimised(-300, 200));
 }

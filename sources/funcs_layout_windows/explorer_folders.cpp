@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
+#include "sources/funcs_layout_windows/scan_use.h"
 #include "sources/funcs_layout_windows/shell_folder_walk.h"
 
 namespace
@@ -17,6 +18,8 @@ struct FolderMeasure {
 
 bool measure_folder(HWND, std::wstring_view path, void* context)
 {
+    if (is_scan_abandoned()) // A call to the shell lets messages in.
+        return false;
     auto* measure = static_cast<FolderMeasure*>(context);
     ++measure->count;
     measure->longest_units = std::max(measure->longest_units, path.size());
@@ -36,14 +39,13 @@ bool blocks_present(const STR_ENUM_WNDS_DATA* pSTR)
 
 bool fill_folder(HWND hwnd, std::wstring_view path, void* context)
 {
+    if (is_scan_abandoned()) // A call to the shell lets messages in.
+        return false;
     auto* filling = static_cast<FolderFilling*>(context);
     if (hwnd == nullptr) {
         filling->result = report(errors_layout_windows, SITE_FOLDERS_02_NO_HANDLE, hwnd);
         return false;
     }
-    // A call to the shell lets messages in; one that closes the main window releases the blocks.
-    if (!blocks_present(filling->record))
-        return false;
     for (std::uint32_t slot = 0; slot < filling->record->counter_valid; ++slot) {
         if (filling->record->pcDynMem_WinHndls[slot] == hwnd)
             store_path(filling->record, slot, path.data(), path.size());
@@ -65,7 +67,7 @@ std::int32_t GetCurrentExplorerFolders_01(STR_ENUM_WNDS_DATA* pSTR_params)
 
     FolderMeasure measure{};
     if (SUCCEEDED(created))
-        walk_shell_windows(list, count_shell_windows(list), measure_folder, &measure);
+        walk_shell_windows(&list, count_shell_windows(list), measure_folder, &measure);
     pSTR_params->counter_folders = measure.count;
     pSTR_params->uiMaxLen_inBytes_FolderPath =
         static_cast<std::uint32_t>(measure.longest_units * sizeof(wchar_t));
@@ -94,6 +96,6 @@ std::int32_t GetCurrentExplorerFolders_02(STR_ENUM_WNDS_DATA* pSTR_params)
         return 1;
     }
     FolderFilling filling{.record = pSTR_params, .result = 1};
-    walk_shell_windows(list, count, fill_folder, &filling);
+    walk_shell_windows(&list, count, fill_folder, &filling);
     return filling.result;
 }

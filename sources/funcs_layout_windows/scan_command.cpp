@@ -7,6 +7,7 @@
 #include "sources/funcs_layout_windows/explorer_folders.h"
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
 #include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/funcs_layout_windows/scan_use.h"
 #include "sources/funcs_layout_windows/window_enumeration.h"
 #include "sources/win32/memory_block.h"
 #include "sources/win32/window_class.h"
@@ -19,34 +20,27 @@ constexpr int kScanList_left = 30;
 constexpr int kScanList_top = 30;
 constexpr double kScanList_fraction_of_screen = 0.75;
 
-bool scan_running = false;
+// Result of a step, besides 1 and the negative ones: the main window has gone, so the scan ends quietly.
+constexpr std::int32_t kScan_abandoned = 0;
 
-// True when the main window was closed during the scan, which releases the record's blocks.
-bool is_released(const STR_ENUM_WNDS_DATA* pSTR)
+// Shows the box with which the scan ends. Returns the row's result, or kScan_abandoned.
+template <typename... Values> std::int32_t end_with_box(LayoutWindowsRow row, Values... values)
 {
-    return pSTR->pcTmpBuf_Prg_Folder_Path == nullptr;
+    end_scan_use();
+    const std::int32_t result = report(errors_layout_windows, row, values...);
+    return is_scan_abandoned() ? kScan_abandoned : result;
 }
 
-// Walks over the windows. 1 also when the main window was closed meanwhile: the scan ends quietly then. A
-// walk that was broken off otherwise is reported as row `failure`.
+// Walks over the windows. A walk that was broken off is reported as row `failure`.
 std::int32_t enumerate_windows(WNDENUMPROC procedure, STR_ENUM_WNDS_DATA* pSTR, LayoutWindowsRow failure)
 {
-    if (EnumWindows(procedure, reinterpret_cast<LPARAM>(pSTR)) != FALSE || is_released(pSTR))
-        return 1;
-    return report(errors_layout_windows, failure);
+    const BOOL completed = EnumWindows(procedure, reinterpret_cast<LPARAM>(pSTR));
+    if (is_scan_abandoned())
+        return kScan_abandoned;
+    return completed != FALSE ? 1 : end_with_box(failure);
 }
 
-// Marks a Scan as running up to the end of the scope.
-class ScanRunning
-{
-public:
-    ScanRunning() { scan_running = true; }
-    ScanRunning(const ScanRunning&) = delete;
-    ScanRunning& operator=(const ScanRunning&) = delete;
-    ~ScanRunning() { scan_running = false; }
-};
-
-// Counts and measures. Returns 1, or a negative result after its box.
+// Counts and measures. Returns 1, kScan_abandoned, or a negative result after its box.
 std::int32_t measure_windows(STR_ENUM_WNDS_DATA* pSTR)
 {
     pSTR->counter_all = 0;
@@ -55,9 +49,11 @@ std::int32_t measure_windows(STR_ENUM_WNDS_DATA* pSTR)
     pSTR->uiMaxLen_inBytes_PrgPath = 0;
     pSTR->uiMaxLen_inBytes_FolderPath = 0;
     const std::int32_t result = enumerate_windows(EnumWindowsProc_Calc, pSTR, SITE_SCAN_ENUM_COUNTING);
-    if (result < 0 || is_released(pSTR))
+    if (result <= 0)
         return result;
     GetCurrentExplorerFolders_01(pSTR);
+    if (is_scan_abandoned())
+        return kScan_abandoned;
     pSTR->uiMaxLen_inBytes_AllPath =
         std::max(pSTR->uiMaxLen_inBytes_PrgPath, pSTR->uiMaxLen_inBytes_FolderPath);
     return 1;
@@ -69,19 +65,19 @@ std::int32_t allocate_slots(STR_ENUM_WNDS_DATA* pSTR)
     const std::size_t n = pSTR->counter_valid;
     pSTR->arr1D_ui_LenPath = allocate_block<std::uint32_t>(n * sizeof(std::uint32_t));
     if (pSTR->arr1D_ui_LenPath == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_MEMORY_LENGTHS);
+        return end_with_box(SITE_SCAN_MEMORY_LENGTHS);
     pSTR->arr1D_uc_flag_FP = allocate_block<std::uint8_t>(n);
     if (pSTR->arr1D_uc_flag_FP == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_MEMORY_FLAGS);
+        return end_with_box(SITE_SCAN_MEMORY_FLAGS);
     pSTR->pcDynMem_GeomText = allocate_block<std::uint8_t>(n * kGeomText_slot_bytes);
     if (pSTR->pcDynMem_GeomText == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_MEMORY_GEOMETRY);
+        return end_with_box(SITE_SCAN_MEMORY_GEOMETRY);
     pSTR->pcDynMem_WinHndls = allocate_block<HWND>(n * sizeof(HWND));
     if (pSTR->pcDynMem_WinHndls == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_MEMORY_HANDLES);
+        return end_with_box(SITE_SCAN_MEMORY_HANDLES);
     pSTR->pcDynMem_FullPaths = allocate_block<std::uint8_t>(n * path_slot_bytes(pSTR));
     if (pSTR->pcDynMem_FullPaths == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_MEMORY_PATHS);
+        return end_with_box(SITE_SCAN_MEMORY_PATHS);
     return 1;
 }
 
@@ -89,11 +85,13 @@ std::int32_t fill_slots(STR_ENUM_WNDS_DATA* pSTR)
 {
     pSTR->counter_filled = 0;
     const std::int32_t result = enumerate_windows(EnumWindowsProc_Calc_02, pSTR, SITE_SCAN_ENUM_FILLING);
-    if (result > 0 && !is_released(pSTR))
-        GetCurrentExplorerFolders_02(pSTR);
-    return result;
+    if (result <= 0)
+        return result;
+    GetCurrentExplorerFolders_02(pSTR);
+    return is_scan_abandoned() ? kScan_abandoned : 1;
 }
 
+// Opens the list, or shows the system's text.
 void open_scan_list(HWND hwndThis, HWND* p_hwnd_ScanListView)
 {
     const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwndThis, GWLP_HINSTANCE));
@@ -102,50 +100,47 @@ void open_scan_list(HWND hwndThis, HWND* p_hwnd_ScanListView)
     *p_hwnd_ScanListView =
         CreateWindowExW(0, kClass_ScanListView, L"List of windows", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                         kScanList_left, kScanList_top, width, height, nullptr, nullptr, instance, nullptr);
-    if (*p_hwnd_ScanListView == nullptr)
-        show_system_error(GetLastError());
+    if (*p_hwnd_ScanListView != nullptr || is_scan_abandoned())
+        return;
+    const DWORD error = GetLastError();
+    end_scan_use();
+    show_system_error(error);
 }
 
-} // namespace
-
-bool is_scan_running()
+// The scan itself. Returns 1, kScan_abandoned, or a negative result after its box.
+std::int32_t scan_windows(HWND hwndThis, HWND* p_hwnd_ScanListView, STR_ENUM_WNDS_DATA* pSTR)
 {
-    return scan_running;
-}
-
-std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM /*wParam*/,
-                                   LPARAM /*lParam*/, STR_ENUM_WNDS_DATA* pSTR)
-{
-    if (hwndThis == nullptr || pSTR == nullptr || p_hwnd_ScanListView == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_INPUT, hwndThis, pSTR, p_hwnd_ScanListView);
-    if (pSTR->uiSize_TmpBuf_Path == 0)
-        return report(errors_layout_windows, SITE_SCAN_ZERO_SIZE, pSTR->uiSize_TmpBuf_Path);
-    if (scan_running) // The main window has asked already, before it resets the counters.
-        return 1;
-    const ScanRunning running;
-
     destroy_own_window_of_class(*p_hwnd_ScanListView, kClass_ScanListView);
     *p_hwnd_ScanListView = nullptr;
     release_scan_blocks(pSTR);
 
     pSTR->pcTmpBuf_Prg_Folder_Path = allocate_block<wchar_t>(pSTR->uiSize_TmpBuf_Path);
     if (pSTR->pcTmpBuf_Prg_Folder_Path == nullptr)
-        return report(errors_layout_windows, SITE_SCAN_MEMORY_SCRATCH);
+        return end_with_box(SITE_SCAN_MEMORY_SCRATCH);
     std::int32_t result = measure_windows(pSTR);
-    if (result < 0)
+    if (result <= 0)
         return result;
-    if (is_released(pSTR))
-        return 1;
     if (pSTR->counter_valid == 0 || pSTR->uiMaxLen_inBytes_AllPath == 0)
-        return report(errors_layout_windows, SITE_SCAN_NOTHING_FOUND, pSTR->counter_valid,
-                      pSTR->uiMaxLen_inBytes_AllPath);
+        return end_with_box(SITE_SCAN_NOTHING_FOUND, pSTR->counter_valid, pSTR->uiMaxLen_inBytes_AllPath);
     result = allocate_slots(pSTR);
     if (result > 0)
         result = fill_slots(pSTR);
-    if (result < 0)
-        return result;
-    if (is_released(pSTR))
-        return 1;
-    open_scan_list(hwndThis, p_hwnd_ScanListView);
-    return 1;
+    if (result > 0)
+        open_scan_list(hwndThis, p_hwnd_ScanListView);
+    return result;
+}
+
+} // namespace
+
+std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM /*wParam*/,
+                                   LPARAM /*lParam*/, STR_ENUM_WNDS_DATA* pSTR)
+{
+    std::int32_t result = 1;
+    if (hwndThis == nullptr || pSTR == nullptr || p_hwnd_ScanListView == nullptr)
+        result = end_with_box(SITE_SCAN_INPUT, hwndThis, pSTR, p_hwnd_ScanListView);
+    else if (pSTR->uiSize_TmpBuf_Path == 0)
+        result = end_with_box(SITE_SCAN_ZERO_SIZE, pSTR->uiSize_TmpBuf_Path);
+    else
+        result = scan_windows(hwndThis, p_hwnd_ScanListView, pSTR);
+    return result == kScan_abandoned ? 1 : result;
 }

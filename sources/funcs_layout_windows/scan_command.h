@@ -18,15 +18,12 @@ inline constexpr std::int32_t kScan_bad_input = -1;
 inline constexpr std::int32_t kScan_enumeration_failed = -2;
 inline constexpr std::int32_t kScan_no_memory = -3;
 
-// True while a Scan is under way, its boxes included. Titles, the shell and boxes without owner let messages
-// in; another Scan does nothing then.
-bool is_scan_running();
-
 // Replaces the scan in `pSTR` by a new one of the desktop's windows and opens the List of Windows window on
 // it; the window of the scan before is closed first, even when the new one fails. `p_hwnd_ScanListView` is
 // where the window's handle is kept. When nothing qualifies an info box is shown and no window opened; when
-// the window cannot be created, the system's text: both return 1, and so do a Scan within a Scan and one
-// during which the main window was closed. `wParam` and `lParam` are not used. The caller has set the
-// counters to 0 and uiSize_TmpBuf_Path to kScanPathBuffer_bytes, unless is_scan_running.
+// the window cannot be created, the system's text: both return 1, and so does a scan during which the main
+// window was closed, quietly. `wParam` and `lParam` are not used. The caller has taken the record (ScanUse),
+// set the counters to 0 and uiSize_TmpBuf_Path to kScanPathBuffer_bytes; the use ends before a box that ends
+// the scan, below which another may replace the record.
 std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM wParam, LPARAM lParam,
                                    STR_ENUM_WNDS_DATA* pSTR);

@@ -32,6 +32,8 @@ bool store_path(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot, const wchar_
                 std::size_t length_units)
 {
     const std::size_t length_bytes = length_units * sizeof(wchar_t);
+    // A slot has room for twice the longest measured path. A longer one is refused for the sake of profiles:
+    // their path area, written with its zero tail, has no room beyond the measured length.
     if (pSTR->pcDynMem_FullPaths == nullptr || pSTR->arr1D_ui_LenPath == nullptr ||
         length_bytes > pSTR->uiMaxLen_inBytes_AllPath)
         return false;

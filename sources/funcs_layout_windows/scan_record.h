@@ -66,7 +66,7 @@ std::uint8_t* path_slot(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot);
 
 // Stores `length_units` units of `path` and its length as slot `slot`'s path and clears the rest of the slot.
 // Nothing is stored and false is returned when the path is longer than uiMaxLen_inBytes_AllPath, the longest
-// that the slots were measured for, or there are no slots.
+// that was measured and that a profile has room for, or there are no slots.
 bool store_path(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot, const wchar_t* path,
                 std::size_t length_units);
 

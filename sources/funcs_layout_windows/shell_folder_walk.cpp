@@ -29,13 +29,13 @@ constexpr GUID kIID_IPersistFolder2{
 using PathBuffer = std::array<wchar_t, MAX_PATH>;
 
 // Finds out the window and the folder of list item `index`. False when any step of the way gives nothing.
-bool read_folder_window(const ComPtr<IShellWindows>& shell_windows, long index, HWND* hwnd, PathBuffer* path)
+bool read_folder_window(ShellWindowsList* list, long index, HWND* hwnd, PathBuffer* path)
 {
-    VARIANT item{};
-    item.vt = VT_I4;
-    item.lVal = index;
+    VARIANT* item = list->item.get();
+    item->vt = VT_I4;
+    item->lVal = index;
     ComPtr<IDispatch> dispatch;
-    shell_windows->Item(item, dispatch.out());
+    list->windows->Item(*item, dispatch.out());
     if (!dispatch)
         return false;
 
@@ -67,9 +67,9 @@ bool read_folder_window(const ComPtr<IShellWindows>& shell_windows, long index, 
     folder_view->GetFolder(kIID_IPersistFolder2, folder.out_void());
     if (!folder)
         return false;
-    ItemIdList list;
-    folder->GetCurFolder(list.out());
-    return list.get() != nullptr && SHGetPathFromIDListW(list.get(), path->data()) != FALSE;
+    ItemIdList id_list;
+    folder->GetCurFolder(id_list.out());
+    return id_list.get() != nullptr && SHGetPathFromIDListW(id_list.get(), path->data()) != FALSE;
 }
 
 } // namespace
@@ -87,12 +87,12 @@ long count_shell_windows(const ShellWindowsList& list)
     return count;
 }
 
-void walk_shell_windows(const ShellWindowsList& list, long count, FolderVisitor visitor, void* context)
+void walk_shell_windows(ShellWindowsList* list, long count, FolderVisitor visitor, void* context)
 {
     PathBuffer path{};
     for (long index = 0; index < count; ++index) {
         HWND hwnd = nullptr;
-        if (read_folder_window(list.windows, index, &hwnd, &path) && !visitor(hwnd, text_in(path), context))
+        if (read_folder_window(list, index, &hwnd, &path) && !visitor(hwnd, text_in(path), context))
             return;
     }
 }

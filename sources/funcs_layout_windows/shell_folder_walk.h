@@ -17,6 +17,7 @@ using FolderVisitor = bool (*)(HWND hwnd, std::wstring_view path, void* context)
 // window, which uninitialises COM: the hold outlives the list.
 struct ShellWindowsList {
     ComHold com;
+    Variant item;                  // the number of the window that is asked for
     ComPtr<IShellWindows> windows; // empty when there is no list
 };
 
@@ -29,4 +30,4 @@ long count_shell_windows(const ShellWindowsList& list);
 // Visits the first `count` windows of the list in order. Windows that do not answer for one of the interfaces
 // on the way, or show a virtual folder, are passed over. Every interface and list obtained is released before
 // the next window, last obtained first.
-void walk_shell_windows(const ShellWindowsList& list, long count, FolderVisitor visitor, void* context);
+void walk_shell_windows(ShellWindowsList* list, long count, FolderVisitor visitor, void* context);

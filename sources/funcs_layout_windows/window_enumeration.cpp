@@ -9,6 +9,7 @@
 #include "errors/system_error_box.h"
 #include "sources/funcs_layout_windows/layout_windows_errors.h"
 #include "sources/funcs_layout_windows/scan_record.h"
+#include "sources/funcs_layout_windows/scan_use.h"
 #include "sources/funcs_layout_windows/window_filter.h"
 #include "sources/funcs_layout_windows/window_inspection.h"
 
@@ -26,7 +27,8 @@ std::span<wchar_t> scratch_buffer(const STR_ENUM_WNDS_DATA* pSTR)
     return {pSTR->pcTmpBuf_Prg_Folder_Path, pSTR->uiSize_TmpBuf_Path / sizeof(wchar_t)};
 }
 
-// Reads the path of the window's process into the scratch buffer; a failure is reported as row `failure`.
+// Reads the path of the window's process into the scratch buffer; a failure, with which the scan ends, is
+// reported as row `failure`.
 ImagePath read_image_path_of(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, LayoutWindowsRow failure)
 {
     DWORD process_id = 0;
@@ -36,8 +38,11 @@ ImagePath read_image_path_of(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, LayoutWi
         return ImagePath::UNAVAILABLE;
     const ImagePath result = read_image_path(process_id, buffer, static_cast<DWORD>(buffer.size() - 1));
     if (result == ImagePath::FAILED) {
-        show_system_error(GetLastError());
-        report(errors_layout_windows, failure);
+        const DWORD error = GetLastError();
+        end_scan_use();
+        show_system_error(error);
+        if (!is_scan_abandoned())
+            report(errors_layout_windows, failure);
     }
     return result;
 }
@@ -49,12 +54,16 @@ bool slot_blocks_present(const STR_ENUM_WNDS_DATA* pSTR)
            pSTR->pcDynMem_WinHndls != nullptr && pSTR->pcDynMem_GeomText != nullptr;
 }
 
+std::size_t announced_title_units(HWND hwnd)
+{
+    return static_cast<std::size_t>(std::max(GetWindowTextLengthW(hwnd), 0));
+}
+
 // Writes handle, geometry and title of slot `slot`. A minimised window gets a zero geometry.
-void write_window(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot, std::wstring_view title)
+void write_window(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot, std::wstring_view title,
+                  std::size_t announced_units)
 {
     pSTR->pcDynMem_WinHndls[slot] = hwnd;
-
-    const auto announced_units = static_cast<std::size_t>(std::max(GetWindowTextLengthW(hwnd), 0));
     RECT rect{};
     GetWindowRect(hwnd, &rect);
     if (IsIconic(hwnd) != FALSE)
@@ -93,7 +102,10 @@ BOOL CALLBACK EnumWindowsProc_Calc(HWND hwnd, LPARAM lParam)
     }
     ++pSTR->counter_all;
     std::array<wchar_t, kTitleLimit_counting_units> title;
-    if (!window_qualifies(hwnd, title))
+    const bool qualifies = window_qualifies(hwnd, title);
+    if (is_scan_abandoned()) // Reading a title lets other threads' messages in.
+        return FALSE;
+    if (!qualifies)
         return TRUE;
     ++pSTR->counter_valid;
 
@@ -116,6 +128,7 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
         return FALSE;
     }
     if (!slot_blocks_present(pSTR)) {
+        end_scan_use();
         report(errors_layout_windows, SITE_CALC_02_MISSING_BLOCK, pSTR->arr1D_ui_LenPath,
                pSTR->arr1D_uc_flag_FP, pSTR->pcTmpBuf_Prg_Folder_Path, pSTR->uiSize_TmpBuf_Path,
                pSTR->pcDynMem_WinHndls, pSTR->pcDynMem_GeomText);
@@ -123,8 +136,8 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
     }
     std::array<wchar_t, kTitleLimit_filling_units> title;
     const bool qualifies = window_qualifies(hwnd, title);
-    // Reading a title lets other threads' messages in; one that closes the main window releases the blocks.
-    if (!slot_blocks_present(pSTR))
+    const std::size_t announced_units = qualifies ? announced_title_units(hwnd) : 0;
+    if (is_scan_abandoned()) // Reading a title lets other threads' messages in.
         return FALSE;
     if (!qualifies)
         return TRUE;
@@ -132,7 +145,7 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
     if (slot >= pSTR->counter_valid)
         return TRUE;
 
-    write_window(hwnd, pSTR, slot, text_in(title));
+    write_window(hwnd, pSTR, slot, text_in(title), announced_units);
     const ImagePath image = read_image_path_of(hwnd, pSTR, SITE_CALC_02_MODULE_NAME);
     if (image != ImagePath::READ)
         return image == ImagePath::UNAVAILABLE ? TRUE : FALSE;

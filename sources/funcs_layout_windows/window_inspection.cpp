@@ -43,11 +43,11 @@ bool window_qualifies(HWND hwnd, std::span<wchar_t> title)
 
 ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD limit_units)
 {
-    std::fill(buffer.begin(), buffer.end(), L'\0');
     const HANDLE process =
         OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_VM_READ, FALSE, process_id);
     if (process == nullptr)
         return ImagePath::UNAVAILABLE;
+    std::fill(buffer.begin(), buffer.end(), L'\0');
     // The handle is left open on failure; the caller ends the whole enumeration then.
     if (K32GetModuleFileNameExW(process, nullptr, buffer.data(), limit_units) == 0)
         return ImagePath::FAILED;

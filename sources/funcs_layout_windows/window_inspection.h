@@ -25,5 +25,5 @@ bool has_excluded_class(HWND hwnd);
 bool window_qualifies(HWND hwnd, std::span<wchar_t> title);
 
 // Reads the image path of the process `process_id`, at most `limit_units` units, into `buffer`, which is
-// cleared first. On FAILED GetLastError tells why, and the process handle stays open.
+// cleared before the query. On FAILED GetLastError tells why, and the process handle stays open.
 ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD limit_units);

@@ -138,7 +138,7 @@ std::int32_t GetHWNDS_of_LoadedFolders(const std::uint8_t* pcFileData, HWND* p_a
     if (count == 0)
         return kMatch_no_shell_windows;
     FolderMatch match{.pcFileData = pcFileData, .p_arr1D_hwnd = p_arr1D_hwnd};
-    walk_shell_windows(list, count, match_folder, &match);
+    walk_shell_windows(&list, count, match_folder, &match);
     return 1;
 }
 

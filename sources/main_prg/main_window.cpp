@@ -10,6 +10,7 @@
 #include "sources/funcs_layout_windows/main_resizing.h"
 #include "sources/funcs_layout_windows/profile_loading.h"
 #include "sources/funcs_layout_windows/scan_command.h"
+#include "sources/funcs_layout_windows/scan_use.h"
 #include "sources/main_prg/main_errors.h"
 #include "sources/main_prg/main_window_creation.h"
 #include "sources/win32/device_contexts.h"
@@ -34,15 +35,22 @@ void on_WM_PAINT(HWND hwnd, MainWindowState* state)
     draw_MainWindow(hwnd, dc.get(), &state->STR_GeomLt_MW, state->hFont_controls, &state->LoadedProfiles);
 }
 
-void on_Scan(HWND hwnd, WPARAM wParam, LPARAM lParam)
+// Scans, unless a scan is using the record. Returns the command's result.
+std::int32_t scan_when_free(HWND hwnd, WPARAM wParam, LPARAM lParam)
 {
-    if (is_scan_running())
-        return; // It is using the counters below.
+    const ScanUse use;
+    if (!use.is_taken())
+        return 1;
     scan_record.counter_all = 0;
     scan_record.counter_valid = 0;
     scan_record.counter_filled = 0;
     scan_record.uiSize_TmpBuf_Path = kScanPathBuffer_bytes;
-    const std::int32_t result = onButton_Scan_Clicked(hwnd, &hwnd_ScanListView, wParam, lParam, &scan_record);
+    return onButton_Scan_Clicked(hwnd, &hwnd_ScanListView, wParam, lParam, &scan_record);
+}
+
+void on_Scan(HWND hwnd, WPARAM wParam, LPARAM lParam)
+{
+    const std::int32_t result = scan_when_free(hwnd, wParam, lParam);
     if (result < 0)
         report(errors_main, SITE_SCAN_FAILED, result);
 }
@@ -108,6 +116,7 @@ void on_WM_DESTROY(MainWindowState* state)
 {
     DeleteObject(state->hFont_controls);
     state->hFont_controls = nullptr;
+    abandon_scans();
     release_block(scan_record.arr1D_ui_LenPath);
     release_block(scan_record.pcTmpBuf_Prg_Folder_Path);
     release_block(scan_record.pcDynMem_FullPaths);

@@ -54,6 +54,20 @@ private:
     bool held_ = false;
 };
 
+// A variant, empty at first and cleared at the end.
+class Variant
+{
+public:
+    Variant() { VariantInit(&value_); }
+    Variant(const Variant&) = delete;
+    Variant& operator=(const Variant&) = delete;
+    ~Variant() { VariantClear(&value_); }
+    VARIANT* get() { return &value_; }
+
+private:
+    VARIANT value_{};
+};
+
 // An item identifier list from the shell, freed with CoTaskMemFree.
 class ItemIdList
 {

@@ -16,16 +16,13 @@
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::DeskWindow;
+using scan_tests::path_of_slot;
 using scan_tests::pointer;
+using scan_tests::RecordCopy;
 using scan_tests::ScanDesk;
 
 namespace
 {
-
-std::wstring path_of_slot(std::uint32_t slot)
-{
-    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
-}
 
 constexpr wchar_t kLongFolder[] = L"C:\\windows\\system32\\drivers";
 
@@ -37,25 +34,6 @@ struct Scanned {
     Desktop desktop{{windows[0], windows[1], windows[2]}};
 
     Scanned() { desk.scan(); }
-};
-
-// The lengths and paths of the slots, the flags, and the two fields of the folders.
-struct Contents {
-    std::vector<std::wstring> paths;
-    std::vector<unsigned> lengths;
-    std::vector<unsigned> flags;
-    std::uint32_t folders = scan_record.counter_folders;
-    std::uint32_t longest_bytes = scan_record.uiMaxLen_inBytes_FolderPath;
-
-    Contents()
-    {
-        for (std::uint32_t slot = 0; slot < scan_record.counter_valid; ++slot) {
-            paths.push_back(path_of_slot(slot));
-            lengths.push_back(scan_record.arr1D_ui_LenPath[slot]);
-            flags.push_back(scan_record.arr1D_uc_flag_FP[slot]);
-        }
-    }
-    bool operator==(const Contents&) const = default;
 };
 
 // That something was handed out, and none of it is kept or was given back twice.
@@ -130,9 +108,32 @@ TEST(ExplorerFolders, OfAWindowInNoSlotAreIgnored)
     Scanned scanned;
     const DeskWindow late(L"late");
     scanned.desk.folders.add(late, L"C:\\windows");
-    const std::uint32_t length = scan_record.arr1D_ui_LenPath[0];
+    const RecordCopy before;
     EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
-    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], length);
+    EXPECT_TRUE(RecordCopy() == before);
+    expect_released(scanned.desk.folders);
+}
+
+TEST(ExplorerFolders, OfTheDesktopItselfNeverReachASlot)
+{
+    ScanDesk desk;
+    const DeskWindow desktop_window(L"Program Manager", {0, 0, 300, 200}, L"Progman");
+    const DeskWindow program(L"program");
+    desk.folders.add(desktop_window, kLongFolder);
+    const Desktop desktop({desktop_window, program});
+    const BoxWatcher boxes;
+    ASSERT_EQ(desk.scan(), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_folders, 1u); // the shell lists it
+    ASSERT_EQ(scan_record.counter_valid, 1u);
+    EXPECT_EQ(scan_record.counter_filled, 1u);
+    EXPECT_EQ(scan_record.pcDynMem_WinHndls[0], static_cast<HWND>(program));
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 1);
+    EXPECT_EQ(path_of_slot(0), scan_tests::own_image_path());
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 2 * scan_tests::own_image_path().size());
+    const RecordCopy before;
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_TRUE(RecordCopy() == before);
 }
 
 TEST(ExplorerFolders, ThatGiveNothingOnTheWayArePassedOverAndReleased)
@@ -208,15 +209,19 @@ TEST(ExplorerFolders, StopAtAWindowWithoutHandleWhenFilling)
     expect_released(scanned.desk.folders);
 }
 
-TEST(ExplorerFolders, LongerThanTheSlotsAreLeftOut)
+TEST(ExplorerFolders, LongerThanTheLongestMeasuredPathAreLeftOut)
 {
     Scanned scanned;
-    scan_record.uiMaxLen_inBytes_AllPath = 20;
-    scanned.desk.folders.add(scanned.windows[0], kLongFolder).add(scanned.windows[1], L"C:\\windows");
-    const std::uint32_t length = scan_record.arr1D_ui_LenPath[0];
-    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
-    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], length);
-    EXPECT_EQ(scan_record.arr1D_ui_LenPath[1], 20u);
+    for (const std::uint32_t longest_bytes : {18u, 20u}) {
+        scan_record.uiMaxLen_inBytes_AllPath = longest_bytes;
+        scanned.desk.folders.clear();
+        scanned.desk.folders.add(scanned.windows[0], L"C:\\windows");
+        scan_record.arr1D_ui_LenPath[0] = 0;
+        const RecordCopy before;
+        EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+        EXPECT_EQ(RecordCopy() == before, longest_bytes == 18);
+        EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], longest_bytes == 18 ? 0u : 20u);
+    }
 }
 
 TEST(ExplorerFolders, ThatChangeBetweenThePassesNeverOverflowTheirSlot)
@@ -231,7 +236,7 @@ TEST(ExplorerFolders, ThatChangeBetweenThePassesNeverOverflowTheirSlot)
     changing.later_path = kLongFolder;
     desk.folders.add(changing);
     const Desktop desktop({window});
-    // No program path: the slots are as wide as the folder path of the first pass.
+    // No program path: the longest measured path is the folder's of the first pass.
     const ImportHook<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> path(
         "kernel32.dll", [&](HANDLE, HMODULE, LPWSTR buffer, DWORD) -> DWORD {
             lstrcpyW(buffer, L"C:\\windows\\explorer.exe");
@@ -262,18 +267,18 @@ TEST(ExplorerFolders, GoOnWithoutTheShellsListWhenCounting)
     scanned.desk.folders.add(scanned.windows[0], L"C:\\windows").fail_creation(E_OUTOFMEMORY);
     scan_record.counter_folders = 7;
     scan_record.uiMaxLen_inBytes_FolderPath = 7;
-    const Contents before;
+    const RecordCopy before;
     const BoxWatcher boxes;
     EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), -1);
     boxes.expect_no_boxes();
-    EXPECT_TRUE(Contents() == before);
+    EXPECT_TRUE(RecordCopy() == before);
     EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -4);
     boxes.expect_boxes(
         {{L"error", L"error\n\nfile:\nsources/"
                     L"funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\nline:\n"
                     L"2095\n\none of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
                     L"ret code hResult = -2147024882\n\nline of error handler:\n2361"}});
-    EXPECT_TRUE(Contents() == before);
+    EXPECT_TRUE(RecordCopy() == before);
 }
 
 TEST(ExplorerFolders, AreNoneWhenTheyCannotBeCounted)
@@ -311,7 +316,7 @@ TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
     scanned.desk.folders.add(scanned.windows[0], L"C:\\windows");
     scan_record.counter_folders = 7;
     scan_record.uiMaxLen_inBytes_FolderPath = 7;
-    const Contents before;
+    const RecordCopy before;
     const STR_ENUM_WNDS_DATA kept = scan_record;
     for (int block = 0; block < 3; ++block) {
         scan_record = kept;
@@ -334,7 +339,7 @@ TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
         EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 7u);
     }
     scan_record = kept;
-    EXPECT_TRUE(Contents() == before);
+    EXPECT_TRUE(RecordCopy() == before);
     EXPECT_EQ(scanned.desk.folders.counts().passes, 0); // the shell was not asked
 }
 
@@ -343,11 +348,11 @@ TEST(ExplorerFolders, StoreNothingWithoutRoomForTheLengths)
     Scanned scanned;
     scanned.desk.folders.clear();
     scanned.desk.folders.add(scanned.windows[0], L"C:\\windows");
-    const Contents before;
+    const RecordCopy before;
     std::uint32_t* const lengths = std::exchange(scan_record.arr1D_ui_LenPath, nullptr);
     const BoxWatcher boxes;
     EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
     scan_record.arr1D_ui_LenPath = lengths;
     boxes.expect_no_boxes();
-    EXPECT_TRUE(Contents() == before);
+    EXPECT_TRUE(RecordCopy() == before);
 }

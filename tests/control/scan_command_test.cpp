@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "sources/main_prg/main_window.h"
 #include "tests/control/scan_desk.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
@@ -274,23 +273,60 @@ TEST(ScanCommand, IsNotHeldUpForeverByAProgramThatHangs)
     EXPECT_EQ(desk.list().cell(0, 1), L"window");
 }
 
-TEST(ScanCommand, DoesNothingWithinAnotherScan)
+TEST(ScanCommand, CreatesTheListWithItsArguments)
 {
     ScanDesk desk;
-    const DeskWindow window(L"window", {100, 120, 420, 360});
-    Desktop desktop({window});
-    int passes = 0;
-    desktop.before_pass = [&](int) {
-        ++passes;
-        EXPECT_TRUE(is_scan_running());
-        EXPECT_EQ(onButton_Scan_Clicked(desk.host(), &hwnd_ScanListView, 0, 0, &scan_record), 1);
-        EXPECT_EQ(WndProc(desk.host(), WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), 0), 0);
-        EXPECT_EQ(hwnd_ScanListView, nullptr);
-    };
-
+    const DeskWindow window(L"window");
+    const auto own_instance = GetWindowLongPtrW(desk.host(), GWLP_HINSTANCE);
+    const auto marked_instance = own_instance + 0x1230000;
+    SetWindowLongPtrW(desk.host(), GWLP_HINSTANCE, marked_instance);
+    const ImportHook<"GetSystemMetrics", decltype(GetSystemMetrics)> metrics("user32.dll", [](int index) {
+        return index == SM_CXSCREEN ? 1003 : index == SM_CYSCREEN ? 702 : 20;
+    });
+    int lists = 0;
+    ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create(
+        "user32.dll",
+        [&](DWORD extended_style, LPCWSTR class_name, LPCWSTR title, DWORD style, int x, int y, int width,
+            int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID parameter) {
+            if (lists++ == 0) {
+                EXPECT_EQ(extended_style, 0u);
+                EXPECT_STREQ(class_name, L"List of Windows");
+                EXPECT_STREQ(title, L"List of windows");
+                EXPECT_EQ(style, 0x10CF0000u);
+                EXPECT_EQ(x, 30);
+                EXPECT_EQ(y, 30);
+                EXPECT_EQ(width, 752);
+                EXPECT_EQ(height, 526);
+                EXPECT_EQ(parent, nullptr);
+                EXPECT_EQ(menu, nullptr);
+                EXPECT_EQ(reinterpret_cast<LONG_PTR>(instance), marked_instance);
+                EXPECT_EQ(parameter, nullptr);
+            }
+            return create.call_original(extended_style, class_name, title, style, x, y, width, height, parent,
+                                        menu, reinterpret_cast<HINSTANCE>(own_instance), parameter);
+        });
     ASSERT_EQ(desk.scan(), 1);
+    EXPECT_GE(lists, 1);
+    SetWindowLongPtrW(desk.host(), GWLP_HINSTANCE, own_instance);
+}
 
-    EXPECT_EQ(passes, 2);
-    EXPECT_FALSE(is_scan_running());
-    EXPECT_EQ(desk.list().row(0), (Row{L"1", L"window", L"100", L"120", L"320", L"240"}));
+TEST(ScanCommand, LeavesTheListOfAnotherThreadAlone)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window");
+    // As when the system has given the handle of a list that is gone to another program's window.
+    FixturePrograms programs;
+    programs.add(L"other", {.title = L"Other list", .class_name = L"List of Windows"});
+    const HWND other = programs.start(L"other");
+    ASSERT_EQ(class_of(other), L"List of Windows");
+    hwnd_ScanListView = other;
+    std::vector<HWND> destroyed;
+    ImportHook<"DestroyWindow", decltype(DestroyWindow)> destroy("user32.dll", [&](HWND target) {
+        destroyed.push_back(target);
+        return destroy.call_original(target);
+    });
+    EXPECT_EQ(desk.scan(), 1);
+    EXPECT_TRUE(destroyed.empty());
+    EXPECT_TRUE(IsWindow(other));
+    EXPECT_NE(hwnd_ScanListView, other);
 }

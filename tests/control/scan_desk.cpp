@@ -2,10 +2,14 @@
 
 #include <commctrl.h>
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
 #include <utility>
 
 #include "sources/funcs_layout_windows/scan_command.h"
+#include "sources/funcs_layout_windows/scan_use.h"
+#include "sources/main_prg/main_window.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 #include "tests/support/waiting.h"
 
@@ -64,6 +68,8 @@ Desktop::Desktop(std::vector<HWND> windows_given)
           ++passes_;
           if (before_pass)
               before_pass(passes_);
+          if (passes_ == failing_pass)
+              return FALSE;
           for (const HWND window : windows) {
               if (procedure(window, lParam) == FALSE)
                   return FALSE;
@@ -89,6 +95,9 @@ ScanDesk::~ScanDesk()
 
 std::int32_t ScanDesk::scan()
 {
+    const ScanUse use;
+    if (!use.is_taken())
+        throw Failure("a scan is using the record");
     scan_record.counter_all = 0;
     scan_record.counter_valid = 0;
     scan_record.counter_filled = 0;
@@ -115,6 +124,37 @@ std::wstring own_image_path()
     wchar_t path[MAX_PATH]{};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
     return path;
+}
+
+std::wstring title_of_slot(std::uint32_t slot)
+{
+    return geometry_entry(&scan_record, slot)->title;
+}
+
+std::wstring path_of_slot(std::uint32_t slot)
+{
+    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
+}
+
+void press_scan(HWND main_window)
+{
+    EXPECT_EQ(WndProc(main_window, WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), 0), 0);
+}
+
+RecordCopy::RecordCopy()
+{
+    const auto copy = [this](const void* block, std::size_t size_bytes) {
+        const auto* bytes = static_cast<const std::uint8_t*>(block);
+        parts_.emplace_back(bytes, bytes + (bytes == nullptr ? 0 : size_bytes));
+    };
+    const std::size_t slots = scan_record.counter_valid;
+    copy(&scan_record, sizeof scan_record);
+    copy(scan_record.arr1D_ui_LenPath, slots * 4);
+    copy(scan_record.arr1D_uc_flag_FP, slots);
+    copy(scan_record.pcTmpBuf_Prg_Folder_Path, scan_record.uiSize_TmpBuf_Path);
+    copy(scan_record.pcDynMem_FullPaths, slots * (std::size_t{scan_record.uiMaxLen_inBytes_AllPath} + 1) * 2);
+    copy(scan_record.pcDynMem_WinHndls, slots * 8);
+    copy(scan_record.pcDynMem_GeomText, slots * 122);
 }
 
 } // namespace scan_tests

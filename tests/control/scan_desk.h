@@ -45,6 +45,8 @@ public:
     std::vector<HWND> windows;
     // Called before each pass, with its number counted from 1.
     std::function<void(int)> before_pass;
+    // The pass that fails without a window, 0 = none.
+    int failing_pass = 0;
 
 private:
     int passes_ = 0;
@@ -80,5 +82,23 @@ private:
 };
 
 std::wstring own_image_path();
+
+// What the scan record holds for a slot.
+std::wstring title_of_slot(std::uint32_t slot);
+std::wstring path_of_slot(std::uint32_t slot);
+
+// Presses Scan on the main window's procedure, as whoever sends it the button's command.
+void press_scan(HWND main_window);
+
+// Every byte of the scan record and of its blocks as they are now.
+class RecordCopy
+{
+public:
+    RecordCopy();
+    bool operator==(const RecordCopy&) const = default;
+
+private:
+    std::vector<std::vector<std::uint8_t>> parts_;
+};
 
 } // namespace scan_tests

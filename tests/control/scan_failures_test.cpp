@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <objbase.h>
+
 #include <cstring>
 #include <string>
 #include <vector>
@@ -199,4 +201,41 @@ TEST(ScanCommand, ShowsTheSystemsTextWhenTheListCannotBeOpened)
     boxes.expect_boxes({system_error_box(ERROR_ACCESS_DENIED)});
     EXPECT_EQ(hwnd_ScanListView, nullptr);
     expect_blocks_held(6);
+}
+
+// The folders come after the programs: a scan without them still shows its list.
+TEST(ScanCommand, OpensItsListWhenTheShellGivesNoList)
+{
+    ScanDesk desk;
+    const DeskWindow window(L"window", {100, 120, 420, 360});
+    const Desktop desktop({window});
+    const ExpectedBox no_list{
+        L"error",
+        L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\n"
+        L"line:\n2095\n\none of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
+        L"ret code hResult = -2147024882\n\nline of error handler:\n2361"};
+    for (const int failing : {kEveryCall, 1, 2}) {
+        SCOPED_TRACE(failing);
+        desk.folders.clear();
+        desk.folders.add(window, L"C:\\");
+        scan_record.counter_folders = 7;
+        scan_record.uiMaxLen_inBytes_FolderPath = 7;
+        const FailingImport<"CoCreateInstance", decltype(CoCreateInstance)> create("ole32.dll", failing,
+                                                                                   E_OUTOFMEMORY, 0);
+        const BoxWatcher boxes;
+        EXPECT_EQ(desk.scan(), 1);
+        // Counting goes on without a box.
+        if (failing == 1)
+            boxes.expect_no_boxes();
+        else
+            boxes.expect_boxes({no_list});
+        EXPECT_EQ(create.calls(), 2);
+        EXPECT_EQ(scan_record.counter_folders, failing == 2 ? 1u : 0u);
+        EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, failing == 2 ? 6u : 0u);
+        EXPECT_EQ(scan_record.counter_filled, 1u);
+        ASSERT_NE(hwnd_ScanListView, nullptr);
+        EXPECT_EQ(desk.list().row(0),
+                  (std::vector<std::wstring>{L"1", L"window", L"100", L"120", L"320", L"240"}));
+        EXPECT_EQ(scan_tests::path_of_slot(0), failing == 1 ? L"C:\\" : scan_tests::own_image_path());
+    }
 }

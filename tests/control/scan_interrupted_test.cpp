@@ -1,12 +1,16 @@
-#include "sources/funcs_layout_windows/scan_command.h"
+#include "sources/funcs_layout_windows/scan_use.h"
+
+#include <windows.h>
 
 #include <gtest/gtest.h>
 
 #include <commctrl.h>
 #include <objbase.h>
+#include <shlobj.h>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "tests/control/main_desk.h"
 #include "tests/control/scan_desk.h"
@@ -56,7 +60,7 @@ struct ClosedOnTheWay {
         boxes.expect_no_boxes();
         EXPECT_FALSE(IsWindow(main->window));
         EXPECT_EQ(hwnd_ScanListView, nullptr);
-        EXPECT_FALSE(is_scan_running());
+        EXPECT_TRUE(ScanUse().is_taken());
         EXPECT_EQ(scan_record.pcTmpBuf_Prg_Folder_Path, nullptr);
         EXPECT_EQ(scan_record.arr1D_ui_LenPath, nullptr);
         EXPECT_EQ(scan_record.pcDynMem_GeomText, nullptr);
@@ -88,21 +92,9 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileATitleIsReadEndsQuietly)
             });
         scan.expect_quiet_end();
         EXPECT_EQ(asked, pass);
-        EXPECT_EQ(scan_record.counter_valid, 1u);
+        EXPECT_EQ(scan_record.counter_valid, pass == 1 ? 0u : 1u);
         EXPECT_EQ(scan_record.counter_filled, 0u);
     }
-}
-
-TEST(ScanInterrupted, ByAClosingMainWindowBeforeItsFirstWindowEndsQuietly)
-{
-    ClosedOnTheWay scan;
-    Desktop desktop({scan.window});
-    desktop.before_pass = [&](int pass) {
-        EXPECT_EQ(pass, 1);
-        scan.close();
-    };
-    scan.expect_quiet_end();
-    EXPECT_EQ(scan_record.counter_valid, 1u);
 }
 
 TEST(ScanInterrupted, ByAClosingMainWindowWhileTheShellIsAskedEndsQuietly)
@@ -121,25 +113,51 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileTheShellIsAskedEndsQuietly)
             });
         scan.expect_quiet_end();
         EXPECT_EQ(asked, pass);
-        EXPECT_EQ(scan_record.counter_folders, 1u);
+        EXPECT_EQ(scan_record.counter_folders, pass == 1 ? 0u : 1u);
         EXPECT_EQ(scan_record.counter_filled, pass == 1 ? 0u : 1u);
     }
 }
 
-TEST(ScanInterrupted, ByAClosingMainWindowWhileATitleIsReadAsksNoOtherWindow)
+TEST(ScanInterrupted, ByAClosingMainWindowAsksNoOtherWindow)
 {
     ClosedOnTheWay scan;
     DeskWindow second(L"second");
     const Desktop desktop({scan.window, second});
+    for (const int pass : {1, 2}) {
+        SCOPED_TRACE(pass);
+        scan.open();
+        std::vector<HWND> asked;
+        ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> send(
+            "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam, UINT flags,
+                              UINT timeout, PDWORD_PTR answer) {
+                asked.push_back(target);
+                if (asked.size() == (pass == 1 ? 1u : 3u))
+                    scan.close();
+                return send.call_original(target, message, wParam, lParam, flags, timeout, answer);
+            });
+        scan.expect_quiet_end();
+        EXPECT_EQ(asked, pass == 1 ? (std::vector<HWND>{scan.window})
+                                   : (std::vector<HWND>{scan.window, second, scan.window}));
+        EXPECT_EQ(scan.desk.folders.counts().passes, pass - 1);
+    }
+}
+
+// A folder window that the shell gives without a handle is reported, but not once the main window has gone.
+TEST(ScanInterrupted, ByAClosingMainWindowWhileAFolderIsAskedForShowsNoBox)
+{
+    ClosedOnTheWay scan;
+    scan.desk.folders.clear();
+    scan.desk.folders.add(nullptr, L"C:\\windows").add(scan.window, L"C:\\windows");
+    const Desktop desktop({scan.window});
     int asked = 0;
-    ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> send(
-        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam, UINT flags, UINT timeout,
-                          PDWORD_PTR answer) {
-            if (target == scan.window && ++asked == 2)
+    ImportHook<"SHGetPathFromIDListW", decltype(SHGetPathFromIDListW)> path(
+        "shell32.dll", [&](PCIDLIST_ABSOLUTE list, LPWSTR buffer) {
+            if (++asked == 3) // after the two of the first pass
                 scan.close();
-            return send.call_original(target, message, wParam, lParam, flags, timeout, answer);
+            return path.call_original(list, buffer);
         });
     scan.expect_quiet_end();
+    EXPECT_EQ(asked, 3);
 }
 
 // The box of a row that the list refuses has no owner, so the main window can be closed below it. The list,

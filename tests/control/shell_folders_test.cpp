@@ -25,6 +25,7 @@ using profile_tests::RecordedFolderStarts;
 using profile_tests::RecordedSleeps;
 using scan_tests::Desktop;
 using scan_tests::DeskWindow;
+using scan_tests::path_of_slot;
 using scan_tests::ScanDesk;
 
 namespace
@@ -58,12 +59,6 @@ FolderWindow folder_window(HWND window, const std::wstring& path, Missing missin
     return folder;
 }
 
-// The folder the record holds for a slot.
-std::wstring path_of(std::uint32_t slot)
-{
-    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
-}
-
 Bytes one_folder(const std::u16string& path)
 {
     return ProfileEncoder().add_folder(40, 50, 410, 310, path).name(u"F").bytes();
@@ -77,7 +72,7 @@ void expect_listed_as_program(ScanDesk* desk, HWND window)
     ASSERT_EQ(desk->scan(), 1);
     boxes.expect_no_boxes();
     EXPECT_EQ(scan_record.counter_folders, 0u);
-    EXPECT_EQ(path_of(0), scan_tests::own_image_path());
+    EXPECT_EQ(path_of_slot(0), scan_tests::own_image_path());
     expect_released(desk->folders, 2);
 }
 
@@ -107,7 +102,7 @@ TEST(ShellFolders, GiveEachOfManyWindowsItsOwnFolder)
     for (std::uint32_t slot = 0; slot < scan_record.counter_valid; ++slot) {
         const auto window = std::find(handles.begin(), handles.end(), scan_record.pcDynMem_WinHndls[slot]);
         ASSERT_NE(window, handles.end());
-        EXPECT_EQ(path_of(slot), paths[static_cast<std::size_t>(window - handles.begin())]);
+        EXPECT_EQ(path_of_slot(slot), paths[static_cast<std::size_t>(window - handles.begin())]);
     }
     expect_released(desk.folders, 2);
     EXPECT_EQ(desk.folders.counts().id_lists_given, 2 * kManyWindows);
@@ -132,8 +127,8 @@ TEST(ShellFolders, VanishingWhileTheListIsReadArePassedOver)
     const BoxWatcher boxes;
     ASSERT_EQ(desk.scan(), 1);
     boxes.expect_no_boxes();
-    EXPECT_EQ(path_of(0), L"C:\\windows");
-    EXPECT_EQ(path_of(1), scan_tests::own_image_path());
+    EXPECT_EQ(path_of_slot(0), L"C:\\windows");
+    EXPECT_EQ(path_of_slot(1), scan_tests::own_image_path());
     expect_released(desk.folders, 2);
 }
 
@@ -156,12 +151,12 @@ TEST(ShellFolders, GrowingBetweenThePassesKeepToTheirSlots)
     const BoxWatcher boxes;
     ASSERT_EQ(desk.scan(), 1);
     boxes.expect_no_boxes();
-    // Slots are as wide as the longest path of the first pass: this program's own.
+    // The longest path of the first pass is this program's own; nothing longer is stored.
     const std::wstring own = scan_tests::own_image_path();
     ASSERT_LT(own.size(), deep.size());
     EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, own.size() * 2);
-    EXPECT_EQ(path_of(0), own);
-    EXPECT_EQ(path_of(1), L"C:\\windows");
+    EXPECT_EQ(path_of_slot(0), own);
+    EXPECT_EQ(path_of_slot(1), L"C:\\windows");
     expect_released(desk.folders, 2);
 }
 
@@ -180,8 +175,8 @@ TEST(ShellFolders, WithoutAHandleEndTheFillingOfTheList)
         const BoxWatcher boxes;
         EXPECT_EQ(desk.scan(), 1); // the list opens all the same
         boxes.expect_boxes({kNoHandle});
-        EXPECT_EQ(path_of(0), L"C:\\windows");
-        EXPECT_EQ(path_of(1), scan_tests::own_image_path());
+        EXPECT_EQ(path_of_slot(0), L"C:\\windows");
+        EXPECT_EQ(path_of_slot(1), scan_tests::own_image_path());
         EXPECT_EQ(desk.list().row_count(), 2);
         expect_released(desk.folders, 2);
     }

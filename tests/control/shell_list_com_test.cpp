@@ -2,12 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
+
+#include "sources/funcs_layout_windows/explorer_folders.h"
+#include "tests/control/scan_desk.h"
+#include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 
-// The shell's list and COM, which the main window uninitialises when it is closed; a message may close it
-// while the shell is asked.
+// How the shell's list is asked for, and COM, which the main window uninitialises when it is closed; a
+// message may close it while the shell is asked.
 
-using test_support::ImportHook;
+using namespace test_support;
 
 namespace
 {
@@ -17,6 +23,21 @@ bool com_is_initialised()
     APTTYPE type{};
     APTTYPEQUALIFIER qualifier{};
     return SUCCEEDED(CoGetApartmentType(&type, &qualifier));
+}
+
+std::wstring guid_text(const GUID& id)
+{
+    wchar_t text[40]{};
+    StringFromGUID2(id, text, 40);
+    return text;
+}
+
+// What the next routine finds in variables that it does not set.
+[[gnu::noinline]] void litter_stack()
+{
+    volatile std::uint8_t litter[4096];
+    for (volatile std::uint8_t& byte : litter)
+        byte = 0x55;
 }
 
 } // namespace
@@ -49,4 +70,65 @@ TEST(ShellList, IsNotMadeWhereComWasNeverInitialised)
     EXPECT_EQ(open_shell_windows(&list), CO_E_NOTINITIALIZED);
     EXPECT_FALSE(list.windows);
     EXPECT_FALSE(com_is_initialised());
+}
+
+TEST(ShellList, IsAskedForFromAnyServerWithoutOuterObject)
+{
+    const scan_tests::ScanDesk desk;
+    int asked = 0;
+    ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            ++asked;
+            EXPECT_EQ(guid_text(id), L"{9BA05972-F6A8-11CF-A442-00A0C90A8F39}");
+            EXPECT_EQ(outer, nullptr);
+            EXPECT_EQ(context, 23u);
+            EXPECT_EQ(guid_text(interface_id), L"{85CB6900-4D95-11CF-960C-0080C7F4EE85}");
+            return create.call_original(id, outer, context, interface_id, created);
+        });
+    STR_ENUM_WNDS_DATA record{};
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&record), 1);
+    EXPECT_EQ(asked, 1);
+    ShellWindowsList list;
+    EXPECT_EQ(open_shell_windows(&list), S_OK);
+}
+
+TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
+{
+    scan_tests::ScanDesk desk;
+    const scan_tests::DeskWindow window(L"window");
+    const scan_tests::Desktop desktop({window});
+    ASSERT_EQ(desk.scan(), 1);
+    ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            EXPECT_EQ(create.call_original(id, outer, context, interface_id, created), S_OK);
+            return E_FAIL;
+        });
+    desk.folders.clear();
+    desk.folders.add(window, L"C:\\");
+    const BoxWatcher boxes;
+    scan_record.counter_folders = 7;
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
+    const scan_tests::RecordCopy before;
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_TRUE(scan_tests::RecordCopy() == before);
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 0u);
+    boxes.expect_no_boxes();
+    const StandInCounts counts = desk.folders.counts();
+    EXPECT_EQ(counts.passes, 2);
+    EXPECT_EQ(counts.interfaces_given, 2); // the two lists alone
+    EXPECT_EQ(counts.interfaces_live, 0);
+    EXPECT_EQ(counts.released_too_often, 0);
+}
+
+// A list that cannot tell its number of windows may leave the number unwritten.
+TEST(ShellList, ThatCannotBeCountedIsEmpty)
+{
+    scan_tests::ScanDesk desk;
+    desk.folders.add(desk.host(), L"C:\\").fail_count(E_FAIL);
+    ShellWindowsList list;
+    ASSERT_EQ(open_shell_windows(&list), S_OK);
+    litter_stack();
+    EXPECT_EQ(count_shell_windows(list), 0);
 }

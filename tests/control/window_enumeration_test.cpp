@@ -17,21 +17,13 @@ using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::DeskWindow;
 using scan_tests::own_image_path;
+using scan_tests::path_of_slot;
 using scan_tests::pointer;
 using scan_tests::ScanDesk;
+using scan_tests::title_of_slot;
 
 namespace
 {
-
-std::wstring title_of_slot(std::uint32_t slot)
-{
-    return geometry_entry(&scan_record, slot)->title;
-}
-
-std::wstring path_of_slot(std::uint32_t slot)
-{
-    return reinterpret_cast<const wchar_t*>(path_slot(&scan_record, slot));
-}
 
 // Letters that differ, so that a title cut in the wrong place shows.
 std::wstring title_of_length(std::size_t units)

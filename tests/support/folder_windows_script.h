@@ -71,7 +71,7 @@ public:
 
     // Creating the list object fails with this result (S_OK: works).
     void fail_creation(HRESULT result);
-    // Asking for the number of windows gives this result, and the number 0.
+    // Asking for the number of windows gives this result, and no number.
     void fail_count(HRESULT result);
     // The list claims so many windows more than it has; asked for, they are not there.
     void claim_more(int windows);

@@ -117,7 +117,7 @@ private:
     IShellWindows* list_ = nullptr;
     HRESULT creation_ = S_OK;
     HRESULT count_result_ = S_OK;
-    LONG count_ = 0;
+    LONG count_ = -1;
     std::vector<std::wstring> seen_;
 };
 
@@ -191,6 +191,16 @@ TEST_F(FolderWindows, ChangeBetweenPasses)
     EXPECT_EQ(script.counts().passes, 3);
 }
 
+TEST_F(FolderWindows, AreThoseOfALaterScript)
+{
+    for (const wchar_t* path : {L"C:\\", L"C:\\windows"}) {
+        FolderWindowsScript script;
+        script.add(nullptr, path);
+        EXPECT_EQ(Walk().seen(), Seen{std::wstring(L"0 ") + path});
+        EXPECT_EQ(script.counts().passes, 1);
+    }
+}
+
 TEST_F(FolderWindows, FailAsTold)
 {
     FolderWindowsScript script;
@@ -199,7 +209,7 @@ TEST_F(FolderWindows, FailAsTold)
     EXPECT_EQ(Walk().seen(), (Seen{L"0 C:\\", L"item", L"item"}));
     script.fail_count(E_NOTIMPL);
     EXPECT_EQ(Walk().count_result(), E_NOTIMPL);
-    EXPECT_EQ(Walk().count(), 0);
+    EXPECT_EQ(Walk().count(), -1); // not written
     script.fail_creation(E_OUTOFMEMORY);
     EXPECT_EQ(Walk().creation(), E_OUTOFMEMORY);
 }

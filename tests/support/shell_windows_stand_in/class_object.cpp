@@ -28,7 +28,6 @@ public:
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override
     {
         const Script* script = current_script();
-        *count = 0;
         if (script && FAILED(script->count_result))
             return script->count_result;
         *count = static_cast<LONG>(entries_.size()) + (script ? script->claimed_more : 0);

@@ -6,17 +6,19 @@ namespace test_support::stand_in
 namespace
 {
 
-// Kept once found: the memory lives as long as somebody looks at it, and a later script of the same
-// name is the same memory.
+// Kept as long as it is at work. One that has ended is looked for anew: a later script of the same name is
+// other memory, unless somebody has kept the name alive.
 Script* mapped_script()
 {
     static Script* mapped = nullptr;
-    if (!mapped) {
-        const HANDLE mapping = OpenFileMappingW(FILE_MAP_ALL_ACCESS, FALSE, kScriptName);
-        if (mapping) {
-            mapped = static_cast<Script*>(MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(Script)));
-            CloseHandle(mapping);
-        }
+    if (mapped && mapped->active)
+        return mapped;
+    const HANDLE mapping = OpenFileMappingW(FILE_MAP_ALL_ACCESS, FALSE, kScriptName);
+    if (mapping) {
+        if (mapped)
+            UnmapViewOfFile(mapped);
+        mapped = static_cast<Script*>(MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(Script)));
+        CloseHandle(mapping);
     }
     return mapped;
 }

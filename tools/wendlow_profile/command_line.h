@@ -1,0 +1,16 @@
+// The tool's command line.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/wendlow_profile/commands.h"
+
+namespace profile_tool
+{
+
+// Carries out what the arguments, UTF-8 and without the program's own name, ask for.
+ExitCode run_command_line(const std::vector<std::string>& arguments, const Surroundings& surroundings,
+                          Output* output);
+
+} // namespace profile_tool

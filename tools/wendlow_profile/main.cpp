@@ -1,0 +1,54 @@
+// wendlow-profile: shows, checks, converts, mends and opens profiles.
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "tools/wendlow_profile/command_line.h"
+#include "tools/wendlow_profile/platform.h"
+
+#ifdef _WIN32
+#include "tools/wendlow_profile/console.h"
+#endif
+
+namespace
+{
+
+#ifndef _WIN32
+bool put(std::FILE* stream, const std::string& text)
+{
+    return std::fwrite(text.data(), 1, text.size(), stream) == text.size() && std::fflush(stream) == 0;
+}
+#endif
+
+int run(const std::vector<std::string>& arguments)
+{
+    profile_tool::Output output;
+    int result = profile_tool::EXIT_UNREADABLE;
+    try {
+        result = profile_tool::run_command_line(arguments, profile_tool::platform::surroundings(), &output);
+    } catch (const std::exception& error) {
+        output.err += std::string("wendlow-profile: ") + error.what() + "\n";
+    }
+#ifdef _WIN32
+    const bool is_put =
+        profile_tool::put_on_console(true, output.err) && profile_tool::put_on_console(false, output.out);
+#else
+    const bool is_put = put(stderr, output.err) && put(stdout, output.out);
+#endif
+    return is_put ? result : profile_tool::EXIT_UNREADABLE;
+}
+
+} // namespace
+
+#ifdef _WIN32
+int wmain(int, wchar_t** argv)
+{
+    return run(profile_tool::utf8_arguments(argv));
+}
+#else
+int main(int argc, char** argv)
+{
+    return run(std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc));
+}
+#endif

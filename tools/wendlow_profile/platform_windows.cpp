@@ -1,0 +1,213 @@
+// The system's part on Windows.
+#include "tools/wendlow_profile/platform.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "tools/wendlow_profile/opening.h"
+#include "tools/wendlow_profile/wide_text.h"
+
+namespace profile_tool::platform
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kFile_max_bytes = 0xFFFFFFFF; // the program reads 32 bits of a file's size
+constexpr DWORD kCall_max_bytes = 1 << 20;
+constexpr int kTemporaryNames = 100;
+
+class Handle
+{
+public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle() { close(); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    [[nodiscard]] HANDLE get() const { return handle_; }
+    [[nodiscard]] bool is_open() const { return handle_ != INVALID_HANDLE_VALUE; }
+    void close()
+    {
+        if (is_open())
+            CloseHandle(handle_);
+        handle_ = INVALID_HANDLE_VALUE;
+    }
+
+private:
+    HANDLE handle_;
+};
+
+bool fail(DWORD error, std::string* why)
+{
+    wchar_t text[512] = L"";
+    const DWORD units = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
+                                           FORMAT_MESSAGE_MAX_WIDTH_MASK,
+                                       nullptr, error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
+    *why = units == 0 ? "error " + std::to_string(error)
+                      : utf8_of(units_of_wide(std::wstring_view(text, units)));
+    while (why->ends_with(' '))
+        why->pop_back();
+    return false;
+}
+
+DWORD write_all(HANDLE file, ByteView bytes)
+{
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), kCall_max_bytes));
+        if (WriteFile(file, bytes.data(), part, &written, nullptr) == FALSE)
+            return GetLastError();
+        bytes = bytes.subspan(written);
+    }
+    return FlushFileBuffers(file) == FALSE ? GetLastError() : ERROR_SUCCESS;
+}
+
+// Creates the file with these bytes; leaves none that is not whole.
+bool create(const std::wstring& path, ByteView bytes, bool* exists, std::string* why)
+{
+    Handle file(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.is_open()) {
+        const DWORD error = GetLastError();
+        *exists = error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
+        return fail(error, why);
+    }
+    const DWORD error = write_all(file.get(), bytes);
+    file.close();
+    if (error == ERROR_SUCCESS)
+        return true;
+    DeleteFileW(path.c_str());
+    return fail(error, why);
+}
+
+BOOL CALLBACK add_monitor(HMONITOR, HDC, RECT* rectangle, LPARAM monitors)
+{
+    reinterpret_cast<std::vector<MonitorRectangle>*>(monitors)->push_back(
+        {rectangle->left, rectangle->top, rectangle->right, rectangle->bottom});
+    return TRUE;
+}
+
+} // namespace
+
+bool read_file(const std::string& path, Bytes* bytes, std::string* why)
+{
+    const Handle file(CreateFileW(wide_of(path).c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.is_open())
+        return fail(GetLastError(), why);
+    Bytes all;
+    for (;;) {
+        const std::size_t size = all.size();
+        if (size > kFile_max_bytes) {
+            *why = "it has 4 GiB or more, the program reads no file of that size";
+            return false;
+        }
+        all.resize(size + kCall_max_bytes);
+        DWORD read = 0;
+        if (ReadFile(file.get(), all.data() + size, kCall_max_bytes, &read, nullptr) == FALSE) {
+            // The other end of a pipe that has been written to its end.
+            if (GetLastError() != ERROR_BROKEN_PIPE)
+                return fail(GetLastError(), why);
+            read = 0;
+        }
+        all.resize(size + read);
+        if (read == 0)
+            break;
+    }
+    *bytes = std::move(all);
+    return true;
+}
+
+bool write_new_file(const std::string& path, ByteView bytes, bool* exists, std::string* why)
+{
+    *exists = false;
+    return create(wide_of(path), bytes, exists, why);
+}
+
+bool replace_file(const std::string& path, ByteView bytes, std::string* why)
+{
+    const std::wstring target = wide_of(path);
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        *why = "it is no ordinary file";
+        return false;
+    }
+    for (int i = 0; i < kTemporaryNames; ++i) {
+        const std::wstring temporary =
+            target + L"." + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(i) + L".tmp";
+        bool exists = false;
+        if (!create(temporary, bytes, &exists, why)) {
+            if (exists)
+                continue;
+            return false;
+        }
+        if (MoveFileExW(temporary.c_str(), target.c_str(),
+                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE)
+            return true;
+        fail(GetLastError(), why);
+        DeleteFileW(temporary.c_str());
+        return false;
+    }
+    return false;
+}
+
+bool find_files(const std::string& folder, const std::function<bool(const std::u16string&)>& wants,
+                const std::function<void(const std::u16string& name, const std::u16string& path)>& found,
+                std::string* why)
+{
+    std::error_code error;
+    const fs::path root = fs::absolute(fs::path(wide_of(folder)), error);
+    fs::recursive_directory_iterator walk;
+    if (!error)
+        walk = fs::recursive_directory_iterator(root, fs::directory_options::skip_permission_denied, error);
+    for (; !error && walk != fs::recursive_directory_iterator(); walk.increment(error)) {
+        std::error_code unknown;
+        const std::u16string name = without_case(units_of_wide(walk->path().filename().wstring()));
+        if (!wants(name) || !walk->is_regular_file(unknown))
+            continue;
+        std::wstring path = walk->path().wstring();
+        std::replace(path.begin(), path.end(), L'/', L'\\');
+        found(name, units_of_wide(path));
+    }
+    if (error)
+        *why = error.message();
+    return !error;
+}
+
+void put_in_capitals(std::u16string* text)
+{
+    const std::wstring wide = wide_of(*text);
+    std::wstring capitals = wide;
+    const int units = static_cast<int>(wide.size());
+    if (LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, wide.c_str(), units, capitals.data(), units,
+                      nullptr, nullptr, 0) == units)
+        *text = units_of_wide(capitals);
+}
+
+Surroundings surroundings()
+{
+    Surroundings here;
+    here.is_there = [](const std::u16string& path) {
+        return GetFileAttributesW(wide_of(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    };
+    // Profiles hold real pixels.
+    SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    EnumDisplayMonitors(nullptr, nullptr, add_monitor, reinterpret_cast<LPARAM>(&here.monitors));
+    return here;
+}
+
+std::optional<std::string> open_profile(const std::string& path)
+{
+    const std::optional<std::wstring> wrong = open_in_wendlow(wide_of(path));
+    if (!wrong)
+        return std::nullopt;
+    return utf8_of(units_of_wide(*wrong));
+}
+
+} // namespace profile_tool::platform

@@ -134,13 +134,16 @@ ExitCode run_command_line(const std::vector<std::string>& arguments, const Surro
     Command chosen;
     CLI::App app(kDescription, "wendlow-profile");
     app.footer(kFooter);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
+    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     add_show(&app, &parsed, output, &chosen);
     add_check(&app, &parsed, surroundings, output, &chosen);
     add_to_json(&app, &parsed, output, &chosen);
     add_from_json(&app, &parsed, output, &chosen);
     add_relink(&app, &parsed, surroundings, output, &chosen);
     add_open(&app, &parsed, output, &chosen);
+    for (CLI::App* command : app.get_subcommands({}))
+        command->group("Commands");
     try {
         // It takes them from the end.
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
@@ -154,7 +157,10 @@ ExitCode run_command_line(const std::vector<std::string>& arguments, const Surro
         output->err += "wendlow-profile: " + err.str();
         return EXIT_USAGE;
     }
-    return chosen();
+    if (chosen)
+        return chosen();
+    output->err += "wendlow-profile: COMMAND is required\nRun with --help for more information.\n";
+    return EXIT_USAGE;
 }
 
 } // namespace profile_tool

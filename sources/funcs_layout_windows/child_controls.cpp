@@ -29,19 +29,18 @@ WNDCLASSEXW common_window_class(HINSTANCE instance, const wchar_t* class_name, W
     return window_class;
 }
 
-void register_secondary_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure)
+bool register_secondary_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure)
 {
     WNDCLASSEXW window_class = common_window_class(instance, class_name, procedure);
     window_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
     window_class.hIconSm = LoadIconW(nullptr, IDI_APPLICATION);
     window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    RegisterClassExW(&window_class);
+    return RegisterClassExW(&window_class) != 0;
 }
 
 void register_secondary_window_class_once(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure,
                                           bool* registered)
 {
     if (!*registered)
-        register_secondary_window_class(instance, class_name, procedure);
-    *registered = true;
+        *registered = register_secondary_window_class(instance, class_name, procedure);
 }

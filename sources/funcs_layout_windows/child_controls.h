@@ -23,9 +23,9 @@ RECT to_RECT(const PixelRect& rect);
 WNDCLASSEXW common_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure);
 
 // Registers the class of a window other than the main window: the system's application icon, white
-// background, no menu.
-void register_secondary_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure);
+// background, no menu. False when the system refuses.
+bool register_secondary_window_class(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure);
 
-// The same once per run: `registered` remembers it.
+// The same once per run: `registered` remembers that it succeeded.
 void register_secondary_window_class_once(HINSTANCE instance, const wchar_t* class_name, WNDPROC procedure,
                                           bool* registered);

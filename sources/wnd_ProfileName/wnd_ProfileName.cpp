@@ -51,7 +51,10 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* st
         return;
     }
     state->hwnd_ListWindows = *p_hwnd_ListWindows;
-    state->i_outer_width = creation->cx;
+    // The system may have made the window wider than it was asked to.
+    RECT outer{};
+    GetWindowRect(hwnd, &outer);
+    state->i_outer_width = outer.right - outer.left;
     state->layout = compute_profile_name_layout(state->i_outer_width, GetSystemMetrics(SM_CXSCREEN),
                                                 GetSystemMetrics(SM_CYSCREEN));
     const HINSTANCE instance = creation->hInstance;

@@ -1,6 +1,7 @@
 #include "sources/wnd_ScanListView/create_profile.h"
 
 #include "errors/system_error_box.h"
+#include "sources/win32/window_class.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 
@@ -52,6 +53,8 @@ std::int32_t onButton_Create_Profile(HWND hwndThis, HWND hwndLV, HWND* p_hwnd_Pr
     pSTR_RW_PRFL->N_wnds_in_profile = count_ticked_rows(hwndLV, n_rows);
     if (pSTR_RW_PRFL->N_wnds_in_profile == 0)
         return report_owned(hwndThis, errors_scan_list, SITE_CREATE_PROFILE_NOTHING_TICKED);
+    // One that is still open asks for a profile that is abandoned now.
+    destroy_own_window_of_class(*p_hwnd_ProfileName, kClass_ProfileName);
     const std::int32_t allocated = DynMemAlloc_wnds_Profile(pSTR_RW_PRFL, pSTR_ENUM_WNDS_DATA);
     if (allocated < 0)
         return report(errors_scan_list, SITE_CREATE_PROFILE_ALLOCATION, allocated);

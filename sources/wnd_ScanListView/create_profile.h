@@ -13,8 +13,9 @@ inline constexpr std::int32_t kCreateProfile_no_indexes = -3;
 inline constexpr std::int32_t kCreateProfile_callee_failed = -4;
 
 // Copies the ticked rows of the list from the scan record into the write record, which the caller has
-// cleared, and opens the profile name window; its handle is stored in `p_hwnd_ProfileName`. An info box is
-// shown, and nothing opened, when nothing is ticked; boxes when the window cannot be created. Both return 1.
+// cleared, and opens the profile name window in the place of one that `p_hwnd_ProfileName` names; its handle
+// is stored there. When nothing is ticked an info box is shown, nothing opened and nothing closed; boxes are
+// shown when the window cannot be created. Both return 1.
 std::int32_t onButton_Create_Profile(HWND hwndThis, HWND hwndLV, HWND* p_hwnd_ProfileName,
                                      STR_RW_PRFL* pSTR_RW_PRFL,
                                      const STR_ENUM_WNDS_DATA* pSTR_ENUM_WNDS_DATA);

@@ -30,36 +30,48 @@ bool choose_file(HWND owner, SavePath* path)
     return GetSaveFileNameW(&dialog) != FALSE;
 }
 
-// The codes of the system calls of a save; ERROR_SUCCESS where there was no failure.
+// Creates the file; a failure is told to the user and gives INVALID_HANDLE_VALUE.
+HANDLE create_file(const wchar_t* path)
+{
+    const HANDLE file = CreateFileW(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file != INVALID_HANDLE_VALUE)
+        return file;
+    const DWORD error = GetLastError();
+    if (error == ERROR_FILE_EXISTS)
+        report(errors_scan_list, SITE_NAME_ARRIVAL_FILE_EXISTS);
+    else
+        report(errors_scan_list, SITE_NAME_ARRIVAL_CREATE_FILE, error);
+    return INVALID_HANDLE_VALUE;
+}
+
+// Why a file that was created holds no profile; ERROR_SUCCESS where there was no failure.
 struct SaveErrors {
-    DWORD create;
     DWORD write;
     DWORD remove;
 };
 
 // Closes the file; one that was created but not wholly written is emptied and deleted. Where it cannot be
 // deleted the emptied file is left: no reader takes it for a profile.
-void close_file(HANDLE file, const wchar_t* path, SaveErrors* errors)
+SaveErrors close_file(HANDLE file, const wchar_t* path, DWORD write_error)
 {
     if (file == INVALID_HANDLE_VALUE)
-        return;
-    if (errors->write != ERROR_SUCCESS) {
+        return {};
+    SaveErrors errors{.write = write_error, .remove = ERROR_SUCCESS};
+    if (write_error != ERROR_SUCCESS) {
         SetFilePointer(file, 0, nullptr, FILE_BEGIN);
         SetEndOfFile(file);
     }
     CloseHandle(file);
-    if (errors->write != ERROR_SUCCESS && DeleteFileW(path) == FALSE)
-        errors->remove = GetLastError();
+    if (write_error != ERROR_SUCCESS && DeleteFileW(path) == FALSE)
+        errors.remove = GetLastError();
+    return errors;
 }
 
-// Tells the user when there is no new profile.
+// Tells the user when the new file holds no profile.
 void report_outcome(const SaveErrors& errors)
 {
-    if (errors.create == ERROR_FILE_EXISTS)
-        report(errors_scan_list, SITE_NAME_ARRIVAL_FILE_EXISTS);
-    else if (errors.create != ERROR_SUCCESS)
-        report(errors_scan_list, SITE_NAME_ARRIVAL_CREATE_FILE, errors.create);
-    else if (errors.remove != ERROR_SUCCESS)
+    if (errors.remove != ERROR_SUCCESS)
         report(errors_scan_list, SITE_NAME_ARRIVAL_NOT_DELETED, errors.write, errors.remove);
     else if (errors.write != ERROR_SUCCESS)
         report(errors_scan_list, SITE_NAME_ARRIVAL_NOT_WRITTEN, errors.write);
@@ -80,21 +92,17 @@ std::int32_t on_WM_COPYDATA_on_wnd_NameOfProfile(HWND hwnd_wnd_ListOfWnds, HWND 
     SavePath path{L"Profile_01"};
     if (!choose_file(hwnd_wnd_ListOfWnds, &path))
         return kNameArrival_cancelled;
-    // A file that exists gives a failed handle. The writer still runs on it, and its writes come to nothing.
-    const HANDLE file = CreateFileW(path.data(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    SaveErrors errors{};
-    errors.create = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+    // Quirk: the writer runs on a failed handle as well, and its writes come to nothing; what it has to
+    // refuse is then still told.
+    const HANDLE file = create_file(path.data());
     const std::int32_t written = WriteData_Profile(
         file, pSTR_RW_PRFL, pSTR_RW_PRFL->N_wnds_in_profile, pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder,
         pSTR_RW_PRFL->p_arr1D_ui_x, pSTR_RW_PRFL->p_arr1D_ui_y, pSTR_RW_PRFL->p_arr1D_ui_w,
         pSTR_RW_PRFL->p_arr1D_ui_h, pSTR_RW_PRFL->p_arr1D_ui_len_path, pSTR_RW_PRFL->p_arr_strz_paths);
     if (written < 0) // The handle stays open and the arrays stay allocated.
         return report(errors_scan_list, SITE_NAME_ARRIVAL_WRITER_FAILED, written);
-    errors.write = GetLastError();
-    close_file(file, path.data(), &errors);
+    const SaveErrors errors = close_file(file, path.data(), GetLastError());
     const std::int32_t freed = FreeDynMem_wnds_Profile(pSTR_RW_PRFL);
-    // Boxes come last: below one, another Create Profile may fill the record anew.
     report_outcome(errors);
     if (freed < 0)
         return report(errors_scan_list, SITE_NAME_ARRIVAL_FREE_FAILED, freed);

@@ -45,6 +45,20 @@ ScanListState scan_list;
 // Kept with a window that has begun to destroy itself.
 constexpr LONG_PTR kBeing_destroyed = 1;
 
+// A save uses the write record, whichever list has begun it: no other name is taken and no other profile
+// gathered until it has ended.
+bool save_under_way = false;
+
+// Marks a save as under way up to the end of the scope.
+class SaveUnderWay
+{
+public:
+    SaveUnderWay() { save_under_way = true; }
+    SaveUnderWay(const SaveUnderWay&) = delete;
+    SaveUnderWay& operator=(const SaveUnderWay&) = delete;
+    ~SaveUnderWay() { save_under_way = false; }
+};
+
 // Forgets everything but the write record, which lives as long as the program.
 void reset_state(ScanListState* state)
 {
@@ -144,11 +158,9 @@ void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state
 
 void on_Create_Profile(HWND hwnd, ScanListState* state)
 {
-    // The save dialog is open above this window, and the save uses the record; commands can still be posted.
-    if (IsWindowEnabled(hwnd) == FALSE)
+    if (save_under_way) // Below its dialog and boxes commands still arrive.
         return;
-    // A name window that is still open asks for a profile that is abandoned now, and so are its arrays.
-    destroy_own_window_of_class(state->hwnd_ProfileName, kClass_ProfileName);
+    // Arrays that are still there are those of a profile that is abandoned now.
     FreeDynMem_wnds_Profile(&state->RW_PRFL);
     state->RW_PRFL = {};
     const std::int32_t result =
@@ -170,17 +182,29 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state
         state->hwnd_ModifyCell = create_wnd_ModifyCell(hwnd, state->hwndLV, &state->hit_cell);
 }
 
-// Takes the name that arrived into the write record, at most as many units as it has room for.
+// Takes the name that arrived into the write record, at most as many units as it has room for; none when it
+// is said to be nowhere.
 void keep_profile_name(const COPYDATASTRUCT* data, STR_RW_PRFL* record)
 {
-    const std::size_t length_units = std::min(data->cbData / sizeof(wchar_t), record->tc_PrfName.size());
-    std::memcpy(record->tc_PrfName.data(), data->lpData, length_units * sizeof(wchar_t));
+    const std::size_t sent_units = data->lpData == nullptr ? 0 : data->cbData / sizeof(wchar_t);
+    const std::size_t length_units = std::min(sent_units, record->tc_PrfName.size());
+    if (length_units != 0)
+        std::memcpy(record->tc_PrfName.data(), data->lpData, length_units * sizeof(wchar_t));
     record->ui_len_PrfName_bytes = static_cast<std::uint32_t>(length_units * sizeof(wchar_t));
 }
 
-// The profile's name from the profile name window. Answered FALSE when the save ends with a negative result,
-// and for a name that does not come from that window: other programs may send this message as well. A missing
-// sender is refused with a box further down.
+// Saves the profile in the write record under the name that arrived. Returns 1, also when the user cancelled;
+// a negative result after its box.
+std::int32_t save_profile(HWND hwnd, HWND sender, const COPYDATASTRUCT* name, STR_RW_PRFL* record)
+{
+    const SaveUnderWay under_way;
+    keep_profile_name(name, record);
+    const std::int32_t result = on_WM_COPYDATA_on_wnd_NameOfProfile(hwnd, sender, &scan_record, record);
+    return result == kNameArrival_cancelled ? FreeDynMem_wnds_Profile(record) : result;
+}
+
+// A profile's name, from whichever window it comes. Answered FALSE when the save ends with a negative result,
+// and without taking the name while another save is under way.
 LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanListState* state)
 {
     state->hwnd_COPYDATA_from = sender;
@@ -188,16 +212,9 @@ LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanL
         return FALSE;
     if (static_cast<DWORD>(data->dwData) != kProfileName_dwData)
         return TRUE;
-    const bool from_name_window = is_own_window_of_class(sender, kClass_ProfileName);
-    if (data->lpData == nullptr || (sender != nullptr && !from_name_window))
+    if (save_under_way)
         return FALSE;
-    if (from_name_window)
-        keep_profile_name(data, &state->RW_PRFL);
-    std::int32_t result = on_WM_COPYDATA_on_wnd_NameOfProfile(hwnd, sender, &scan_record, &state->RW_PRFL);
-    if (result == kNameArrival_cancelled) {
-        // When the list has gone with its dialog, the record may be another list's already.
-        result = IsWindow(hwnd) != FALSE ? FreeDynMem_wnds_Profile(&state->RW_PRFL) : 1;
-    }
+    const std::int32_t result = save_profile(hwnd, sender, data, &state->RW_PRFL);
     if (result >= 0)
         return TRUE;
     report(errors_scan_list, SITE_LIST_NAME_FAILED, result);

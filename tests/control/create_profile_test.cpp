@@ -15,17 +15,15 @@ using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::ExpectedBox;
 using test_support::FailingImport;
+using test_support::hex;
 using test_support::ImportHook;
+using test_support::read_file;
 using test_support::system_error_box;
+using test_support::TemporaryFolder;
 
 const ExpectedBox kNothingTicked{
     L"info", L"There are no selected items.\nTo create profile - select items you want to include\nand then "
              L"press button Create Profile."};
-
-ExpectedBox save_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
-{
-    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
-}
 
 ExpectedBox list_box(const std::wstring& result)
 {
@@ -49,6 +47,24 @@ private:
             blocks.push_back(block);
             return block;
         }};
+};
+
+// Keeps the list's notifications from its window, which would take the highlight off a row without a tick.
+class WithoutNotifications
+{
+public:
+    explicit WithoutNotifications(HWND window)
+    {
+        previous_ = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure)));
+    }
+
+private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow)
+    {
+        return message == WM_NOTIFY ? 0 : CallWindowProcW(previous_, window, message, wide, narrow);
+    }
+    static inline WNDPROC previous_ = nullptr;
 };
 
 } // namespace
@@ -112,6 +128,48 @@ TEST(CreateProfile, OpensOneNameWindowHoweverOftenItIsPressed)
     EXPECT_NE(name_window(), nullptr);
     DestroyWindow(list.window);
     EXPECT_EQ(name_window(), nullptr);
+}
+
+TEST(CreateProfile, LeavesAnOpenNameWindowWhenNothingIsTicked)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const HWND first = list.ask_name_for({1});
+    SetWindowTextW(GetDlgItem(first, 3), L"typed");
+    list.untick(1);
+    const Releases releases("kernel32.dll", -1, TRUE, 0);
+    const BoxWatcher boxes;
+    list.press_create_profile();
+    boxes.expect_boxes({kNothingTicked});
+    EXPECT_EQ(name_window(), first);
+    wchar_t typed[8] = {};
+    GetWindowTextW(GetDlgItem(first, 3), typed, 8);
+    EXPECT_STREQ(typed, L"typed");
+    EXPECT_EQ(releases.calls(), 8); // its profile is abandoned all the same
+    EXPECT_NE(list.ask_name_for({2}), first);
+    EXPECT_FALSE(IsWindow(first));
+    EXPECT_EQ(boxes.count(), 1u);
+}
+
+TEST(CreateProfile, SavesNoRowThatIsOnlyHighlighted)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const WithoutNotifications quiet(list.window);
+    list.highlight(2);
+    ASSERT_TRUE(list.is_highlighted(2));
+    const BoxWatcher boxes;
+    list.press_create_profile();
+    boxes.expect_boxes({kNothingTicked});
+    EXPECT_EQ(name_window(), nullptr);
+    const TemporaryFolder folder;
+    AnsweredSaveDialog dialog(folder.file(L"ticked.txt"));
+    const HWND name = list.ask_name_for({5});
+    ASSERT_TRUE(list.is_highlighted(2));
+    ASSERT_FALSE(list.is_highlighted(5));
+    enter_name(name, L"x");
+    EXPECT_EQ(hex(read_file(folder.file(L"ticked.txt"))), hex(profile_of(ten_windows(), {5}, u"x")));
+    EXPECT_EQ(boxes.count(), 1u);
 }
 
 TEST(CreateProfile, GivesBackTheArraysOfAProfileThatWasAbandoned)

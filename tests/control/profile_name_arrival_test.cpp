@@ -121,7 +121,82 @@ TEST(ProfileSaving, TakesAtMost256UnitsAndWholeUnitsOnly)
     EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"nnn")));
 }
 
-TEST(ProfileSaving, IgnoresOtherMessagesAndStrangers)
+TEST(ProfileSaving, CreatesNoFileAfterEitherCancel)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const TemporaryFolder folder;
+    SetCurrentDirectoryW(folder.path().c_str()); // where a name without a folder would go
+    const FailingImport<"CreateFileW", decltype(CreateFileW)> creations("kernel32.dll", -1, nullptr, 0);
+    BoxWatcher boxes;
+    {
+        AnsweredSaveDialog dialog(folder.file(L"name cancelled.txt"));
+        const HWND name = list.ask_name_for({1});
+        SetWindowTextW(GetDlgItem(name, 3), L"x");
+        SendMessageW(name, WM_COMMAND, 2, 0);
+        EXPECT_FALSE(IsWindow(name));
+        EXPECT_EQ(dialog.asked, 0);
+    }
+    {
+        AnsweredSaveDialog dialog(L"");
+        dialog.look = [&](const OPENFILENAMEW& settings) { // a path is entered before Cancel
+            const std::wstring path = folder.file(L"dialog cancelled.txt");
+            path.copy(settings.lpstrFile, path.size());
+        };
+        enter_name(list.ask_name_for({}), L"x");
+        EXPECT_EQ(dialog.asked, 1);
+    }
+    EXPECT_EQ(creations.calls(), 0);
+    EXPECT_EQ(folder.names(), std::vector<std::wstring>{});
+    boxes.expect_no_boxes();
+    SetCurrentDirectoryW(L"C:\\");
+}
+
+TEST(ProfileSaving, TakesTheNameFromWhicheverWindowSendsIt)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"saved.txt");
+    const OwnWindow other(L"other");
+    BoxWatcher boxes;
+    const HWND senders[] = {list.window, list.list, other, GetDesktopWindow(),
+                            reinterpret_cast<HWND>(std::uintptr_t{0xDEAD'BEEF})};
+    for (const HWND sender : senders) {
+        AnsweredSaveDialog dialog(path);
+        const HWND name = list.ask_name_for({1});
+        const bool was_there = IsWindow(sender) != FALSE;
+        EXPECT_EQ(send_name(list, sender, 0, L"Stranger", 16), TRUE);
+        EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"Stranger")));
+        EXPECT_EQ(IsWindow(sender) != FALSE, was_there);
+        EXPECT_TRUE(IsWindow(name)) << "it has sent nothing";
+        DeleteFileW(path.c_str());
+    }
+    boxes.expect_no_boxes();
+}
+
+TEST(ProfileSaving, TakesANameThatIsNowhereForAnEmptyOne)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"saved.txt");
+    AnsweredSaveDialog dialog(path);
+    BoxWatcher boxes;
+    for (const DWORD bytes : {0U, 2U, 512U, 0xFFFF'FFFFU}) {
+        SCOPED_TRACE(bytes);
+        EXPECT_EQ(send_name(list, list.ask_name_for({1}), 0, L"Before", 12), TRUE);
+        DeleteFileW(path.c_str());
+        EXPECT_EQ(send_name_at(list, list.ask_name_for({1}), 0, nullptr, bytes), TRUE);
+        EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"")));
+        DeleteFileW(path.c_str());
+    }
+    EXPECT_EQ(send_name(list, list.ask_name_for({1}), 0, L"x", 0), TRUE);
+    EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"")));
+    boxes.expect_no_boxes();
+}
+
+TEST(ProfileSaving, IgnoresDataOfOtherKindsAndMissingData)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -130,7 +205,6 @@ TEST(ProfileSaving, IgnoresOtherMessagesAndStrangers)
     BoxWatcher boxes;
     EXPECT_EQ(send_name(list, name, 1, L"x", 2), TRUE);
     EXPECT_TRUE(IsWindow(name));
-    EXPECT_EQ(send_name(list, list.window, 0, L"x", 2), FALSE);
     EXPECT_EQ(SendMessageW(list.window, WM_COPYDATA, reinterpret_cast<WPARAM>(name), 0), FALSE);
     EXPECT_EQ(dialog.asked, 0);
     EXPECT_TRUE(IsWindow(name));

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "tests/control/profile_desk.h"
+#include "tests/control/profile_name_desk.h"
 #include "tests/support/waiting.h"
 
 namespace
@@ -19,93 +20,6 @@ using test_support::pump_messages;
 ExpectedBox name_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
 {
     return {L"error", compact_text({L"sources/wnd_ProfileName", function, site, handler}, detail)};
-}
-
-// An owner that keeps what it is told and answers like the List of Windows window, without destroying.
-class Owner
-{
-public:
-    Owner() : window_(L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {200, 100, 600, 400})
-    {
-        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&procedure));
-    }
-    HWND window() const { return window_; }
-
-    struct Told {
-        HWND from;
-        ULONG_PTR data;
-        DWORD bytes;
-        std::wstring name;
-    };
-    std::vector<Told> told;
-
-private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow)
-    {
-        if (message != WM_COPYDATA)
-            return DefWindowProcW(window, message, wide, narrow);
-        const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(narrow);
-        reinterpret_cast<Owner*>(GetWindowLongPtrW(window, GWLP_USERDATA))
-            ->told.push_back({reinterpret_cast<HWND>(wide), data->dwData, data->cbData,
-                              std::wstring(static_cast<const wchar_t*>(data->lpData), data->cbData / 2)});
-        return TRUE;
-    }
-
-    OwnWindow window_;
-};
-
-// The window as Create Profile opens it.
-class NameWindow
-{
-public:
-    explicit NameWindow(HWND owner) : window_(create_wnd_ProfileName(owner))
-    {
-        ShowWindow(window_, SW_SHOW);
-        UpdateWindow(window_);
-        pump_messages();
-    }
-    ~NameWindow()
-    {
-        if (IsWindow(window_))
-            DestroyWindow(window_);
-    }
-    NameWindow(const NameWindow&) = delete;
-    NameWindow& operator=(const NameWindow&) = delete;
-    operator HWND() const { return window_; }
-    HWND control(int id) const { return GetDlgItem(window_, id); }
-    HWND edit() const { return control(3); }
-    void press(int id) const { SendMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0); }
-    std::wstring typed() const
-    {
-        std::wstring text(1024, L'\0');
-        text.resize(static_cast<std::size_t>(GetWindowTextW(edit(), text.data(), 1024)));
-        return text;
-    }
-
-private:
-    HWND window_;
-};
-
-int part(float factor, int screen)
-{
-    return static_cast<int>(factor * static_cast<float>(screen));
-}
-
-// Where a child stands, in its parent's client area.
-std::string place_in_parent(HWND child)
-{
-    RECT place{};
-    GetWindowRect(child, &place);
-    MapWindowPoints(nullptr, GetParent(child), reinterpret_cast<POINT*>(&place), 2);
-    return std::to_string(place.left) + "," + std::to_string(place.top) + " " +
-           std::to_string(place.right - place.left) + "x" + std::to_string(place.bottom - place.top);
-}
-
-std::string place(int x, int y, int width, int height)
-{
-    return std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) + "x" +
-           std::to_string(height);
 }
 
 } // namespace
@@ -132,6 +46,7 @@ TEST(ProfileName, IsACaptionedWindowSeventyPixelsInsideItsOwner)
     EXPECT_EQ(description.lpfnWndProc, &WndProc_wnd_ProfileName);
     EXPECT_EQ(description.hbrBackground, GetStockObject(WHITE_BRUSH));
     EXPECT_EQ(description.hIcon, LoadIconW(nullptr, IDI_APPLICATION));
+    EXPECT_EQ(description.hIconSm, LoadIconW(nullptr, IDI_APPLICATION));
     EXPECT_EQ(description.hCursor, LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_EQ(description.lpszMenuName, nullptr);
 }
@@ -174,28 +89,6 @@ TEST(ProfileName, PutsTheKeyboardFocusIntoTheEditBox)
     const Owner owner;
     const NameWindow window(owner.window());
     EXPECT_EQ(GetFocus(), window.edit());
-}
-
-TEST(ProfileName, PaintsTheGradientAndItsLabelAboveTheEditBox)
-{
-    const Owner owner;
-    const NameWindow window(owner.window());
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
-    const HDC dc = GetDC(window);
-    RECT client{};
-    GetClientRect(window, &client);
-    EXPECT_EQ(GetPixel(dc, 2, 0), RGB(0x16, 0xFA, 0xFA));
-    const COLORREF last = GetPixel(dc, 2, client.bottom - 1);
-    EXPECT_NEAR(GetRValue(last), 0xBB, 4);
-    EXPECT_NEAR(GetGValue(last), 0xFD, 1);
-    const int eh = part(0.03F, GetSystemMetrics(SM_CYSCREEN));
-    const int top = part(1.5F, eh) - eh - 5;
-    int black = 0;
-    for (int y = top; y < top + eh; ++y)
-        for (int x = 5; x < 100; ++x)
-            black += GetPixel(dc, x, y) == RGB(0, 0, 0) ? 1 : 0;
-    EXPECT_GT(black, 30);
-    ReleaseDC(window, dc);
 }
 
 TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)

@@ -1,9 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include "sources/funcs_layout_windows/scan_record.h"
@@ -27,16 +24,6 @@ using test_support::ImportHook;
 using test_support::read_file;
 using test_support::TemporaryFolder;
 
-ExpectedBox save_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
-{
-    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
-}
-
-ExpectedBox arrival_box(int site, int handler, const std::wstring& detail)
-{
-    return save_box(L"on_WM_COPYDATA_on_wnd_NameOfProfile", site, handler, detail);
-}
-
 ExpectedBox not_written_box(const std::wstring& code)
 {
     return arrival_box(2009, 2131,
@@ -53,14 +40,6 @@ DWORD error_of_writing_to(const std::wstring& path)
     const DWORD error = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
     CloseHandle(file);
     return error;
-}
-
-// The address of the list's write record, which only the boxes of its commands tell.
-std::wstring record_named_in(const std::wstring& text)
-{
-    constexpr std::wstring_view before = L"pSTR_RW_PRFL = ";
-    const std::size_t found = text.find(before);
-    return found == std::wstring::npos ? L"" : text.substr(found + before.size(), 16);
 }
 
 } // namespace
@@ -85,41 +64,12 @@ TEST(ProfileSaving, LeavesAFileThatExistsAsItIs)
         EXPECT_EQ(boxes.boxes().front().owner, nullptr);
         EXPECT_EQ(boxes.boxes().front().buttons, std::vector<int>{IDOK});
         EXPECT_EQ(read_file(path), kept);
+        EXPECT_EQ(folder.names(),
+                  std::vector<std::wstring>{L"kept " + std::to_wstring(attributes) + L".txt"});
         EXPECT_EQ(releases.calls(), 8);
         SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL); // or it could not be deleted
+        DeleteFileW(path.c_str());
     }
-}
-
-TEST(ProfileSaving, LeavesTheNextListsProfileAloneWhenItsOwnListIsClosedBelowTheDialog)
-{
-    std::optional<FilledScan> scan(std::in_place, ten_windows());
-    const ListOfWindows list;
-    const HWND name = list.ask_name_for({1});
-    std::optional<ListOfWindows> next;
-    HWND next_name = nullptr;
-    const Releases releases("kernel32.dll", -1, TRUE, 0);
-    int released = 0;
-    {
-        AnsweredSaveDialog dialog(L"");
-        dialog.look = [&](const OPENFILENAMEW&) {
-            DestroyWindow(list.window);
-            scan.emplace(ten_windows());
-            next.emplace();
-            next_name = next->ask_name_for({2, 3});
-            released = releases.calls();
-        };
-        BoxWatcher boxes;
-        EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
-        boxes.expect_no_boxes();
-    }
-    EXPECT_EQ(releases.calls(), released);
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"next.txt");
-    AnsweredSaveDialog dialog(path);
-    BoxWatcher boxes;
-    enter_name(next_name, L"Next");
-    boxes.expect_no_boxes();
-    EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {2, 3}, u"Next")));
 }
 
 TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)

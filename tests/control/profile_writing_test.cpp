@@ -21,11 +21,6 @@ using test_support::hex;
 using test_support::ImportHook;
 using test_support::TemporaryFolder;
 
-ExpectedBox save_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
-{
-    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
-}
-
 HANDLE create(const std::wstring& path)
 {
     return CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "sources/funcs_layout_windows/scan_record.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
+#include "tests/control/profile_desk.h"
 #include "tests/support/waiting.h"
 
 namespace profile_tests
@@ -21,6 +23,24 @@ template <typename Type> Type* block(std::size_t bytes)
 }
 
 } // namespace
+
+test_support::ExpectedBox save_box(const std::wstring& function, int site, int handler,
+                                   const std::wstring& detail)
+{
+    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
+}
+
+test_support::ExpectedBox arrival_box(int site, int handler, const std::wstring& detail)
+{
+    return save_box(L"on_WM_COPYDATA_on_wnd_NameOfProfile", site, handler, detail);
+}
+
+std::wstring record_named_in(const std::wstring& text)
+{
+    constexpr std::wstring_view before = L"pSTR_RW_PRFL = ";
+    const std::size_t found = text.find(before);
+    return found == std::wstring::npos ? L"" : text.substr(found + before.size(), 16);
+}
 
 FilledScan::FilledScan(const std::vector<ScannedWindow>& windows)
 {
@@ -144,7 +164,12 @@ void enter_name(HWND window, const std::wstring& name)
 LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,
                   DWORD bytes)
 {
-    COPYDATASTRUCT copy{.dwData = data, .cbData = bytes, .lpData = const_cast<wchar_t*>(name.data())};
+    return send_name_at(list, sender, data, name.data(), bytes);
+}
+
+LRESULT send_name_at(const ListOfWindows& list, HWND sender, ULONG_PTR data, const void* name, DWORD bytes)
+{
+    COPYDATASTRUCT copy{.dwData = data, .cbData = bytes, .lpData = const_cast<void*>(name)};
     return SendMessageW(list.window, WM_COPYDATA, reinterpret_cast<WPARAM>(sender),
                         reinterpret_cast<LPARAM>(&copy));
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <commdlg.h>
 
 #include <cstdint>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "sources/wnd_ScanListView/profile_writing.h"
+#include "tests/support/box_watcher.h"
 #include "tests/support/files.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/profile_encoder.h"
@@ -19,6 +21,13 @@
 
 namespace profile_tests
 {
+
+// The error boxes of the list's commands, and those of the save among them.
+test_support::ExpectedBox save_box(const std::wstring& function, int site, int handler,
+                                   const std::wstring& detail);
+test_support::ExpectedBox arrival_box(int site, int handler, const std::wstring& detail);
+// The address of the list's write record, which only the boxes of its commands tell.
+std::wstring record_named_in(const std::wstring& text);
 
 struct ScannedWindow {
     std::uint8_t flag = 1;
@@ -56,7 +65,12 @@ public:
     ListOfWindows& operator=(const ListOfWindows&) = delete;
 
     void tick(int row) const { set_state(row, 0x2000, LVIS_STATEIMAGEMASK_value); }
+    void untick(int row) const { set_state(row, 0x1000, LVIS_STATEIMAGEMASK_value); }
     void highlight(int row) const { set_state(row, 2, 2); }
+    bool is_highlighted(int row) const
+    {
+        return SendMessageW(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
+    }
     void press_create_profile() const { SendMessageW(window, WM_COMMAND, 2, 0); }
     // Ticks the rows, presses Create Profile and returns the name window.
     HWND ask_name_for(const std::vector<int>& rows) const;
@@ -77,6 +91,8 @@ void enter_name(HWND window, const std::wstring& name);
 // Sends the name to the list as the name window does; returns what the list answers.
 LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,
                   DWORD bytes);
+// The same with any address in the place of the name's.
+LRESULT send_name_at(const ListOfWindows& list, HWND sender, ULONG_PTR data, const void* name, DWORD bytes);
 
 // A save dialog that is answered with a path, or cancelled with an empty one.
 class AnsweredSaveDialog

@@ -52,7 +52,7 @@ TEST_F(HostileMessages, CommandsOfWrongIdsCodesAndControlsDoNothing)
     boxes_.expect_no_boxes();
 }
 
-TEST_F(HostileMessages, DataOfWrongSizesAndSendersIsRefused)
+TEST_F(HostileMessages, DataOfWrongSizesKindsAndSendersIsRefused)
 {
     const HWND senders[] = {
         neighbours_[0], GetDesktopWindow(),  made_up(0xDEADBEEF),        wendlow_.main_window(),
@@ -62,12 +62,12 @@ TEST_F(HostileMessages, DataOfWrongSizesAndSendersIsRefused)
         for (const HWND sender : senders) {
             for (const ULONG_PTR kind :
                  {ULONG_PTR{0}, ULONG_PTR{1}, ULONG_PTR{0x1'0000'0000}, ~ULONG_PTR{0}}) {
+                if (window == list_window_ && static_cast<DWORD>(kind) == 0)
+                    continue; // a name of a profile, of whatever size
                 for (const DWORD size : {0U, 1U, 15U, 16U, 17U, 512U, 514U, 1U << 20}) {
                     const LRESULT answer = send_data(window, sender, kind, bytes.data(), size);
                     if (window == list_window_) {
-                        // Only data of the kind 0 can be a name.
-                        EXPECT_EQ(answer, static_cast<DWORD>(kind) == 0 ? FALSE : TRUE)
-                            << kind << " " << size;
+                        EXPECT_EQ(answer, TRUE) << kind << " " << size;
                     }
                 }
             }
@@ -96,7 +96,7 @@ std::wstring pointer(HWND window)
 TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)
 {
     Bytes bytes(2048, 'A');
-    for (const DWORD size : {1U, 511U, 512U, 513U, 2048U}) {
+    for (const DWORD size : {0U, 1U, 511U, 512U, 513U, 2048U}) {
         SCOPED_TRACE(size);
         boxes_.forget();
         EXPECT_EQ(send_data(list_window_, nullptr, 0, bytes.data(), size), FALSE);
@@ -117,7 +117,6 @@ TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)
              list_box(L"WndProc_ScanListView", 358, L"iRetCode = -1 <- on_WM_COPYDATA_on_wnd_NameOfProfile()",
                       541)});
     }
-    EXPECT_EQ(send_data(list_window_, nullptr, 0, nullptr, 0), FALSE);
     EXPECT_EQ(send_data(list_window_, nullptr, 1, bytes.data(), 2048), TRUE);
     expect_all_as_before();
     EXPECT_EQ(boxes_.count(), 2u);
@@ -180,6 +179,25 @@ TEST_F(HostileMessages, CommandsOfMadeUpControlsAreCarriedOut)
     cancel_file_dialog(wendlow_.process_id());
     boxes_.expect_no_boxes();
     EXPECT_TRUE(wendlow_.list_view().find_row(L"Edited"));
+}
+
+// Each brings the save dialog; the window that is said to have sent it stays.
+TEST_F(HostileMessages, NamesOfMadeUpSendersAreAskedAFileForAndDestroyNothing)
+{
+    Bytes bytes(1 << 20, 'A');
+    const HWND senders[] = {neighbours_[0], GetDesktopWindow(),  made_up(0xDEADBEEF),
+                            list_window_,   modify_cell_window_, GetDlgItem(name_window_, 1)};
+    DWORD size = 0;
+    for (const HWND sender : senders) {
+        LRESULT answer = 99;
+        Background stranger([&] { answer = send_data(list_window_, sender, 0, bytes.data(), size); });
+        cancel_file_dialog(wendlow_.process_id());
+        stranger.join();
+        EXPECT_EQ(answer, TRUE);
+        size = size == 0 ? 1 : size * 16;
+    }
+    expect_all_as_before();
+    boxes_.expect_no_boxes();
 }
 
 // Another program may press Ok in its own way: at most 256 units of what it sends are a name.

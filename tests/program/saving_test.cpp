@@ -162,6 +162,7 @@ TEST_F(Saving, KeepsAnExistingFileAsItIs)
     boxes.expect_boxes({{L"information", L"File already exists"}});
     wendlow_.wait_until_idle();
     EXPECT_EQ(hex(read_file(file())), hex(before));
+    EXPECT_EQ(folder_.names(), std::vector<std::wstring>{L"profile.txt"});
     EXPECT_EQ(boxes.count(), 1u);
 }
 
@@ -190,7 +191,7 @@ TEST_F(Saving, WritesNothingWhenTheSaveDialogIsCancelled)
     enter_file_name(wendlow_.process_id(), file());
     cancel_file_dialog(wendlow_.process_id());
     wendlow_.wait_until_idle();
-    EXPECT_FALSE(file_exists(file()));
+    EXPECT_EQ(folder_.names(), std::vector<std::wstring>{});
     boxes.expect_no_boxes();
     // The next one is saved as if nothing had been.
     EXPECT_EQ(hex(save(L"B")), hex(expected({L"One"}, u"B")));
@@ -251,6 +252,7 @@ TEST_F(Saving, LeavesNoFileWhenTheNameIsCancelled)
     EXPECT_TRUE(becomes_true([&] { return !wendlow_.name_window(); }));
     wendlow_.wait_until_idle();
     EXPECT_EQ(file_dialog_of(wendlow_.process_id()), nullptr);
+    EXPECT_EQ(folder_.names(), std::vector<std::wstring>{});
     boxes.expect_no_boxes();
 }
 
@@ -321,25 +323,36 @@ TEST_F(Saving, NameWindowGoesWithTheList)
     boxes.expect_no_boxes();
 }
 
-// What another program may send to the list is no name of a profile.
-TEST_F(Saving, TakesNamesFromItsOwnWindowOnly)
+// A name is taken from whichever window it comes, but while it is being saved no other is.
+TEST_F(Saving, TakesANameOfAnotherProgramAndOneAtATime)
 {
     const BoxWatcher boxes = wendlow_.watch_boxes();
     show(L"One", 120, 130, 400, 300);
     scan_and_tick({L"One"});
-    wchar_t name[] = L"stranger";
-    COPYDATASTRUCT data{.dwData = 0, .cbData = sizeof(name), .lpData = name};
-    const auto send = [&] {
+    wendlow_.press_create_profile();
+    const HWND name_window = wendlow_.wait_for_name_window();
+    const HWND stranger = fixtures_.wait_for_window(L"One");
+    const auto send = [&](ULONG_PTR kind, std::wstring name) {
+        COPYDATASTRUCT data{
+            .dwData = kind, .cbData = static_cast<DWORD>(name.size() * 2), .lpData = name.data()};
         DWORD_PTR answer = 99;
-        SendMessageTimeoutW(wendlow_.list_window(), WM_COPYDATA,
-                            reinterpret_cast<WPARAM>(fixtures_.wait_for_window(L"One")),
-                            reinterpret_cast<LPARAM>(&data), SMTO_NORMAL, kShortWait, &answer);
+        SendMessageTimeoutW(wendlow_.list_window(), WM_COPYDATA, reinterpret_cast<WPARAM>(stranger),
+                            reinterpret_cast<LPARAM>(&data), SMTO_NORMAL, kLongWait, &answer);
         return answer;
     };
-    EXPECT_EQ(send(), 0u);
-    data.dwData = 1;
-    EXPECT_EQ(send(), 1u);
+    EXPECT_EQ(send(1, L"no name"), 1u);
+    DWORD_PTR answer = 99;
+    Background saving([&] { answer = send(0, L"stranger"); });
+    wait_for_file_dialog(wendlow_.process_id());
+    EXPECT_EQ(send(0, L"second"), 0u);
+    EXPECT_EQ(send(1, L"no name"), 1u);
+    choose_file(wendlow_.process_id(), file());
+    saving.join();
+    EXPECT_EQ(answer, 1u);
     wendlow_.wait_until_idle();
+    EXPECT_EQ(hex(read_file(file())), hex(expected({L"One"}, u"stranger")));
+    EXPECT_EQ(wendlow_.name_window(), name_window);
+    EXPECT_TRUE(IsWindow(stranger));
     EXPECT_EQ(file_dialog_of(wendlow_.process_id()), nullptr);
     boxes.expect_no_boxes();
 }

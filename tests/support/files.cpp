@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "tests/support/text.h"
@@ -132,6 +133,15 @@ std::wstring TemporaryFolder::make_folder(const std::wstring& name) const
     if (!folder_exists(path))
         throw Failure("cannot make the folder " + printable(path));
     return path;
+}
+
+std::vector<std::wstring> TemporaryFolder::names() const
+{
+    std::vector<std::wstring> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_))
+        names.push_back(entry.path().filename().wstring());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 } // namespace test_support

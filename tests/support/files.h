@@ -36,6 +36,8 @@ public:
     std::wstring file(const std::wstring& name) const;
     // Creates the folder of that name inside and returns its path.
     std::wstring make_folder(const std::wstring& name) const;
+    // What is inside, in alphabetical order.
+    std::vector<std::wstring> names() const;
 
 private:
     std::wstring path_;

@@ -88,9 +88,10 @@ void bring_to_front(HWND window)
 
 void move_mouse(POINT point)
 {
-    SetCursorPos(point.x, point.y);
+    // Asked for again while it is not there: the display refuses as long as another program holds the mouse.
     wait_until(
         [&] {
+            SetCursorPos(point.x, point.y);
             POINT now{};
             GetCursorPos(&now);
             return now.x == point.x && now.y == point.y;

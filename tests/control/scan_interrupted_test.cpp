@@ -160,6 +160,21 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileAFolderIsAskedForShowsNoBox)
     EXPECT_EQ(asked, 3);
 }
 
+TEST(ScanInterrupted, ByAClosingMainWindowWhileTheListIsMadeInVainShowsNoBox)
+{
+    ClosedOnTheWay scan;
+    const Desktop desktop({scan.window});
+    const ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create(
+        "user32.dll",
+        [&](DWORD, LPCWSTR, LPCWSTR, DWORD, int, int, int, int, HWND, HMENU, HINSTANCE, LPVOID) -> HWND {
+            scan.close();
+            return nullptr;
+        });
+    EXPECT_EQ(scan.desk.scan(), 1);
+    scan.boxes.expect_no_boxes();
+    EXPECT_EQ(hwnd_ScanListView, nullptr);
+}
+
 // The box of a row that the list refuses has no owner, so the main window can be closed below it. The list,
 // still being made, comes up as it is.
 TEST(ScanInterrupted, ByAClosingMainWindowBelowABoxOfTheListShowsNoMoreOfThem)

@@ -253,7 +253,9 @@ TEST(ScanWithinAScan, DoesNothingBelowTheBoxesOfTheFolders)
         desk.folders.add(nullptr, L"C:\\windows");
         desk.folders.fail_creation(has_list ? S_OK : E_FAIL);
         Boxes boxes;
-        boxes.below = [&](std::size_t) {
+        boxes.below = [&](std::size_t number) {
+            if (number != 0)
+                return;
             const RecordCopy before;
             press_scan(main.window);
             EXPECT_TRUE(RecordCopy() == before);
@@ -283,6 +285,7 @@ TEST(ScanWithinAScan, WorksBelowEveryBoxThatEndsTheFirst)
             ASSERT_NE(after_second, nullptr);
             EXPECT_TRUE(RecordCopy() == *after_second);
             EXPECT_EQ(hwnd_ScanListView, list);
+            ASSERT_TRUE(IsWindow(hwnd_ScanListView));
             EXPECT_EQ(desk.list().row_count(), 1);
             EXPECT_EQ(desk.list().row(0), kRow);
             EXPECT_TRUE(ScanUse().is_taken());

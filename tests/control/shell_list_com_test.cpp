@@ -112,3 +112,29 @@ TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
     EXPECT_EQ(counts.interfaces_live, 0);
     EXPECT_EQ(counts.released_too_often, 0);
 }
+
+TEST(ShellList, IsAskedWithAVariantThatIsInitialisedBeforeAndClearedAfter)
+{
+    scan_tests::ScanDesk desk;
+    desk.folders.add(desk.host(), L"C:\\").add(desk.host(), L"C:\\");
+    std::wstring events;
+    ImportHook<"VariantInit", decltype(VariantInit)> init("oleaut32.dll", [&](VARIANTARG* variant) {
+        events += L"init ";
+        init.call_original(variant);
+    });
+    ImportHook<"VariantClear", decltype(VariantClear)> clear("oleaut32.dll", [&](VARIANTARG* variant) {
+        events += L"clear " + std::to_wstring(desk.folders.counts().interfaces_live);
+        EXPECT_EQ(variant->vt, VT_I4);
+        EXPECT_EQ(variant->lVal, 1);
+        return clear.call_original(variant);
+    });
+    ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            events += L"create ";
+            return create.call_original(id, outer, context, interface_id, created);
+        });
+    STR_ENUM_WNDS_DATA record{};
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&record), 1);
+    EXPECT_EQ(record.counter_folders, 2u);
+    EXPECT_EQ(events, L"init create clear 0");
+}

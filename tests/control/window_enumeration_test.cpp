@@ -178,10 +178,26 @@ TEST(WindowEnumeration, SkipsInvisibleAndUntitledWindowsAndListsToolWindows)
     const DeskWindow tool(L"tool");
     SetWindowLongW(tool, GWL_EXSTYLE, WS_EX_TOOLWINDOW);
     const Desktop desktop({hidden, nullptr, untitled, tool});
+    // A window is asked no more than it takes to pass it over.
+    std::vector<HWND> asked;
+    ImportHook<"GetClassNameW", decltype(GetClassNameW)> class_name(
+        "user32.dll", [&](HWND window, LPWSTR buffer, int units) {
+            asked.push_back(window);
+            return class_name.call_original(window, buffer, units);
+        });
+    std::vector<HWND> asked_for_title;
+    ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> send(
+        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam, UINT flags, UINT timeout,
+                          PDWORD_PTR answer) {
+            asked_for_title.push_back(target);
+            return send.call_original(target, message, wParam, lParam, flags, timeout, answer);
+        });
     ASSERT_EQ(desk.scan(), 1);
     EXPECT_EQ(scan_record.counter_all, 4u);
     EXPECT_EQ(scan_record.counter_valid, 1u);
     EXPECT_EQ(title_of_slot(0), L"tool");
+    EXPECT_EQ(asked_for_title, (std::vector<HWND>{untitled, tool, untitled, tool}));
+    EXPECT_EQ(asked, (std::vector<HWND>{tool, tool}));
 }
 
 TEST(WindowEnumeration, KeepsAnExplorerWindowThatTheShellDoesNotListWithoutPath)

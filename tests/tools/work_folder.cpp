@@ -62,7 +62,7 @@ Ran run_tool(const std::vector<std::string>& arguments)
 {
     profile_tool::Output output;
     const profile_tool::ExitCode code =
-        profile_tool::run_command_line(arguments, profile_tool::platform::surroundings(), &output);
+        profile_tool::run_command_line(arguments, profile_tool::platform::surroundings, &output);
     return {code, output.out, output.err};
 }
 

@@ -53,7 +53,7 @@ void add_show(CLI::App* app, Arguments* arguments, Output* output, Command* chos
         [=] { *chosen = [=] { return show_command(arguments->files, arguments->as_json, output); }; });
 }
 
-void add_check(CLI::App* app, Arguments* arguments, const Surroundings& surroundings, Output* output,
+void add_check(CLI::App* app, Arguments* arguments, const SurroundingsSource& surroundings, Output* output,
                Command* chosen)
 {
     CLI::App* command = app->add_subcommand(
@@ -63,7 +63,7 @@ void add_check(CLI::App* app, Arguments* arguments, const Surroundings& surround
                       "Look only for what makes the program refuse a file");
     command->callback([=, &surroundings] {
         *chosen = [=, &surroundings] {
-            return check_command(arguments->files, arguments->refusals_only, surroundings, output);
+            return check_command(arguments->files, arguments->refusals_only, surroundings(), output);
         };
     });
 }
@@ -87,7 +87,7 @@ void add_from_json(CLI::App* app, Arguments* arguments, Output* output, Command*
     });
 }
 
-void add_relink(CLI::App* app, Arguments* arguments, const Surroundings& surroundings, Output* output,
+void add_relink(CLI::App* app, Arguments* arguments, const SurroundingsSource& surroundings, Output* output,
                 Command* chosen)
 {
     CLI::App* command = app->add_subcommand("relink", "Give the paths that are gone their new places");
@@ -111,7 +111,7 @@ void add_relink(CLI::App* app, Arguments* arguments, const Surroundings& surroun
         if (replace->count() + find->count() == 0)
             throw CLI::ValidationError("relink", "--replace or --find is required");
         *chosen = [=, &surroundings] {
-            return relink_command(arguments->file, arguments->destination, arguments->relink, surroundings,
+            return relink_command(arguments->file, arguments->destination, arguments->relink, surroundings(),
                                   output);
         };
     });
@@ -127,7 +127,7 @@ void add_open(CLI::App* app, Arguments* arguments, Output* output, Command* chos
 
 } // namespace
 
-ExitCode run_command_line(const std::vector<std::string>& arguments, const Surroundings& surroundings,
+ExitCode run_command_line(const std::vector<std::string>& arguments, const SurroundingsSource& surroundings,
                           Output* output)
 {
     Arguments parsed;

@@ -1,6 +1,7 @@
 // The tool's command line.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -9,8 +10,11 @@
 namespace profile_tool
 {
 
+// Asked only for commands that hold a profile against the computer.
+using SurroundingsSource = std::function<Surroundings()>;
+
 // Carries out what the arguments, UTF-8 and without the program's own name, ask for.
-ExitCode run_command_line(const std::vector<std::string>& arguments, const Surroundings& surroundings,
+ExitCode run_command_line(const std::vector<std::string>& arguments, const SurroundingsSource& surroundings,
                           Output* output);
 
 } // namespace profile_tool

@@ -26,7 +26,7 @@ int run(const std::vector<std::string>& arguments)
     profile_tool::Output output;
     int result = profile_tool::EXIT_UNREADABLE;
     try {
-        result = profile_tool::run_command_line(arguments, profile_tool::platform::surroundings(), &output);
+        result = profile_tool::run_command_line(arguments, profile_tool::platform::surroundings, &output);
     } catch (const std::exception& error) {
         output.err += std::string("wendlow-profile: ") + error.what() + "\n";
     }

@@ -64,6 +64,10 @@ public:
 
     std::vector<std::uint8_t> bytes() const;
 
+    // What the file was made of, whatever it declares.
+    const std::vector<ProfileEntry>& entries() const { return entries_; }
+    const std::u16string& name() const { return name_; }
+
 private:
     std::vector<ProfileEntry> entries_;
     std::u16string name_;

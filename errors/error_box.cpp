@@ -143,23 +143,23 @@ void append_handler(ComposedText* composed, const LayoutTexts& texts, std::uint3
     append_text(composed, texts.after_handler);
 }
 
-void compose(ComposedText* composed, const ErrorSource& source, const ErrorSite& site, va_list values)
+void compose(ComposedText* composed, const ErrorRow& row, va_list values)
 {
-    const LayoutTexts texts = texts_of(site.layout);
+    const LayoutTexts texts = texts_of(row.layout);
     if (texts.before_file != nullptr) {
         append_text(composed, texts.before_file);
-        composed->file = append_field(composed, source.file);
+        composed->file = append_field(composed, row.source->file);
         append_text(composed, texts.before_function);
-        composed->function = append_field(composed, site.function);
+        composed->function = append_field(composed, row.function);
         append_text(composed, texts.before_site);
-        append_number(composed, site.site);
+        append_number(composed, row.site);
         append_text(composed, texts.after_site);
     }
     if (texts.handler_before_detail)
-        append_handler(composed, texts, site.handler);
-    append_values(composed, site.detail, values);
+        append_handler(composed, texts, row.handler);
+    append_values(composed, row.detail, values);
     if (texts.before_handler != nullptr && !texts.handler_before_detail)
-        append_handler(composed, texts, site.handler);
+        append_handler(composed, texts, row.handler);
 }
 
 // Widens text[begin..end) to `out` and returns the position after it.
@@ -210,35 +210,21 @@ void encode_title(std::string_view title, ErrorEncoding encoding, std::span<wcha
     out[length] = L'\0';
 }
 
-void show(HWND owner, const ErrorSource& source, const ErrorSite& site, va_list values)
-{
-    *source.error_site = site.site;
-
-    ComposedText composed;
-    compose(&composed, source, site, values);
-    encode(composed, site.encoding, {source.message, kMessageCapacity_units});
-
-    std::array<wchar_t, 64> title{};
-    encode_title(site.title, site.title_encoding, title);
-    MessageBoxW(owner, source.message, title.data(), site.style);
-}
-
 } // namespace
 
-std::int32_t report(const ErrorSource& source, unsigned row, ...)
+std::int32_t error_box::show(HWND owner, const ErrorRow* row, ...)
 {
-    va_list values;
-    va_start(values, row);
-    show(nullptr, source, source.sites[row], values);
-    va_end(values);
-    return source.sites[row].result;
-}
+    *row->source->error_site = row->site;
 
-std::int32_t report_owned(HWND owner, const ErrorSource& source, unsigned row, ...)
-{
+    ComposedText composed;
     va_list values;
     va_start(values, row);
-    show(owner, source, source.sites[row], values);
+    compose(&composed, *row, values);
     va_end(values);
-    return source.sites[row].result;
+    encode(composed, row->encoding, {row->source->message, kMessageCapacity_units});
+
+    std::array<wchar_t, 64> title{};
+    encode_title(row->title, row->title_encoding, title);
+    MessageBoxW(owner, row->source->message, title.data(), row->style);
+    return row->result;
 }

@@ -6,11 +6,12 @@
 
 #include "errors/system_error_box.h"
 #include "resources/resource_ids.h"
-#include "sources/funcs_layout_windows/child_controls.h"
-#include "sources/funcs_layout_windows/main_layout.h"
-#include "sources/funcs_layout_windows/scan_command.h"
+#include "sources/funcs_layout_windows/main_view/main_layout.h"
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/funcs_layout_windows/scanning/scan_command.h"
 #include "sources/main_prg/main_errors.h"
 #include "sources/main_prg/main_window.h"
+#include "sources/win32/window_classes.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 
 namespace
@@ -84,7 +85,7 @@ int run_message_loop()
             return static_cast<int>(message.wParam);
         if (result == -1) {
             // Quirk: the loop is not left; the windows go on working with the next message.
-            report(errors_main, SITE_GET_MESSAGE);
+            report<kGetMessage>();
             continue;
         }
         TranslateMessage(&message);

@@ -2,20 +2,24 @@
 
 #include <objbase.h>
 
+#include <array>
+
 #include "resources/resource_ids.h"
-#include "sources/funcs_layout_windows/apply_command.h"
-#include "sources/funcs_layout_windows/dropped_files.h"
-#include "sources/funcs_layout_windows/fonts_drawing.h"
-#include "sources/funcs_layout_windows/main_painting.h"
-#include "sources/funcs_layout_windows/main_resizing.h"
-#include "sources/funcs_layout_windows/profile_loading.h"
-#include "sources/funcs_layout_windows/scan_command.h"
-#include "sources/funcs_layout_windows/scan_use.h"
+#include "sources/funcs_layout_windows/drawing/figures.h"
+#include "sources/funcs_layout_windows/main_view/main_painting.h"
+#include "sources/funcs_layout_windows/main_view/main_resizing.h"
+#include "sources/funcs_layout_windows/profiles/apply_command.h"
+#include "sources/funcs_layout_windows/profiles/dropped_files.h"
+#include "sources/funcs_layout_windows/profiles/profile_loading.h"
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/funcs_layout_windows/scanning/scan_command.h"
+#include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/main_prg/main_errors.h"
+#include "sources/main_prg/main_notices.h"
 #include "sources/main_prg/main_window_creation.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/memory_block.h"
-#include "sources/win32/window_class.h"
+#include "sources/win32/own_window.h"
 
 MainWindowState main_window;
 
@@ -52,37 +56,38 @@ void on_Scan(HWND hwnd, WPARAM wParam, LPARAM lParam)
 {
     const std::int32_t result = scan_when_free(hwnd, wParam, lParam);
     if (result < 0)
-        report(errors_main, SITE_SCAN_FAILED, result);
+        report<kScanFailed>(result);
 }
 
 // Sets the loaded-profiles store up at the first load or drop. One attempt only: the command goes on after a
 // failure, which is shown as row `failure`, and later ones do not try again.
-void set_up_store_once(HWND owner, MainWindowState* state, MainRow failure)
+void set_up_store_once(HWND owner, MainWindowState* state, FixedRow failure)
 {
     if (state->flag_store_initialised)
         return;
     state->flag_store_initialised = true;
     if (preInitOnce_onLoadProfile(&state->LoadedProfiles) < 0)
-        report_owned(owner, errors_main, failure);
+        report_owned(owner, failure);
 }
 
 void on_LoadProfile(HWND hwnd, MainWindowState* state)
 {
-    set_up_store_once(nullptr, state, SITE_STORE_SET_UP_COMMAND);
+    set_up_store_once(nullptr, state, kStoreSetUpCommand);
     const std::int32_t result =
         onButton_LoadProfile_clicked(hwnd, 0, nullptr, &state->LoadedProfiles, &state->CB_Profile);
     if (result < 0)
-        report(errors_main, SITE_LOAD_FAILED, result);
+        report<kLoadFailed>(result);
 }
 
 // Commands of the menu: a code of 0 and no control.
 void on_menu_command(HWND hwnd, unsigned id)
 {
-    static_assert(SITE_MENU_HELP - SITE_MENU_FILE_NEW == kReservedCommand_last - kReservedCommand_first);
+    static constexpr std::array<FixedRow, kReservedCommand_last - kReservedCommand_first + 1> kReserved{
+        kMenuFileNew, kMenuFileOpen, kMenuFileSave, kMenuFileSaveAs, kMenuExit, kMenuHelp};
     if (id == ID_MENU_ABOUT)
-        report_owned(hwnd, errors_main, SITE_ABOUT);
+        report_owned<kAbout>(hwnd);
     else if (id >= kReservedCommand_first && id <= kReservedCommand_last)
-        report_owned(hwnd, errors_main, SITE_MENU_FILE_NEW + (id - kReservedCommand_first));
+        report_owned(hwnd, kReserved[id - kReservedCommand_first]);
 }
 
 void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, MainWindowState* state)
@@ -108,7 +113,7 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, MainWindowState* sta
 void on_WM_DROPFILES(HWND hwnd, HDROP hDrop, MainWindowState* state)
 {
     state->hDrop = hDrop;
-    set_up_store_once(hwnd, state, SITE_STORE_SET_UP_DROP);
+    set_up_store_once(hwnd, state, kStoreSetUpDrop);
     on_wm_dropfiles(hwnd, hDrop, &state->LoadedProfiles, &state->CB_Profile);
 }
 

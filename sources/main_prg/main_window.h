@@ -7,9 +7,9 @@
 
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/combo_boxes.h"
-#include "sources/funcs_layout_windows/loaded_profiles.h"
-#include "sources/funcs_layout_windows/main_layout.h"
+#include "sources/funcs_layout_windows/main_view/main_layout.h"
+#include "sources/funcs_layout_windows/profiles/combo_boxes.h"
+#include "sources/funcs_layout_windows/profiles/loaded_profiles.h"
 
 // The class name also tells a running instance from none.
 inline constexpr wchar_t kClass_MainWindow[] = L"prg_wnds_layout";

@@ -4,10 +4,10 @@
 
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/child_controls.h"
-#include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/funcs_layout_windows/drawing/fonts.h"
 #include "sources/main_prg/main_errors.h"
 #include "sources/win32/bytes_as_wide.h"
+#include "sources/win32/controls.h"
 
 namespace
 {
@@ -22,12 +22,12 @@ constexpr std::int32_t kPlaceholder_margin = 300;
 
 // One of the two upper buttons; a failure is shown as row `failure`.
 HWND create_upper_button(HWND hwnd, const MainWindowState* state, const wchar_t* text, MainControl id,
-                         MainRow failure)
+                         FixedRow failure)
 {
     const HWND button =
         create_control(hwnd, state->hInst, L"button", text, kButtonStyle, 0, kPlaceholder_button, id);
     if (button == nullptr)
-        report_owned(hwnd, errors_main, failure);
+        report_owned(hwnd, failure);
     move_control(button, {.x = 0,
                           .y = 0,
                           .height = GetSystemMetrics(SM_CYSCREEN) - kPlaceholder_margin,
@@ -37,9 +37,9 @@ HWND create_upper_button(HWND hwnd, const MainWindowState* state, const wchar_t*
 
 void create_controls(HWND hwnd, MainWindowState* state)
 {
-    state->hWndBTN00 = create_upper_button(hwnd, state, L"Scan", ID_BTN_SCAN, SITE_CREATE_SCAN_BUTTON);
+    state->hWndBTN00 = create_upper_button(hwnd, state, L"Scan", ID_BTN_SCAN, kCreateScanButton);
     state->hWndBTN_LoadProfile =
-        create_upper_button(hwnd, state, L"Load Profile", ID_BTN_LOAD_PROFILE, SITE_CREATE_LOAD_BUTTON);
+        create_upper_button(hwnd, state, L"Load Profile", ID_BTN_LOAD_PROFILE, kCreateLoadButton);
     state->hwnd_CB_Profile = create_control(hwnd, state->hInst, L"ComboBox", L"", kProfileStyle, 0,
                                             kPlaceholder_combo, ID_CB_PROFILE);
     state->hwnd_CB_Action = create_control(hwnd, state->hInst, L"ComboBox", L"", kActionStyle, 0,
@@ -48,7 +48,7 @@ void create_controls(HWND hwnd, MainWindowState* state)
                                           kPlaceholder_combo, ID_BTN_APPLY);
     if (state->hwnd_CB_Profile == nullptr || state->hwnd_CB_Action == nullptr ||
         state->hWndBTN_Apply == nullptr)
-        report(errors_main, SITE_CREATE_COMBOS);
+        report<kCreateCombos>();
 }
 
 // Finds the font size that fits the buttons and stores it in the geometry record. False after an error box.
@@ -63,12 +63,12 @@ bool find_control_font_size(HWND hwnd, STR_GeomLt* geometry)
         truncated_product(geometry->f_Scan_height, GetSystemMetrics(SM_CYSCREEN));
     const auto size = find_button_font_size(hwnd, kText.data(), button_height, button_width);
     if (!size) {
-        report(errors_main, SITE_CREATE_NO_DC);
+        report<kCreateNoDc>();
         return false;
     }
     geometry->i_font_size = *size;
     if (*size < 0) {
-        report(errors_main, SITE_CREATE_FONT_SIZE);
+        report<kCreateFontSize>();
         return false;
     }
     return true;
@@ -78,7 +78,7 @@ void set_control_font(MainWindowState* state)
 {
     state->hFont_controls = create_control_font(state->STR_GeomLt_MW.i_font_size);
     if (state->hFont_controls == nullptr)
-        report(errors_main, SITE_CREATE_FONT);
+        report<kCreateFont>();
     for (const HWND control : {state->hWndBTN00, state->hWndBTN_LoadProfile, state->hWndBTN_Apply,
                                state->hwnd_CB_Profile, state->hwnd_CB_Action})
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont_controls), TRUE);
@@ -95,7 +95,7 @@ void initialise_com()
 {
     const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     if (result == E_INVALIDARG || result == E_OUTOFMEMORY || result == E_UNEXPECTED)
-        report(errors_main, SITE_CREATE_COM);
+        report<kCreateCom>();
 }
 
 } // namespace

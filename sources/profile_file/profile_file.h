@@ -133,19 +133,6 @@ inline Entries entries(const std::uint8_t* checked_file)
     return Entries(checked_file);
 }
 
-// The same walk by hand.
-class EntryCursor
-{
-public:
-    explicit EntryCursor(const std::uint8_t* checked_file) : at_(checked_file) {}
-    [[nodiscard]] bool valid() const { return at_ != std::default_sentinel; }
-    void next() { ++at_; }
-    [[nodiscard]] Entry get() const { return *at_; }
-
-private:
-    EntryIterator at_;
-};
-
 // True for a window that was minimised when the profile was made: it has no width or no height.
 constexpr bool is_minimised(const Entry& entry)
 {

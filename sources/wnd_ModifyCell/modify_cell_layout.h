@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/win32/pixel_rect.h"
 
 // The controls by identifier; also the Tab order.
 enum ModifyCellControl : unsigned {

@@ -7,12 +7,13 @@
 #include <cstring>
 #include <optional>
 
-#include "sources/funcs_layout_windows/child_controls.h"
-#include "sources/funcs_layout_windows/fonts_drawing.h"
-#include "sources/funcs_layout_windows/scan_command.h"
-#include "sources/funcs_layout_windows/scan_list_columns.h"
+#include "sources/funcs_layout_windows/drawing/figures.h"
+#include "sources/funcs_layout_windows/drawing/fonts.h"
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/funcs_layout_windows/scanning/scan_command.h"
+#include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
-#include "sources/win32/window_class.h"
+#include "sources/win32/own_window.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
 #include "sources/wnd_ModifyCell/modify_cell_layout.h"
 #include "sources/wnd_ModifyCell/modify_cell_rules.h"
@@ -26,19 +27,19 @@ struct ControlKind {
     const wchar_t* text;
     DWORD style;
     DWORD extended_style;
-    ModifyCellRow failure;
+    FixedRow failure;
 };
 
 constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE | ES_NUMBER;
 
 // By identifier.
 constexpr std::array<ControlKind, MODIFY_CELL_CONTROLS> kControls{{
-    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, SITE_MODIFY_CREATE_X},
-    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, SITE_MODIFY_CREATE_Y},
-    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, SITE_MODIFY_CREATE_WIDTH},
-    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, SITE_MODIFY_CREATE_HEIGHT},
-    {L"button", L"Ok", kButtonStyle, 0, SITE_MODIFY_CREATE_OK},
-    {L"button", L"Cancel", kButtonStyle, 0, SITE_MODIFY_CREATE_CANCEL},
+    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, kModifyCreateX},
+    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, kModifyCreateY},
+    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, kModifyCreateWidth},
+    {L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE, kModifyCreateHeight},
+    {L"button", L"Ok", kButtonStyle, 0, kModifyCreateOk},
+    {L"button", L"Cancel", kButtonStyle, 0, kModifyCreateCancel},
 }};
 
 constexpr std::array<ModifyCellControl, MODIFY_CELL_CONTROLS> kCreationOrder{
@@ -99,7 +100,7 @@ void press_button(HWND button)
 {
     const HWND dialog = GetParent(button);
     if (dialog == nullptr) {
-        report(errors_modify_cell, SITE_MODIFY_NO_PARENT);
+        report<kModifyNoParent>();
         return;
     }
     if (control_id(button) == MODIFY_CELL_OK)
@@ -139,7 +140,7 @@ void create_controls(HWND hwnd, HINSTANCE instance, ModifyCellState* state)
         state->controls[id] = create_control(hwnd, instance, kind.class_name, kind.text, kind.style,
                                              kind.extended_style, state->layout.controls[id], id);
         if (state->controls[id] == nullptr)
-            report_owned(hwnd, errors_modify_cell, kind.failure);
+            report_owned(hwnd, kind.failure);
         if (id == MODIFY_CELL_X)
             SetFocus(state->controls[id]);
     }
@@ -150,11 +151,11 @@ std::optional<std::int32_t> find_font_height(HWND hwnd, const ModifyCellLayout& 
 {
     const auto height = find_button_font_size(hwnd, L"Cancel", layout.button_height, layout.button_width);
     if (!height) {
-        report(errors_modify_cell, SITE_MODIFY_NO_DC);
+        report<kModifyNoDc>();
         return std::nullopt;
     }
     if (*height < 0) {
-        report(errors_modify_cell, SITE_MODIFY_FONT_SIZE);
+        report<kModifyFontSize>();
         return std::nullopt;
     }
     return height;
@@ -169,7 +170,7 @@ bool set_control_font(HWND hwnd, const ModifyCellState* state)
         return false;
     const HFONT font = create_control_font(*height);
     if (font == nullptr) {
-        report(errors_modify_cell, SITE_MODIFY_FONT);
+        report<kModifyFont>();
         return false;
     }
     SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(font));
@@ -186,7 +187,7 @@ void subclass_controls(HWND hwnd, ModifyCellState* state)
         const LONG_PTR previous =
             SetWindowLongPtrW(state->controls[id], GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
         if (previous == 0)
-            report_owned(hwnd, errors_modify_cell, SITE_MODIFY_SUBCLASS);
+            report_owned<kModifySubclass>(hwnd);
         else
             state->previous_procedures[id] = reinterpret_cast<WNDPROC>(previous);
     }
@@ -308,19 +309,18 @@ void show_valid_texts(HWND hwndListView, std::uint32_t row, EditTexts* texts)
 std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, STR_ENUM_WNDS_DATA* pSTR)
 {
     if (hwndThis == nullptr || hwndListView == nullptr || pSTR == nullptr)
-        return report(errors_modify_cell, SITE_MODIFY_OK_INPUT, hwndThis, hwndListView, pSTR);
+        return report<kModifyOkInput>(hwndThis, hwndListView, pSTR);
     if (pSTR->pcDynMem_WinHndls == nullptr || pSTR->pcDynMem_GeomText == nullptr)
-        return report(errors_modify_cell, SITE_MODIFY_OK_NO_SCAN, pSTR->pcDynMem_WinHndls,
-                      pSTR->pcDynMem_GeomText);
+        return report<kModifyOkNoScan>(pSTR->pcDynMem_WinHndls, pSTR->pcDynMem_GeomText);
     if (!is_own_window_of_class(hwndListView, WC_LISTVIEWW))
-        return report(errors_modify_cell, SITE_MODIFY_OK_NO_LIST, hwndListView);
+        return report<kModifyOkNoList>(hwndListView);
     if (row >= pSTR->counter_valid)
-        return report(errors_modify_cell, SITE_MODIFY_OK_NO_ROW, row, pSTR->counter_valid);
+        return report<kModifyOkNoRow>(row, pSTR->counter_valid);
     EditTexts texts{};
     if (!read_edits(&texts))
-        return report(errors_modify_cell, SITE_MODIFY_OK_NO_EDITS, modify_cell.controls[MODIFY_CELL_X],
-                      modify_cell.controls[MODIFY_CELL_Y], modify_cell.controls[MODIFY_CELL_WIDTH],
-                      modify_cell.controls[MODIFY_CELL_HEIGHT]);
+        return report<kModifyOkNoEdits>(
+            modify_cell.controls[MODIFY_CELL_X], modify_cell.controls[MODIFY_CELL_Y],
+            modify_cell.controls[MODIFY_CELL_WIDTH], modify_cell.controls[MODIFY_CELL_HEIGHT]);
 
     show_valid_texts(hwndListView, row, &texts);
     // Unconditional on purpose: a text that the row refused still changes the geometry.

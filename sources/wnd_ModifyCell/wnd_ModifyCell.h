@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "sources/funcs_layout_windows/scan_record.h"
+#include "sources/funcs_layout_windows/scanning/scan_record.h"
 
 inline constexpr wchar_t kClass_ModifyCell[] = L"Modify Cell Window";
 
@@ -17,13 +17,6 @@ struct STR_CellReference {
     HWND hwndListView;
 };
 static_assert(sizeof(STR_CellReference) == 16 && std::is_trivially_copyable_v<STR_CellReference>);
-
-// Results of on_Button_OK besides 1 (applied). Each has been shown in an error box.
-inline constexpr std::int32_t kModifyCell_bad_input = -1;
-inline constexpr std::int32_t kModifyCell_no_scan = -2;
-inline constexpr std::int32_t kModifyCell_no_row = -3;
-inline constexpr std::int32_t kModifyCell_no_list = -4;
-inline constexpr std::int32_t kModifyCell_no_edits = -5;
 
 // The window's procedure. A WM_COPYDATA that is not a cell reference of a list of this program is ignored.
 LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

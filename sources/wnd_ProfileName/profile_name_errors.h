@@ -1,21 +1,44 @@
-// Everything that the profile name window can report.
+// Everything that can go wrong in the profile name window.
 #pragma once
 
 #include "errors/error_box.h"
 
-// The rows of the table, in its order. The values that each report takes are those of its detail's
-// placeholders.
-enum ProfileNameRow : unsigned {
-    SITE_NAME_CREATE_PARAMETER,
-    SITE_NAME_CREATE_OK,
-    SITE_NAME_CREATE_CANCEL,
-    SITE_NAME_CREATE_EDIT,
-    SITE_NAME_OK_INPUT,
-    SITE_NAME_OK_EMPTY,
-    SITE_NAME_OK_FAILED,
-    SITE_NAME_CANCEL_INPUT,
-    SITE_NAME_CANCEL_FAILED,
-    PROFILE_NAME_ROWS // how many
-};
+extern std::uint32_t error_site_profile_name;
+extern wchar_t message_profile_name[kMessageCapacity_units];
+inline constexpr ErrorSource kSource_profile_name{.file = "sources/wnd_ProfileName",
+                                                  .error_site = &error_site_profile_name,
+                                                  .message = message_profile_name};
 
-extern const ErrorSource errors_profile_name;
+// clang-format off
+// The blank at the end of the detail belongs to the text.
+inline constexpr ErrorRow kNameCreateParameter{
+    .source = &kSource_profile_name, .site = 96, .handler = 348, .function = "WndProc_wnd_ProfileName",
+    .layout = ErrorLayout::COMPACT,
+    .detail = "incorrect parameters while WM_CREATE:\np_hwnd_ListWindows = %p "};
+inline constexpr ErrorRow kNameCreateOk{
+    .source = &kSource_profile_name, .site = 141, .function = "WndProc_wnd_ProfileName",
+    .layout = ErrorLayout::PLAIN, .detail = "error, CreateWindow(), func WndProc"};
+inline constexpr ErrorRow kNameCreateCancel{
+    .source = &kSource_profile_name, .site = 163, .function = "WndProc_wnd_ProfileName",
+    .layout = ErrorLayout::PLAIN, .detail = "error, CreateWindow(), func WndProc"};
+inline constexpr ErrorRow kNameCreateEdit{
+    .source = &kSource_profile_name, .site = 187, .function = "WndProc_wnd_ProfileName",
+    .layout = ErrorLayout::PLAIN, .detail = "error, CreateWindow(), EditBox, func WndProc"};
+inline constexpr ErrorRow kNameOkInput{
+    .source = &kSource_profile_name, .site = 421, .handler = 502, .function = "on_Button_OK",
+    .layout = ErrorLayout::COMPACT,
+    .detail = "incorrect input parameters:\nhwnd_this_wnd = %p, hwnd_parent_wnd = %p, hEdit = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kNameOkFailed{
+    .source = &kSource_profile_name, .site = 268, .handler = 371, .function = "WndProc_wnd_ProfileName",
+    .layout = ErrorLayout::COMPACT,
+    .detail = "one of callable functions returned error, %d <- on_Button_OK() "};
+inline constexpr ErrorRow kNameCancelInput{
+    .source = &kSource_profile_name, .site = 548, .handler = 571, .function = "on_Button_CANCEL",
+    .layout = ErrorLayout::COMPACT, .detail = "incorrect input parameters:\nhwndThis = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kNameCancelFailed{
+    .source = &kSource_profile_name, .site = 289, .handler = 394, .function = "WndProc_wnd_ProfileName",
+    .layout = ErrorLayout::COMPACT,
+    .detail = "one of callable functions returned error, %d <- on_Button_CANCEL()"};
+// clang-format on

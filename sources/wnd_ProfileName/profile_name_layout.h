@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/win32/pixel_rect.h"
 
 struct ProfileNameLayout {
     PixelRect ok; // client coordinates

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 
-#include "sources/funcs_layout_windows/child_controls.h"
-#include "sources/funcs_layout_windows/fonts_drawing.h"
+#include "sources/funcs_layout_windows/drawing/figures.h"
+#include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
+#include "sources/win32/window_classes.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
 #include "sources/wnd_ProfileName/profile_name_layout.h"
+#include "sources/wnd_ProfileName/profile_name_notices.h"
 
 namespace
 {
@@ -36,10 +38,10 @@ bool class_registered = false;
 
 // Creates a button; a failure is shown as row `failure`.
 void create_button(HWND hwnd, HINSTANCE instance, const wchar_t* text, DWORD style, const PixelRect& rect,
-                   ProfileNameControl id, ProfileNameRow failure)
+                   ProfileNameControl id, FixedRow failure)
 {
     if (create_control(hwnd, instance, L"button", text, style, 0, rect, id) == nullptr)
-        report_owned(hwnd, errors_profile_name, failure);
+        report_owned(hwnd, failure);
 }
 
 void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* state)
@@ -47,7 +49,7 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* st
     *state = {};
     const auto* p_hwnd_ListWindows = static_cast<const HWND*>(creation->lpCreateParams);
     if (p_hwnd_ListWindows == nullptr) {
-        report(errors_profile_name, SITE_NAME_CREATE_PARAMETER, p_hwnd_ListWindows);
+        report<kNameCreateParameter>(p_hwnd_ListWindows);
         return;
     }
     state->hwnd_ListWindows = *p_hwnd_ListWindows;
@@ -59,13 +61,13 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* st
                                                 GetSystemMetrics(SM_CYSCREEN));
     const HINSTANCE instance = creation->hInstance;
     create_button(hwnd, instance, L"Ok", kButtonStyle | BS_DEFPUSHBUTTON, state->layout.ok, ID_BTN_OK,
-                  SITE_NAME_CREATE_OK);
+                  kNameCreateOk);
     create_button(hwnd, instance, L"Cancel", kButtonStyle, state->layout.cancel, ID_BTN_CANCEL,
-                  SITE_NAME_CREATE_CANCEL);
+                  kNameCreateCancel);
     state->hEdit = create_control(hwnd, instance, L"EDIT", L"", kEditStyle, WS_EX_CLIENTEDGE,
                                   state->layout.edit, ID_EDIT_NAME);
     if (state->hEdit == nullptr)
-        report_owned(hwnd, errors_profile_name, SITE_NAME_CREATE_EDIT);
+        report_owned<kNameCreateEdit>(hwnd);
     SendMessageW(state->hEdit, EM_LIMITTEXT, kProfileName_max_units, 0);
     SetFocus(state->hEdit);
     state->flag_controls_exist = true;
@@ -89,11 +91,11 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ProfileNameState* state)
     if (LOWORD(wParam) == ID_BTN_OK) {
         const std::int32_t result = on_Button_OK(hwnd, state->hwnd_ListWindows, state->hEdit);
         if (result < 0)
-            report(errors_profile_name, SITE_NAME_OK_FAILED, result);
+            report<kNameOkFailed>(result);
     } else if (LOWORD(wParam) == ID_BTN_CANCEL) {
         const std::int32_t result = on_Button_CANCEL(hwnd);
         if (result < 0)
-            report(errors_profile_name, SITE_NAME_CANCEL_FAILED, result);
+            report<kNameCancelFailed>(result);
     }
 }
 
@@ -116,9 +118,9 @@ HWND create_wnd_ProfileName(HWND hwnd_ListWindows)
 std::int32_t on_Button_OK(HWND hwnd_this_wnd, HWND hwnd_parent_wnd, HWND hEdit)
 {
     if (hwnd_this_wnd == nullptr || hwnd_parent_wnd == nullptr || hEdit == nullptr)
-        return report(errors_profile_name, SITE_NAME_OK_INPUT, hwnd_this_wnd, hwnd_parent_wnd, hEdit);
+        return report<kNameOkInput>(hwnd_this_wnd, hwnd_parent_wnd, hEdit);
     if (GetWindowTextLengthW(hEdit) <= 0)
-        return report_owned(hwnd_this_wnd, errors_profile_name, SITE_NAME_OK_EMPTY);
+        return report_owned<kNameOkEmpty>(hwnd_this_wnd);
 
     std::array<wchar_t, kNameBuffer_units> name{};
     const int length = GetWindowTextW(hEdit, name.data(), static_cast<int>(name.size()) - 1);
@@ -135,7 +137,7 @@ std::int32_t on_Button_OK(HWND hwnd_this_wnd, HWND hwnd_parent_wnd, HWND hEdit)
 std::int32_t on_Button_CANCEL(HWND hwndThis)
 {
     if (hwndThis == nullptr)
-        return report(errors_profile_name, SITE_NAME_CANCEL_INPUT, hwndThis);
+        return report<kNameCancelInput>(hwndThis);
     DestroyWindow(hwndThis);
     return 1;
 }

@@ -14,8 +14,6 @@ inline constexpr std::size_t kProfileName_max_units = 256;
 // dwData of the WM_COPYDATA that carries the name.
 inline constexpr ULONG_PTR kProfileName_dwData = 0;
 
-inline constexpr std::int32_t kProfileName_bad_input = -1;
-
 // Creates the window 70 pixels right of and below `hwnd_ListWindows`, its owner, without showing it.
 // Registers the class at the first call. Null when it cannot be created; GetLastError tells why. When the
 // user confirms a name, the owner is sent WM_COPYDATA: wParam = this window, dwData = 0, cbData = the name's

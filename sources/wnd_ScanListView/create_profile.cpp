@@ -1,9 +1,10 @@
 #include "sources/wnd_ScanListView/create_profile.h"
 
 #include "errors/system_error_box.h"
-#include "sources/win32/window_class.h"
+#include "sources/win32/own_window.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "sources/wnd_ScanListView/scan_list_notices.h"
 
 namespace
 {
@@ -31,7 +32,7 @@ void open_name_window(HWND hwndThis, HWND* p_hwnd_ProfileName)
     *p_hwnd_ProfileName = create_wnd_ProfileName(hwndThis);
     if (*p_hwnd_ProfileName == nullptr) {
         const DWORD error = GetLastError();
-        report_owned(hwndThis, errors_scan_list, SITE_CREATE_PROFILE_NAME_WINDOW);
+        report_owned<kCreateProfileNameWindow>(hwndThis);
         show_system_error(error);
     }
     // Without effect on a window that is missing.
@@ -47,24 +48,23 @@ std::int32_t onButton_Create_Profile(HWND hwndThis, HWND hwndLV, HWND* p_hwnd_Pr
     const std::uint32_t n_rows = pSTR_ENUM_WNDS_DATA == nullptr ? 0 : pSTR_ENUM_WNDS_DATA->counter_valid;
     if (hwndThis == nullptr || hwndLV == nullptr || p_hwnd_ProfileName == nullptr ||
         pSTR_RW_PRFL == nullptr || n_rows == 0)
-        return report(errors_scan_list, SITE_CREATE_PROFILE_INPUT, hwndThis, hwndLV, p_hwnd_ProfileName,
-                      pSTR_RW_PRFL, pSTR_ENUM_WNDS_DATA, n_rows);
+        return report<kCreateProfileInput>(hwndThis, hwndLV, p_hwnd_ProfileName, pSTR_RW_PRFL,
+                                           pSTR_ENUM_WNDS_DATA, n_rows);
 
     pSTR_RW_PRFL->N_wnds_in_profile = count_ticked_rows(hwndLV, n_rows);
     if (pSTR_RW_PRFL->N_wnds_in_profile == 0)
-        return report_owned(hwndThis, errors_scan_list, SITE_CREATE_PROFILE_NOTHING_TICKED);
+        return report_owned<kCreateProfileNothingTicked>(hwndThis);
     // One that is still open asks for a profile that is abandoned now.
     destroy_own_window_of_class(*p_hwnd_ProfileName, kClass_ProfileName);
     const std::int32_t allocated = DynMemAlloc_wnds_Profile(pSTR_RW_PRFL, pSTR_ENUM_WNDS_DATA);
     if (allocated < 0)
-        return report(errors_scan_list, SITE_CREATE_PROFILE_ALLOCATION, allocated);
+        return report<kCreateProfileAllocation>(allocated);
     if (pSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile == nullptr)
-        return report(errors_scan_list, SITE_CREATE_PROFILE_NO_INDEXES, pSTR_RW_PRFL,
-                      pSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile);
+        return report<kCreateProfileNoIndexes>(pSTR_RW_PRFL, pSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile);
     store_ticked_rows(hwndLV, n_rows, pSTR_RW_PRFL);
     const std::int32_t prepared = PrepareData_Write_Profile(pSTR_RW_PRFL, pSTR_ENUM_WNDS_DATA);
     if (prepared < 0)
-        return report(errors_scan_list, SITE_CREATE_PROFILE_PREPARATION, prepared);
+        return report<kCreateProfilePreparation>(prepared);
     open_name_window(hwndThis, p_hwnd_ProfileName);
     return 1;
 }

@@ -7,11 +7,6 @@
 
 #include "sources/wnd_ScanListView/profile_writing.h"
 
-// Results besides 1 (done). Each has been shown in an error box.
-inline constexpr std::int32_t kCreateProfile_bad_input = -1;
-inline constexpr std::int32_t kCreateProfile_no_indexes = -3;
-inline constexpr std::int32_t kCreateProfile_callee_failed = -4;
-
 // Copies the ticked rows of the list from the scan record into the write record, which the caller has
 // cleared, and opens the profile name window in the place of one that `p_hwnd_ProfileName` names; its handle
 // is stored there. When nothing is ticked an info box is shown, nothing opened and nothing closed; boxes are

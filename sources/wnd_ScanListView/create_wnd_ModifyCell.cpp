@@ -1,7 +1,7 @@
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 
 #include "errors/system_error_box.h"
-#include "sources/funcs_layout_windows/child_controls.h"
+#include "sources/win32/window_classes.h"
 #include "sources/wnd_ModifyCell/modify_cell_layout.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 

@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "errors/system_error_box.h"
-#include "sources/funcs_layout_windows/scan_record.h"
+#include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
 
@@ -68,7 +68,7 @@ InsertedRow insert_row(HWND hwndLV, std::uint32_t row)
         static_cast<int>(SendMessageW(hwndLV, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
     if (inserted.index == -1) {
         inserted.error = GetLastError();
-        report(errors_scan_list, SITE_LISTVIEW_INSERT_ITEM);
+        report<kListviewInsertItem>();
     }
     return inserted;
 }
@@ -78,7 +78,7 @@ void set_subitem(HWND hwndLV, const InsertedRow& row, int column, const wchar_t*
 {
     if (row.index == -1) {
         show_system_error(row.error, ErrorEncoding::BYTES);
-        report(errors_scan_list, SITE_LISTVIEW_INSERT_SUBITEM);
+        report<kListviewInsertSubitem>();
         return;
     }
     LVITEMW item{};
@@ -148,7 +148,7 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM /*wParam*/, LPARAM /
 {
     if (hwndThis == nullptr || hInst == nullptr || p_hwndLV == nullptr ||
         scan_record.pcDynMem_GeomText == nullptr || scan_record.counter_valid == 0) {
-        const std::int32_t result = report(errors_scan_list, SITE_LISTVIEW_INPUT);
+        const std::int32_t result = report<kListviewInput>();
         DestroyWindow(hwndThis);
         return result;
     }
@@ -159,8 +159,7 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM /*wParam*/, LPARAM /
     if (*p_hwndLV == nullptr) {
         // The class name is printed as a number, the low half of its address, on purpose.
         const auto class_name = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(WC_LISTVIEWW));
-        report(errors_scan_list, SITE_LISTVIEW_CREATE, client.right, client.bottom, uiCtlID, hwndThis, hInst,
-               class_name);
+        report<kListviewCreate>(client.right, client.bottom, uiCtlID, hwndThis, hInst, class_name);
         return 1;
     }
     SendMessageW(*p_hwndLV, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, kListExtendedStyle);
@@ -174,7 +173,7 @@ std::int32_t on_WM_NOTIFY_ListView(HWND hwndThis, HWND hwndLV, WPARAM /*wParam*/
                                    const NMHDR* pNMHDR, HMENU popup, STR_HitCell* hit_cell)
 {
     if (hwndThis == nullptr || hwndLV == nullptr || pNMHDR == nullptr || hit_cell == nullptr)
-        return report(errors_scan_list, SITE_LISTVIEW_NOTIFY_INPUT);
+        return report<kListviewNotifyInput>();
     switch (pNMHDR->code) {
     case LVN_ITEMCHANGED:
         select_as_ticked(hwndLV, reinterpret_cast<const NMLISTVIEW*>(pNMHDR)->iItem);

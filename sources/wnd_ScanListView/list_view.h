@@ -8,9 +8,6 @@
 #include <array>
 #include <cstdint>
 
-// Result on null arguments, after a box (unreadable on purpose).
-inline constexpr std::int32_t kListView_bad_input = -1;
-
 // The cell that was clicked last.
 struct STR_HitCell {
     int iRow; // -1 when the click hit no row

@@ -1,10 +1,11 @@
 #include "sources/wnd_ScanListView/move_command.h"
 
-#include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/win32/pixel_rect.h"
 #include "sources/wnd_ModifyCell/modify_cell_rules.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
+#include "sources/wnd_ScanListView/scan_list_notices.h"
 
 namespace
 {
@@ -39,7 +40,7 @@ std::int32_t onButton_Move(HWND /*hwndThis*/, HWND hwndLV, WPARAM /*wParam*/, LP
                            const HWND* pcDynMem_WinHndls, std::uint32_t counter_valid)
 {
     if (hwndLV == nullptr || pcDynMem_WinHndls == nullptr)
-        return report(errors_scan_list, SITE_MOVE_INPUT);
+        return report<kMoveInput>();
     std::uint32_t n_ticked = 0;
     for (std::uint32_t row = 0; row < counter_valid; ++row) {
         if (!is_row_ticked(hwndLV, row))
@@ -48,10 +49,10 @@ std::int32_t onButton_Move(HWND /*hwndThis*/, HWND hwndLV, WPARAM /*wParam*/, LP
         const PixelRect rect = read_rectangle(hwndLV, row);
         if (rect.width == 0 || rect.height == 0 || move_window(pcDynMem_WinHndls[row], rect))
             continue;
-        report(errors_scan_list, SITE_MOVE_IMPOSSIBLE, rect.x, rect.y, rect.width, rect.height);
+        report<kMoveImpossible>(rect.x, rect.y, rect.width, rect.height);
         // Below the box the list may have been closed, and its scan released.
         if (IsWindow(hwndLV) == FALSE)
             return 1;
     }
-    return n_ticked == 0 ? report(errors_scan_list, SITE_MOVE_NOTHING_TICKED) : 1;
+    return n_ticked == 0 ? report<kMoveNothingTicked>() : 1;
 }

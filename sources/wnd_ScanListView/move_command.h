@@ -5,8 +5,6 @@
 
 #include <cstdint>
 
-inline constexpr std::int32_t kMove_bad_input = -1;
-
 // Moves and sizes the real windows of all ticked rows to the numbers in their X, Y, Width and Height cells,
 // in screen pixels, and brings each to the top; a minimised window is restored first. A row without a size is
 // passed over. The call does not wait for the windows' threads. Row i is window i of the `counter_valid`

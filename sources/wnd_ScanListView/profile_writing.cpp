@@ -74,10 +74,10 @@ std::int32_t DynMemAlloc_wnds_Profile(STR_RW_PRFL* pSTR_RW_PRFL,
                                       const STR_ENUM_WNDS_DATA* pSTR_ENUM_WNDS_DATA)
 {
     if (pSTR_RW_PRFL == nullptr || pSTR_ENUM_WNDS_DATA == nullptr)
-        return report(errors_scan_list, SITE_ALLOC_PROFILE_INPUT, pSTR_RW_PRFL, pSTR_ENUM_WNDS_DATA);
+        return report<kAllocProfileInput>(pSTR_RW_PRFL, pSTR_ENUM_WNDS_DATA);
     if (pSTR_RW_PRFL->N_wnds_in_profile == 0 || pSTR_ENUM_WNDS_DATA->uiMaxLen_inBytes_AllPath == 0)
-        return report(errors_scan_list, SITE_ALLOC_PROFILE_EMPTY, pSTR_RW_PRFL->N_wnds_in_profile,
-                      pSTR_ENUM_WNDS_DATA->uiMaxLen_inBytes_AllPath);
+        return report<kAllocProfileEmpty>(pSTR_RW_PRFL->N_wnds_in_profile,
+                                          pSTR_ENUM_WNDS_DATA->uiMaxLen_inBytes_AllPath);
 
     const std::size_t n = pSTR_RW_PRFL->N_wnds_in_profile;
     const std::size_t numbers_bytes = n * sizeof(std::uint32_t);
@@ -93,7 +93,7 @@ std::int32_t DynMemAlloc_wnds_Profile(STR_RW_PRFL* pSTR_RW_PRFL,
                            allocate(pSTR_RW_PRFL->p_arr1D_ui_h, numbers_bytes) &&
                            allocate(pSTR_RW_PRFL->p_arr1D_ui_len_path, numbers_bytes) &&
                            allocate(pSTR_RW_PRFL->p_arr_strz_paths, n * path_slot_bytes(pSTR_ENUM_WNDS_DATA));
-    return allocated ? 1 : report(errors_scan_list, SITE_ALLOC_PROFILE_MEMORY);
+    return allocated ? 1 : report<kAllocProfileMemory>();
 }
 
 std::int32_t PrepareData_Write_Profile(STR_RW_PRFL* pSTR_RW_PRFL,
@@ -102,15 +102,16 @@ std::int32_t PrepareData_Write_Profile(STR_RW_PRFL* pSTR_RW_PRFL,
     STR_RW_PRFL* record = pSTR_RW_PRFL;
     const STR_ENUM_WNDS_DATA* scan = pSTR_ENUM_WNDS_DATA;
     if (record == nullptr || scan == nullptr)
-        return report(errors_scan_list, SITE_PREPARE_PROFILE_INPUT, record, scan);
+        return report<kPrepareProfileInput>(record, scan);
     if (!arrays_present(record) || record->N_wnds_in_profile == 0 || scan->arr1D_uc_flag_FP == nullptr ||
         scan->arr1D_ui_LenPath == nullptr || scan->pcDynMem_GeomText == nullptr ||
         scan->pcDynMem_FullPaths == nullptr)
-        return report(errors_scan_list, SITE_PREPARE_PROFILE_FIELD, record->p_arr1D_ui_indexes_wnds_profile,
-                      record->p_arr1D_uc_flag_Prg_or_Folder, record->p_arr1D_ui_x, record->p_arr1D_ui_y,
-                      record->p_arr1D_ui_w, record->p_arr1D_ui_h, record->p_arr1D_ui_len_path,
-                      record->p_arr_strz_paths, record->N_wnds_in_profile, scan->arr1D_uc_flag_FP,
-                      scan->arr1D_ui_LenPath, scan->pcDynMem_GeomText, scan->pcDynMem_FullPaths);
+        return report<kPrepareProfileField>(
+            record->p_arr1D_ui_indexes_wnds_profile, record->p_arr1D_uc_flag_Prg_or_Folder,
+            record->p_arr1D_ui_x, record->p_arr1D_ui_y, record->p_arr1D_ui_w, record->p_arr1D_ui_h,
+            record->p_arr1D_ui_len_path, record->p_arr_strz_paths, record->N_wnds_in_profile,
+            scan->arr1D_uc_flag_FP, scan->arr1D_ui_LenPath, scan->pcDynMem_GeomText,
+            scan->pcDynMem_FullPaths);
 
     std::size_t offset = 0;
     for (std::uint32_t i = 0; i < record->N_wnds_in_profile; ++i)
@@ -128,9 +129,9 @@ std::int32_t WriteData_Profile(HANDLE hFile_wnds_profile, const STR_RW_PRFL* pST
         p_arr1D_uc_flag_Prg_or_Folder == nullptr || p_arr1D_ui_x == nullptr || p_arr1D_ui_y == nullptr ||
         p_arr1D_ui_w == nullptr || p_arr1D_ui_h == nullptr || p_arr1D_ui_len_path == nullptr ||
         p_arr_strz_paths == nullptr)
-        return report(errors_scan_list, SITE_WRITE_PROFILE_INPUT, hFile_wnds_profile, pSTR_RW_PRFL, N_wnds,
-                      p_arr1D_uc_flag_Prg_or_Folder, p_arr1D_ui_x, p_arr1D_ui_y, p_arr1D_ui_w, p_arr1D_ui_h,
-                      p_arr1D_ui_len_path, p_arr_strz_paths);
+        return report<kWriteProfileInput>(hFile_wnds_profile, pSTR_RW_PRFL, N_wnds,
+                                          p_arr1D_uc_flag_Prg_or_Folder, p_arr1D_ui_x, p_arr1D_ui_y,
+                                          p_arr1D_ui_w, p_arr1D_ui_h, p_arr1D_ui_len_path, p_arr_strz_paths);
 
     std::uint64_t sum_len_bytes = 0;
     for (std::uint32_t i = 0; i < N_wnds; ++i)
@@ -154,7 +155,7 @@ std::int32_t WriteData_Profile(HANDLE hFile_wnds_profile, const STR_RW_PRFL* pST
 std::int32_t FreeDynMem_wnds_Profile(STR_RW_PRFL* pSTR_RW_PRFL)
 {
     if (pSTR_RW_PRFL == nullptr)
-        return report(errors_scan_list, SITE_FREE_PROFILE_INPUT, pSTR_RW_PRFL);
+        return report<kFreeProfileInput>(pSTR_RW_PRFL);
     release_block(pSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile);
     release_block(pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder);
     release_block(pSTR_RW_PRFL->p_arr1D_ui_x);

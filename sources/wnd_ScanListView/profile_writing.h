@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "sources/funcs_layout_windows/scan_record.h"
+#include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ProfileName/wnd_ProfileName.h"
 
 // The ticked windows and the name on their way into a profile file. The arrays are zero-filled blocks of
@@ -26,13 +26,6 @@ struct STR_RW_PRFL {
     std::uint8_t* p_arr_strz_paths;     // the path area as in the file
 };
 static_assert(std::is_trivially_copyable_v<STR_RW_PRFL>);
-
-// Results besides 1 (done). Each has been shown in an error box.
-inline constexpr std::int32_t kAllocProfile_bad_input = -1;
-inline constexpr std::int32_t kAllocProfile_no_memory = -2;
-inline constexpr std::int32_t kPrepareProfile_bad_input = -1;
-inline constexpr std::int32_t kWriteProfile_bad_input = -1;
-inline constexpr std::int32_t kFreeProfile_bad_input = -1;
 
 // Allocates the record's eight arrays for N_wnds_in_profile windows with paths as long as the scan's longest.
 // Returns 1; -1 for a null argument or when one of those is 0; -2 when a block cannot be allocated (those

@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/pixel_rect.h"
-#include "sources/funcs_layout_windows/scan_list_columns.h"
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/win32/pixel_rect.h"
 
 // The buttons' size comes from the screen, not from the window: they keep it when the window is resized.
 std::int32_t scan_list_button_width(std::int32_t screen_width);

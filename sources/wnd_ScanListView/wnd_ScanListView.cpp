@@ -5,17 +5,18 @@
 #include <cstring>
 
 #include "resources/resource_ids.h"
-#include "sources/funcs_layout_windows/child_controls.h"
-#include "sources/funcs_layout_windows/fonts_drawing.h"
-#include "sources/funcs_layout_windows/scan_record.h"
+#include "sources/funcs_layout_windows/drawing/fonts.h"
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/funcs_layout_windows/scanning/scan_record.h"
+#include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
-#include "sources/win32/window_class.h"
+#include "sources/win32/own_window.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/create_profile.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/move_command.h"
-#include "sources/wnd_ScanListView/profile_name_arrival.h"
+#include "sources/wnd_ScanListView/save_profile.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
 
@@ -68,7 +69,7 @@ void reset_state(ScanListState* state)
 }
 
 HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const ScanListState* state,
-                   ScanListRow failure)
+                   FixedRow failure)
 {
     const PixelRect unplaced{.x = 0,
                              .y = 0,
@@ -76,7 +77,7 @@ HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const Sca
                              .width = scan_list_button_width(GetSystemMetrics(SM_CXSCREEN))};
     const HWND button = create_control(hwnd, state->hInst, L"button", text, kButtonStyle, 0, unplaced, id);
     if (button == nullptr)
-        report(errors_scan_list, failure);
+        report(failure);
     return button;
 }
 
@@ -89,9 +90,9 @@ std::int32_t find_font_height(HWND hwnd)
         find_button_font_size(hwnd, L"Create Profile", scan_list_button_height(GetSystemMetrics(SM_CYSCREEN)),
                               scan_list_button_width(GetSystemMetrics(SM_CXSCREEN)));
     if (!height)
-        report(errors_scan_list, SITE_LIST_NO_DC);
+        report<kListNoDc>();
     else if (*height < 0)
-        report(errors_scan_list, SITE_LIST_FONT_SIZE);
+        report<kListFontSize>();
     return height.value_or(kFontHeight_default);
 }
 
@@ -100,16 +101,16 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanL
     reset_state(state);
     state->hwnd = hwnd;
     state->hInst = creation->hInstance;
-    state->hwndMove = create_button(hwnd, L"Move", ID_BTN_MOVE, state, SITE_LIST_CREATE_MOVE);
+    state->hwndMove = create_button(hwnd, L"Move", ID_BTN_MOVE, state, kListCreateMove);
     state->hwndCreateProfile =
-        create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, SITE_LIST_CREATE_PROFILE_BUTTON);
+        create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, kListCreateProfileButton);
     const std::int32_t font_height = find_font_height(hwnd);
     if (state->hwnd != hwnd)
         return; // Destroyed below a box.
     state->hFont = create_control_font(font_height);
     if (state->hFont == nullptr) {
         // Quirk: without a font the window stays with its two buttons; it has always done so.
-        report(errors_scan_list, SITE_LIST_FONT);
+        report<kListFont>();
         return;
     }
     SendMessageW(state->hwndMove, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont), TRUE);
@@ -153,7 +154,7 @@ void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state
     const std::int32_t result = onButton_Move(hwnd, state->hwndLV, wParam, lParam,
                                               scan_record.pcDynMem_WinHndls, scan_record.counter_valid);
     if (result < 0)
-        report(errors_scan_list, SITE_LIST_MOVE_FAILED, result);
+        report<kListMoveFailed>(result);
 }
 
 void on_Create_Profile(HWND hwnd, ScanListState* state)
@@ -166,7 +167,7 @@ void on_Create_Profile(HWND hwnd, ScanListState* state)
     const std::int32_t result =
         onButton_Create_Profile(hwnd, state->hwndLV, &state->hwnd_ProfileName, &state->RW_PRFL, &scan_record);
     if (result < 0)
-        report(errors_scan_list, SITE_LIST_CREATE_PROFILE_FAILED, result);
+        report<kListCreateProfileFailed>(result);
 }
 
 void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state)
@@ -217,7 +218,7 @@ LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanL
     const std::int32_t result = save_profile(hwnd, sender, data, &state->RW_PRFL);
     if (result >= 0)
         return TRUE;
-    report(errors_scan_list, SITE_LIST_NAME_FAILED, result);
+    report<kListNameFailed>(result);
     return FALSE;
 }
 

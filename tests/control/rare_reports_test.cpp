@@ -11,17 +11,18 @@
 #include <vector>
 
 #include "errors/error_box.h"
-#include "sources/funcs_layout_windows/launching.h"
+#include "sources/funcs_layout_windows/profiles/launching.h"
+#include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "sources/wnd_ProfileName/wnd_ProfileName.h"
 #include "sources/wnd_ScanListView/create_profile.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
-#include "tests/control/main_creation_desk.h"
-#include "tests/control/main_desk.h"
-#include "tests/control/profile_desk.h"
-#include "tests/control/saved_profile_desk.h"
-#include "tests/control/scan_desk.h"
-#include "tests/control/screen_of_size.h"
+#include "tests/control/drawing/screen_of_size.h"
+#include "tests/control/main_prg/main_creation_fixture.h"
+#include "tests/control/main_prg/main_window_fixture.h"
+#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 
@@ -99,16 +100,16 @@ TEST(RareReports, MainWindowWithoutRoomForItsTextKeepsItsButtons)
 
 TEST(RareReports, ListWithoutRoomForItsTextIsShownAllTheSame)
 {
-    scan_tests::ScanDesk desk;
-    const scan_tests::DeskWindow window(L"one");
+    scan_tests::ScanFixture fixture;
+    const scan_tests::TestWindow window(L"one");
     const scan_tests::Desktop desktop({window});
     const TinyScreen screen;
     const BoxWatcher boxes;
-    EXPECT_EQ(desk.scan(), 1);
+    EXPECT_EQ(fixture.scan(), 1);
     expect_no_room_and(boxes,
                        compact_text({kListFile, L"WndProc_ScanListView", 203, 453},
                                     L"one of callable functions returned error, FindFontSize_fit_H_and_W()"));
-    EXPECT_EQ(desk.list().row_count(), 1);
+    EXPECT_EQ(fixture.list().row_count(), 1);
     for (const int button : {1, 2}) {
         LOGFONTW font{};
         const LRESULT handle = SendMessageW(GetDlgItem(hwnd_ScanListView, button), WM_GETFONT, 0, 0);
@@ -120,14 +121,14 @@ TEST(RareReports, ListWithoutRoomForItsTextIsShownAllTheSame)
 
 TEST(RareReports, ModifyCellWithoutRoomForItsTextKeepsTheSystemFont)
 {
-    scan_tests::ScanDesk desk;
-    const scan_tests::DeskWindow window(L"one");
+    scan_tests::ScanFixture fixture;
+    const scan_tests::TestWindow window(L"one");
     const scan_tests::Desktop desktop({window});
-    ASSERT_EQ(desk.scan(), 1);
+    ASSERT_EQ(fixture.scan(), 1);
     const TinyScreen screen;
     const BoxWatcher boxes;
     const STR_HitCell cell{0, 2};
-    const HWND dialog = create_wnd_ModifyCell(hwnd_ScanListView, desk.list().window(), &cell);
+    const HWND dialog = create_wnd_ModifyCell(hwnd_ScanListView, fixture.list().window(), &cell);
     expect_no_room_and(
         boxes, compact_text({L"sources/wnd_ModifyCell", L"WndProc_ModifyCell", 264, 569},
                             L"one of callable functions returned error : FindFontSize_fit_H_and_W()"));
@@ -178,15 +179,15 @@ TEST(RareReports, LoadCommandGoesOnWithoutItsStore)
 
 TEST(RareReports, LoadTellsThatTheStoreHasNoNameToShow)
 {
-    profile_tests::ProfileDesk desk;
+    profile_tests::ProfileFixture fixture;
     const profile_tests::NothingStarts nothing;
     const profile_tests::RecordedSleeps sleeps;
     // A store that has lost its files.
-    std::uint8_t* const files = std::exchange(desk.store.pc_raw_FilesProfile, nullptr);
-    desk.store.uiN_loaded_prfls = 1;
+    std::uint8_t* const files = std::exchange(fixture.store.pc_raw_FilesProfile, nullptr);
+    fixture.store.uiN_loaded_prfls = 1;
     const BoxWatcher boxes;
-    EXPECT_EQ(desk.load(ProfileEncoder().add({.flag = 7, .path = u"C:\\x"}).name(u"F").bytes()), 1);
-    desk.store.pc_raw_FilesProfile = files;
+    EXPECT_EQ(fixture.load(ProfileEncoder().add({.flag = 7, .path = u"C:\\x"}).name(u"F").bytes()), 1);
+    fixture.store.pc_raw_FilesProfile = files;
     boxes.expect_boxes(
         {{L"error",
           handler_first_text(
@@ -194,14 +195,16 @@ TEST(RareReports, LoadTellsThatTheStoreHasNoNameToShow)
               L"error, incorrect input parameters (fields of STRUCTURE):\n\nuiMax_num_loaded_prfls = "
               L"1024, uiSize_DynMem_hwnds_wnds_prfl = 4194304, uiSize_DynMem_files = 33554432, "
               L"pc_hwnds_wnds_of_prfl = " +
-                  pointer(desk.store.pc_hwnds_wnds_of_prfl) + L", pc_raw_FilesProfile = 0000000000000000")},
+                  pointer(fixture.store.pc_hwnds_wnds_of_prfl) +
+                  L", pc_raw_FilesProfile = 0000000000000000")},
          {L"error", L"error <- add_profile_data_to_DynMem()"},
-         {L"error", handler_first_text({kLayoutFile, L"CB_Profile_add_string", 9777, 9874},
-                                       L"error, incorrect input parameters:\np_CB_mng_STR = " +
-                                           pointer(&desk.profiles) + L", p_tc_sz_name = 0000000000000000")},
+         {L"error",
+          handler_first_text({kLayoutFile, L"CB_Profile_add_string", 9777, 9874},
+                             L"error, incorrect input parameters:\np_CB_mng_STR = " +
+                                 pointer(&fixture.profiles) + L", p_tc_sz_name = 0000000000000000")},
          {L"error", L"error <- CB_Profile_add_string()"}});
     EXPECT_EQ(boxes.boxes().at(3).owner, nullptr);
-    EXPECT_EQ(desk.profiles.uiN_strs, 0u);
+    EXPECT_EQ(fixture.profiles.uiN_strs, 0u);
 }
 
 TEST(RareReports, LaunchGoesOnWhenTheProgramsCannotBeSearchedFor)
@@ -286,7 +289,7 @@ TEST(RareReports, NameWindowThatIsNotThereCannotBeCancelled)
 TEST(RareReports, ArraysThatCannotBeReleasedWouldBeTold)
 {
     const BoxWatcher boxes;
-    EXPECT_EQ(report(errors_scan_list, SITE_NAME_ARRIVAL_FREE_FAILED, -1), -2);
+    EXPECT_EQ(report<kNameArrivalFreeFailed>(-1), -2);
     boxes.expect_boxes(
         {{L"error", compact_text({kListFile, L"on_WM_COPYDATA_on_wnd_NameOfProfile", 2031, 2153},
                                  L"error, one of callable functions returned error, -1 <- "

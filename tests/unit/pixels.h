@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <ostream>
 
-#include "sources/funcs_layout_windows/pixel_rect.h"
+#include "sources/win32/pixel_rect.h"
 
 // Named apart from the program's record, which keeps height before width.
 struct Box {

@@ -1,0 +1,223 @@
+#include "sources/funcs_layout_windows/profiles/launching.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+
+#include "sources/funcs_layout_windows/profiles/profiles_errors.h"
+#include "sources/funcs_layout_windows/profiles/profiles_notices.h"
+#include "sources/profile_file/profile_file.h"
+
+namespace
+{
+
+using profile_file::Entry;
+
+constexpr DWORD kInputIdle_ms = 5000;
+constexpr int kSearch_attempts = 10;
+constexpr DWORD kSearch_pause_ms = 1000;
+
+// The system's own boxes leave the main window usable: it may be closed while a load is under way.
+bool is_abandoned(const LaunchState* launch)
+{
+    return IsWindow(launch->hwnd_MW) == FALSE;
+}
+
+void note_failed_start(LaunchState* launch, std::uint32_t index)
+{
+    launch->p_arr1D_ui_failed[launch->uiN_failed_Folders + launch->uiN_failed_Programs] = index;
+}
+
+// Opens a folder window. A null path stands for one that no system call takes.
+void open_folder(LaunchState* launch, std::uint32_t index, const wchar_t* path)
+{
+    SHELLEXECUTEINFOW info{};
+    info.cbSize = sizeof info;
+    info.lpVerb = L"open";
+    info.lpFile = path;
+    info.nShow = SW_SHOWNORMAL;
+    if (path == nullptr || ShellExecuteExW(&info) == FALSE) {
+        note_failed_start(launch, index);
+        ++launch->uiN_failed_Folders;
+    }
+}
+
+STARTUPINFOW startup_info(const Entry& entry)
+{
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    if (is_minimised(entry)) {
+        startup.dwFlags = STARTF_USESHOWWINDOW;
+        startup.wShowWindow = SW_MINIMIZE;
+    } else {
+        startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESIZE | STARTF_USEPOSITION;
+        startup.wShowWindow = SW_SHOW;
+        startup.dwX = static_cast<DWORD>(entry.x);
+        startup.dwY = static_cast<DWORD>(entry.y);
+        startup.dwXSize = static_cast<DWORD>(entry.width);
+        startup.dwYSize = static_cast<DWORD>(entry.height);
+    }
+    return startup;
+}
+
+// Starts a program and waits until it is ready for input; a null path as above. Its handles are kept open in
+// the launch record on purpose.
+void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path, std::size_t record_index)
+{
+    STARTUPINFOW startup = startup_info(entry);
+    PROCESS_INFORMATION process{};
+    if (path == nullptr || CreateProcessW(path, nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                                          &startup, &process) == FALSE) {
+        process = {};
+        note_failed_start(launch, entry.index);
+        ++launch->uiN_failed_Programs;
+    }
+    if (record_index < launch->max_launch_records) {
+        launch->pc_arr_STRs_InfoLoadedPrg[record_index] = {.uiIndex_wnd = entry.index,
+                                                           .hProcess = process.hProcess,
+                                                           .hThread = process.hThread,
+                                                           .dwProcessId = process.dwProcessId,
+                                                           .dwThreadId = process.dwThreadId};
+    }
+    WaitForInputIdle(process.hProcess, kInputIdle_ms);
+}
+
+// Starts every entry in order. Entries of other kinds are passed over.
+void start_entries(LaunchState* launch)
+{
+    std::size_t n_records = 0;
+    for (const Entry& entry : profile_file::entries(launch->pcFileData)) {
+        if (is_abandoned(launch))
+            break;
+        const wchar_t* path = copy_entry_path(entry, launch->p_EntryPath).data();
+        if (entry.kind == profile_file::kKind_folder)
+            open_folder(launch, entry.index, path);
+        else if (entry.kind == profile_file::kKind_program)
+            start_program(launch, entry, path, n_records++);
+    }
+}
+
+// Searches for the folders' windows. Sets `detected`; returns 1, or kLaunch_folder_check_failed after a box.
+std::int32_t detect_folders(LaunchState* launch, bool* detected)
+{
+    *detected = false;
+    for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Folders != 0 && !is_abandoned(launch);
+         ++attempt) {
+        GetHWNDS_of_LoadedFolders(launch->pcFileData, launch->p_arr1D_hwnd_Folders);
+        const std::int32_t checked = check_folders_loaded(
+            launch->pcFileData, launch->p_arr1D_hwnd_Folders, launch->uiN_wnds, launch->p_arr1D_ui_failed,
+            launch->uiN_failed_Folders, launch->uiN_failed_Programs);
+        if (checked < 0)
+            return report<kLaunchCheckFolders>();
+        if (checked == 1) {
+            *detected = true;
+            break;
+        }
+        if (checked == kFolders_missing)
+            Sleep(kSearch_pause_ms);
+    }
+    return 1;
+}
+
+// True when every program that started has a window.
+bool all_programs_found(const LaunchState* launch)
+{
+    const std::uint32_t n_failed =
+        launch->uiN_failed_Programs == 0 ? 0 : launch->uiN_failed_Folders + launch->uiN_failed_Programs;
+    for (std::uint32_t i = 0; i < launch->uiN_wnds; ++i) {
+        const bool missing =
+            profile_file::kind_of_entry(launch->pcFileData, i) == profile_file::kKind_program &&
+            launch->pc_arr1D_hwnd_Programs_only[i] == nullptr;
+        if (missing && !is_failed_entry(launch->p_arr1D_ui_failed, n_failed, i))
+            return false;
+    }
+    return true;
+}
+
+// Searches for the programs' windows. True when all were found; the pause follows the last attempt as well.
+bool detect_programs(LaunchState* launch)
+{
+    HWNDs_loadedPrgsProfile_STR record{.p_hwnd_arr = launch->p_arr1D_hwnd_Programs,
+                                       .ptcBuf = launch->ptcBuf,
+                                       .uiSize_chars = kImagePath_units,
+                                       .uiSize_bytes = kImagePath_units * sizeof(wchar_t),
+                                       .pcFileData = launch->pcFileData,
+                                       .pc_arr_STRs_InfoLoadedPrg = launch->pc_arr_STRs_InfoLoadedPrg,
+                                       .N_prgs = static_cast<std::uint32_t>(std::min<std::size_t>(
+                                           launch->uiN_Programs, launch->max_launch_records))};
+    for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Programs != 0 && !is_abandoned(launch);
+         ++attempt) {
+        if (find_hwnds_Programs_fill_array(&record, launch->uiN_wnds, launch->pc_arr1D_hwnd_Programs_only) <
+            0)
+            report<kLaunchFindPrograms>();
+        if (all_programs_found(launch))
+            return true;
+        Sleep(kSearch_pause_ms);
+    }
+    return false;
+}
+
+void report_missing(const LaunchState* launch, bool folders_detected, bool programs_detected)
+{
+    const HWND owner = launch->hwnd_MW;
+    if (launch->uiN_failed_Programs > 0 && launch->uiN_Programs > 0)
+        report_owned<kLaunchProgramsFailed>(owner, launch->uiN_failed_Programs, launch->uiN_Programs);
+    if (launch->uiN_failed_Folders > 0 && launch->uiN_Folders > 0)
+        report_owned<kLaunchFoldersFailed>(owner, launch->uiN_failed_Folders, launch->uiN_Folders);
+    if (!programs_detected && launch->uiN_Programs > 0)
+        report_owned<kLaunchProgramsNotDetected>(owner);
+    if (!folders_detected && launch->uiN_Folders > 0)
+        report_owned<kLaunchFoldersNotDetected>(owner);
+}
+
+// Puts a window where its entry says. `restored` is the window that is restored when `hwnd` is minimised.
+void place_window(HWND hwnd, const Entry& entry, HWND restored)
+{
+    if (is_minimised(entry)) {
+        ShowWindow(hwnd, SW_MINIMIZE);
+        return;
+    }
+    if (IsIconic(hwnd) != FALSE) {
+        ShowWindow(restored, SW_RESTORE);
+        SetForegroundWindow(hwnd);
+    }
+    MoveWindow(hwnd, entry.x, entry.y, entry.width, entry.height, TRUE);
+}
+
+// Places the programs' windows, then the folders'. Windows not found are null; the calls fail without effect
+// then.
+void place_windows(LaunchState* launch)
+{
+    HWND last_program = nullptr;
+    for (const Entry& entry : profile_file::entries(launch->pcFileData)) {
+        if (entry.kind != profile_file::kKind_program)
+            continue;
+        last_program = launch->p_arr1D_hwnd_Programs[entry.index];
+        place_window(last_program, entry, last_program);
+    }
+    for (const Entry& entry : profile_file::entries(launch->pcFileData)) {
+        if (entry.kind != profile_file::kKind_folder)
+            continue;
+        const HWND folder = launch->p_arr1D_hwnd_Folders[entry.index];
+        launch->pc_arr1D_hwnd_Folders_only[entry.index] = folder;
+        // On purpose it is the last program's window that is restored, not the folder's.
+        place_window(folder, entry, last_program);
+    }
+}
+
+} // namespace
+
+std::int32_t launch_profile(LaunchState* launch)
+{
+    start_entries(launch);
+    bool folders_detected = false;
+    const std::int32_t detected = detect_folders(launch, &folders_detected);
+    if (detected < 0)
+        return detected;
+    const bool programs_detected = detect_programs(launch);
+    if (is_abandoned(launch))
+        return kLaunch_abandoned;
+    report_missing(launch, folders_detected, programs_detected);
+    place_windows(launch);
+    return is_abandoned(launch) ? kLaunch_abandoned : 1;
+}

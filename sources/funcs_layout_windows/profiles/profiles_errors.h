@@ -1,0 +1,294 @@
+// Everything that can go wrong in the Profile and Action lists, loading, launching, matching, dropping and
+// Apply.
+#pragma once
+
+#include "errors/error_box.h"
+#include "sources/funcs_layout_windows/error_sources.h"
+
+// clang-format off
+// The text is handed over as 8-bit bytes on purpose, its title is not.
+inline constexpr ErrorRow kCbProfileInput{
+    .source = &kSource_profiles, .site = 9672, .handler = 9711, .function = "onWM_COMMAND_CB_Profile",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\nhwndCtl = %p, pCB_mng_STR = %p",
+    .result = kBadInput, .encoding = ErrorEncoding::BYTES};
+inline constexpr ErrorRow kAddStringInput{
+    .source = &kSource_profiles, .site = 9777, .handler = 9874, .function = "CB_Profile_add_string",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\np_CB_mng_STR = %p, p_tc_sz_name = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kAddStringInsert{
+    .source = &kSource_profiles, .site = 9841, .function = "CB_Profile_add_string",
+    .layout = ErrorLayout::PLAIN, .detail = "error while inserting string to ComboBox Profile", .result = 1};
+inline constexpr ErrorRow kDelStringInput{
+    .source = &kSource_profiles, .site = 9907, .handler = 10002, .function = "CB_Profile_del_string",
+    .layout = ErrorLayout::HANDLER_FIRST, .detail = "error, incorrect input parameters:\np_CB_mng_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kDelStringSelection{
+    .source = &kSource_profiles, .site = 9925, .function = "CB_Profile_del_string",
+    .layout = ErrorLayout::PLAIN,
+    .detail = "error while deleting string from ComboBox Profile\nind > uiN_strs or 0 == uiN_strs",
+    .result = 2};
+inline constexpr ErrorRow kDelStringDelete{
+    .source = &kSource_profiles, .site = 9938, .function = "CB_Profile_del_string",
+    .layout = ErrorLayout::PLAIN, .detail = "error while deleting string from ComboBox Profile", .result = 2};
+inline constexpr ErrorRow kActionInitInput{
+    .source = &kSource_profiles, .site = 10044, .handler = 10121, .function = "CB_Action_init",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\nhwnd_CB_Action = %p, pCB_Action_mng_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kActionInitInsert{
+    .source = &kSource_profiles, .site = 10063, .function = "CB_Action_init",
+    .layout = ErrorLayout::PLAIN, .detail = "error while inserting string to ComboBox Action", .result = 1};
+inline constexpr ErrorRow kCbActionInput{
+    .source = &kSource_profiles, .site = 10182, .handler = 10219, .function = "onWM_COMMAND_CB_Action",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\nhwndCtl = %p, pCB_Action_mng_STR = %p",
+    .result = kBadInput};
+
+inline constexpr ErrorRow kApplyInput{
+    .source = &kSource_profiles, .site = 10278, .handler = 10402, .function = "onButton_Apply_press",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n"
+              "p_CB_Profile_manage_STR = %p, p_CB_Action_manage_STR = %p, p_LoadedProfiles_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kRestoreInput{
+    .source = &kSource_profiles, .site = 10472, .handler = 10560, .function = "Restore_Move_Size_wnds_Profile",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\np_LoadedProfiles_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kRestoreNoFiles{
+    .source = &kSource_profiles, .site = 10480, .handler = 10587, .function = "Restore_Move_Size_wnds_Profile",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n\np_LoadedProfiles_STR->pc_raw_FilesProfile",
+    .result = kBadInput};
+
+inline constexpr ErrorRow kStoreInitInput{
+    .source = &kSource_profiles, .site = 4505, .handler = 4588, .function = "preInitOnce_onLoadProfile",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n\nptr_LoadedProfiles_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kStoreInitHandles{
+    .source = &kSource_profiles, .site = 4539, .handler = 4613, .function = "preInitOnce_onLoadProfile",
+    .layout = ErrorLayout::HANDLER_FIRST, .detail = "\nerror <- VirtualAlloc()", .result = -2};
+inline constexpr ErrorRow kStoreInitFiles{
+    .source = &kSource_profiles, .site = 4557, .handler = 4613, .function = "preInitOnce_onLoadProfile",
+    .layout = ErrorLayout::HANDLER_FIRST, .detail = "\nerror <- VirtualAlloc()", .result = -2};
+inline constexpr ErrorRow kStoreFinishInput{
+    .source = &kSource_profiles, .site = 4666, .handler = 4714, .function = "finishWork_onLoadProfile",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n\nptr_LoadedProfiles_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kAddProfileInput{
+    .source = &kSource_profiles, .site = 4809, .handler = 5202, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n\np_LoadedProfiles_STR = %p, "
+              "pc_arr1D_hwnd_Programs_only = %p, pc_arr1D_hwnd_Folders_only = %p, pc_raw_FileProfile = %p, "
+              "size_FileProfile = %d, uiN_Folders = %d, uiN_Programs = %d",
+    .result = kBadInput};
+inline constexpr ErrorRow kAddProfileNotSetUp{
+    .source = &kSource_profiles, .site = 4826, .handler = 5234, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters (fields of STRUCTURE):\n\nuiMax_num_loaded_prfls = %d, "
+              "uiSize_DynMem_hwnds_wnds_prfl = %d, uiSize_DynMem_files = %d, pc_hwnds_wnds_of_prfl = %p, "
+              "pc_raw_FilesProfile = %p",
+    .result = -2};
+inline constexpr ErrorRow kAddProfileMax{
+    .source = &kSource_profiles, .site = 4845, .handler = 5266, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "\n\nerror, exceed amount of loaded Profiles, max = %d, already loaded = %d\n"
+              "Profile will not be added\n",
+    .result = 2};
+inline constexpr ErrorRow kAddProfileHandlesFirst{
+    .source = &kSource_profiles, .site = 4869, .handler = 5266, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "\n\nerror, exceed amount of DynMem for storage arrays of hwnds of Profile windows\n"
+              "Profile will not be added\n",
+    .result = 2};
+inline constexpr ErrorRow kAddProfileHandlesNext{
+    .source = &kSource_profiles, .site = 4890, .handler = 5266, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "\n\nerror, exceed amount of DynMem for storage arrays of hwnds of Profile windows\n"
+              "Profile will not be added\n",
+    .result = 2};
+inline constexpr ErrorRow kAddProfileFilesFirst{
+    .source = &kSource_profiles, .site = 4912, .handler = 5266, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "\n\nerror, exceed amount of DynMem for storage files of Profile\n"
+              "Profile will not be added\n",
+    .result = 2};
+inline constexpr ErrorRow kAddProfileFilesNext{
+    .source = &kSource_profiles, .site = 4933, .handler = 5266, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "\n\nerror, exceed amount of DynMem for storage files of Profile\n"
+              "Profile will not be added\n",
+    .result = 2};
+inline constexpr ErrorRow kAddProfileLastByte{
+    .source = &kSource_profiles, .site = 5087, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::PLAIN, .detail = "uiOff_LastByte < 3", .result = 1, .title = "warning,error"};
+inline constexpr ErrorRow kAddProfileNoName{
+    .source = &kSource_profiles, .site = 5131, .function = "add_profile_data_to_DynMem",
+    .layout = ErrorLayout::PLAIN, .detail = "0 == flag_offset_PrfName_beg_found",
+    .result = 1, .title = "warning,error"};
+
+inline constexpr ErrorRow kLoadInput{
+    .source = &kSource_profiles, .site = 5470, .handler = 7073, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED,
+    .detail = "incorrect input:\nhwnd_MW = %p, ptcFilePath_Profile = %p\np_LoadedProfiles_STR = %p\n"
+              "p_CB_Profile_mng_STR = %p",
+    .result = kBadInput};
+inline constexpr ErrorRow kLoadDialog{
+    .source = &kSource_profiles, .site = 5521, .handler = 7095, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()",
+    .result = -2};
+inline constexpr ErrorRow kLoadCreateFile{
+    .source = &kSource_profiles, .site = 5570, .handler = 7095, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()",
+    .result = -2};
+inline constexpr ErrorRow kLoadZeroSize{
+    .source = &kSource_profiles, .site = 5581, .handler = 7117, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error: zero_file_size <- GetFileSizeEx( )",
+    .result = -3};
+inline constexpr ErrorRow kLoadSeek{
+    .source = &kSource_profiles, .site = 5601, .handler = 7139, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error: error <- SetFilePointer( )",
+    .result = -4};
+inline constexpr ErrorRow kLoadReadSignature{
+    .source = &kSource_profiles, .site = 5617, .handler = 7161, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error: error <- ReadFileEx( )",
+    .result = -5};
+inline constexpr ErrorRow kLoadSignature{
+    .source = &kSource_profiles, .site = 5629, .handler = 7183, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "invalid type of file, signature doesn't coincide",
+    .result = -6};
+inline constexpr ErrorRow kLoadFileMemory{
+    .source = &kSource_profiles, .site = 5647, .handler = 7205, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error <- DynMemAlloc for file's data", .result = -7};
+inline constexpr ErrorRow kLoadReadFile{
+    .source = &kSource_profiles, .site = 5676, .handler = 7161, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error: error <- ReadFileEx( )",
+    .result = -5};
+inline constexpr ErrorRow kLoadSignatureOfCopy{
+    .source = &kSource_profiles, .site = 5689, .handler = 7183, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "invalid type of file, signature doesn't coincide",
+    .result = -6};
+inline constexpr ErrorRow kLoadNoWindows{
+    .source = &kSource_profiles, .site = 5701, .handler = 7272, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "error, 0 == number of windows in profile (data read from file)",
+    .result = -10};
+inline constexpr ErrorRow kLoadPastEnd{
+    .source = &kSource_profiles, .site = 5713, .handler = 7294, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "error, file is damaged: data of profile run past end of file\nentry = %u, field = %s",
+    .result = -11};
+inline constexpr ErrorRow kLoadMemoryPaths{
+    .source = &kSource_profiles, .site = 5754, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadMemoryRecords{
+    .source = &kSource_profiles, .site = 5768, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadMemoryPrograms{
+    .source = &kSource_profiles, .site = 5783, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadMemoryProgramsResult{
+    .source = &kSource_profiles, .site = 5797, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadMemoryFoldersCopy{
+    .source = &kSource_profiles, .site = 5812, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadMemoryFailed{
+    .source = &kSource_profiles, .site = 5843, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadMemoryEntryPath{
+    .source = &kSource_profiles, .site = 5858, .handler = 7249, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
+inline constexpr ErrorRow kLoadAddProfile{
+    .source = &kSource_profiles, .site = 6987, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::PLAIN, .detail = "error <- add_profile_data_to_DynMem()", .result = 1};
+inline constexpr ErrorRow kLoadAddName{
+    .source = &kSource_profiles, .site = 7003, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::PLAIN, .detail = "error <- CB_Profile_add_string()", .result = 1};
+
+inline constexpr ErrorRow kLaunchCheckFolders{
+    .source = &kSource_profiles, .site = 6147, .handler = 7383, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "error, one of callable functions returned error, check_folders_loaded()",
+    .result = -15};
+inline constexpr ErrorRow kLaunchFindPrograms{
+    .source = &kSource_profiles, .site = 6258, .function = "onButton_LoadProfile_clicked",
+    .layout = ErrorLayout::PLAIN, .detail = "error <- find_hwnds_Programs_fill_array()", .result = 1};
+
+inline constexpr ErrorRow kFindProgramsInput{
+    .source = &kSource_profiles, .site = 7466, .handler = 7562, .function = "find_hwnds_Programs_fill_array",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n\np_HWNDs_loadedPrgsProfile_STR = %p, "
+              "pc_arr1D_hwnd_Programs_only = %p, uiN_wnds = %u\n",
+    .result = kBadInput};
+inline constexpr ErrorRow kFindProgramsField{
+    .source = &kSource_profiles, .site = 7480, .handler = 7590, .function = "find_hwnds_Programs_fill_array",
+    .layout = ErrorLayout::HANDLER_FIRST,
+    .detail = "error, incorrect input parameters:\n\np_HWNDs_loadedPrgsProfile_STR->p_hwnd_arr = %p, "
+              "p_HWNDs_loadedPrgsProfile_STR->ptcBuf = %p, p_HWNDs_loadedPrgsProfile_STR->pcFileData = %p, "
+              "p_HWNDs_loadedPrgsProfile_STR->uiSize_chars = %d, "
+              "p_HWNDs_loadedPrgsProfile_STR->uiSize_bytes = %d\n",
+    .result = -2};
+// The two reports of the folder matcher show file and function as unconverted bytes on purpose.
+inline constexpr ErrorRow kLoadedFoldersInput{
+    .source = &kSource_profiles, .site = 7698, .handler = 7976, .function = "GetHWNDS_of_LoadedFolders",
+    .layout = ErrorLayout::SPACED,
+    .detail = "incorrect input parameters: pcFileData = %p, p_arr1D_hwnd = %p",
+    .result = kBadInput, .encoding = ErrorEncoding::WIDE_BYTE_FIELDS};
+inline constexpr ErrorRow kLoadedFoldersNoList{
+    .source = &kSource_profiles, .site = 7756, .handler = 8025, .function = "GetHWNDS_of_LoadedFolders",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "one of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
+              "ret code hResult = %d",
+    .result = -4, .encoding = ErrorEncoding::WIDE_BYTE_FIELDS};
+inline constexpr ErrorRow kMatchNullLParam{
+    .source = &kSource_profiles, .site = 8119, .handler = 8645, .function = "GetHWNDS_of_LoadedPrograms",
+    .layout = ErrorLayout::COMPACT, .detail = "error, incorrect input parameters\nlParam = %p",
+    .result = FALSE};
+// The line for uiSize_bytes has no value on purpose.
+inline constexpr ErrorRow kMatchNullField{
+    .source = &kSource_profiles, .site = 8136, .handler = 8674, .function = "GetHWNDS_of_LoadedPrograms",
+    .layout = ErrorLayout::COMPACT,
+    .detail = "error, incorrect input parameters\npParams_STR->p_hwnd_arr = %p\npParams_STR->ptcBuf = %p\n"
+              "pParams_STR->uiSize_chars = %u\npParams_STR->uiSize_bytes\npParams_STR->pcFileData = %p\n"
+              "pParams_STR->pc_arr_STRs_InfoLoadedPrg = %p\npParams_STR->N_prgs = %u",
+    .result = FALSE};
+inline constexpr ErrorRow kMatchModuleName{
+    .source = &kSource_profiles, .site = 8405, .handler = 8713, .function = "GetHWNDS_of_LoadedPrograms",
+    .layout = ErrorLayout::COMPACT, .detail = "ERROR <- GetModuleFileNameEx()", .result = FALSE};
+inline constexpr ErrorRow kCheckFoldersInput{
+    .source = &kSource_profiles, .site = 9337, .handler = 9460, .function = "check_folders_loaded",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "incorrect input parameters: pcFileData = %p, pc_arr1D_hwnd = %p, uiN_wnds = %u",
+    .result = kBadInput};
+
+// The reports of dropped files are 8-bit throughout and handed over unconverted on purpose.
+inline constexpr ErrorRow kDropInput{
+    .source = &kSource_profiles, .site = 9102, .handler = 9207, .function = "on_wm_dropfiles",
+    .layout = ErrorLayout::SPACED, .detail = "incorrect input:\nhwnd_MW = %p, hDrop = %p",
+    .result = kBadInput, .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
+inline constexpr ErrorRow kDropMemory{
+    .source = &kSource_profiles, .site = 9120, .handler = 9229, .function = "on_wm_dropfiles",
+    .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc()",
+    .result = -2, .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
+inline constexpr ErrorRow kDropQuery{
+    .source = &kSource_profiles, .site = 9142, .handler = 9251, .function = "on_wm_dropfiles",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "error, one of callable functions returned error, DragQueryFile( )",
+    .result = -3, .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
+inline constexpr ErrorRow kDropLoad{
+    .source = &kSource_profiles, .site = 9168, .handler = 9273, .function = "on_wm_dropfiles",
+    .layout = ErrorLayout::SPACED_GAP,
+    .detail = "error, one of callable functions returned error, onButton_LoadProfile_clicked()",
+    .result = -4, .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
+// clang-format on

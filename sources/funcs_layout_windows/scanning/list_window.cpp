@@ -1,0 +1,5 @@
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+
+#include <windows.h>
+
+HWND hwnd_ScanListView;

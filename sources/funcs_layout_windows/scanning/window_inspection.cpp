@@ -1,0 +1,56 @@
+#include "sources/funcs_layout_windows/scanning/window_inspection.h"
+
+#include <algorithm>
+#include <array>
+
+#include <psapi.h>
+
+#include "sources/funcs_layout_windows/scanning/window_filter.h"
+
+namespace
+{
+
+// How long a window may take to tell its title.
+constexpr UINT kTitleTimeout_ms = 5000;
+
+constexpr int kClassName_max_units = 250;
+
+} // namespace
+
+bool read_visible_title(HWND hwnd, std::span<wchar_t> title)
+{
+    if (hwnd == nullptr || IsWindowVisible(hwnd) == FALSE)
+        return false;
+    std::fill(title.begin(), title.end(), L'\0');
+    DWORD_PTR length_units = 0;
+    const LRESULT answered =
+        SendMessageTimeoutW(hwnd, WM_GETTEXT, title.size(), reinterpret_cast<LPARAM>(title.data()),
+                            SMTO_ABORTIFHUNG, kTitleTimeout_ms, &length_units);
+    return answered != 0 && length_units != 0;
+}
+
+bool has_excluded_class(HWND hwnd)
+{
+    std::array<wchar_t, kClassName_max_units> name{};
+    const int length = GetClassNameW(hwnd, name.data(), kClassName_max_units);
+    return is_excluded_class({name.data(), static_cast<std::size_t>(std::max(length, 0))});
+}
+
+bool window_qualifies(HWND hwnd, std::span<wchar_t> title)
+{
+    return read_visible_title(hwnd, title) && !has_excluded_class(hwnd);
+}
+
+ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD limit_units)
+{
+    const HANDLE process =
+        OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_VM_READ, FALSE, process_id);
+    if (process == nullptr)
+        return ImagePath::UNAVAILABLE;
+    std::fill(buffer.begin(), buffer.end(), L'\0');
+    // The handle is left open on failure; the caller ends the whole enumeration then.
+    if (K32GetModuleFileNameExW(process, nullptr, buffer.data(), limit_units) == 0)
+        return ImagePath::FAILED;
+    CloseHandle(process);
+    return buffer.front() == L'\0' ? ImagePath::UNAVAILABLE : ImagePath::READ;
+}

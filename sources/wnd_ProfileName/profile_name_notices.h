@@ -1,0 +1,11 @@
+// What is told to the user that is no failure, by the profile name window.
+#pragma once
+
+#include "sources/wnd_ProfileName/profile_name_errors.h"
+
+// clang-format off
+inline constexpr ErrorRow kNameOkEmpty{
+    .source = &kSource_profile_name, .site = 446, .function = "on_Button_OK",
+    .layout = ErrorLayout::PLAIN, .detail = "Please enter Name of Profile, e.g. \"work docs 01\"",
+    .result = 1, .title = "warning"};
+// clang-format on

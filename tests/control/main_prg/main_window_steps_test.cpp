@@ -1,0 +1,350 @@
+#include <windows.h>
+
+#include <commdlg.h>
+#include <objbase.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/funcs_layout_windows/scanning/scan_record.h"
+#include "sources/main_prg/main_window.h"
+#include "tests/control/main_prg/main_window_fixture.h"
+#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/scanning/scan_fixture.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
+
+// What the main window asks of the system when it is created and when it is destroyed, step by step.
+
+using namespace test_support;
+using main_tests::MainWindow;
+using profile_tests::OwnWindow;
+using Steps = std::vector<std::string>;
+
+namespace
+{
+
+template <typename... Values> std::string line(const char* format, Values... values)
+{
+    char text[120];
+    snprintf(text, sizeof text, format, values...);
+    return text;
+}
+
+// Sends WM_CREATE of the main window for a window of the test and takes down what follows. A font is as high
+// as it says; the text of the buttons is as many pixels wide as its font is high and `text_margin` more.
+class Creation
+{
+public:
+    Creation(int screen_width, int screen_height, int text_margin)
+        : screen_width_(screen_width), screen_height_(screen_height), text_margin_(text_margin)
+    {
+        main_window = {};
+        main_window.CB_Profile.uiN_strs = main_window.CB_Profile.uiSelection = 9; // of a window before
+        main_window.CB_Action.uiSelection = 9;
+        CREATESTRUCTW creation{};
+        creation.hInstance = instance_;
+        result = WndProc(window, WM_CREATE, 0, reinterpret_cast<LPARAM>(&creation));
+    }
+    ~Creation()
+    {
+        DeleteObject(main_window.hFont_controls);
+        main_window = {};
+    }
+    Creation(const Creation&) = delete;
+    Creation& operator=(const Creation&) = delete;
+
+    const OwnWindow window{L"stands for the main window"};
+    Steps steps;
+    LRESULT result = -1;
+
+private:
+    const HINSTANCE instance_ = GetModuleHandleW(L"kernel32.dll"); // any but the test's own
+    int screen_width_;
+    int screen_height_;
+    int text_margin_;
+    HDC dc_ = nullptr;
+
+    ImportHook<"GetSystemMetrics", decltype(GetSystemMetrics)> screen_{
+        "user32.dll", [this](int metric) {
+            return metric == SM_CXSCREEN   ? screen_width_
+                   : metric == SM_CYSCREEN ? screen_height_
+                                           : screen_.call_original(metric);
+        }};
+    ImportHook<"GetSystemInfo", decltype(GetSystemInfo)> info_{"kernel32.dll", [this](SYSTEM_INFO* info) {
+                                                                   steps.push_back("system info");
+                                                                   info_.call_original(info);
+                                                               }};
+    ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create_{
+        "user32.dll",
+        [this](DWORD extended_style, LPCWSTR class_name, LPCWSTR text, DWORD style, int x, int y, int width,
+               int height, HWND parent, HMENU id, HINSTANCE instance, LPVOID parameter) {
+            EXPECT_EQ(extended_style, 0u);
+            EXPECT_EQ(parent, window.get());
+            EXPECT_EQ(instance, instance_);
+            steps.push_back(line("%ls '%ls' %lX as %d at %d,%d %dx%d", class_name, text, style,
+                                 static_cast<int>(reinterpret_cast<INT_PTR>(id)), x, y, width, height));
+            return create_.call_original(extended_style, class_name, text, style, x, y, width, height, parent,
+                                         id, instance, parameter);
+        }};
+    ImportHook<"MoveWindow", decltype(MoveWindow)> move_{
+        "user32.dll", [this](HWND control, int x, int y, int width, int height, BOOL repaint) {
+            steps.push_back(line("move %d to %d,%d %dx%d", GetDlgCtrlID(control), x, y, width, height));
+            return move_.call_original(control, x, y, width, height, repaint);
+        }};
+    ImportHook<"GetDC", decltype(GetDC)> get_dc_{"user32.dll", [this](HWND from) {
+                                                     EXPECT_EQ(from, window.get());
+                                                     steps.push_back("context");
+                                                     return dc_ = get_dc_.call_original(from);
+                                                 }};
+    ImportHook<"ReleaseDC", decltype(ReleaseDC)> release_dc_{"user32.dll", [this](HWND from, HDC dc) {
+                                                                 EXPECT_EQ(from, window.get());
+                                                                 EXPECT_EQ(dc, dc_);
+                                                                 steps.push_back("context released");
+                                                                 return release_dc_.call_original(from, dc);
+                                                             }};
+    ImportHook<"DrawTextW", decltype(DrawTextW)> draw_{
+        "user32.dll", [this](HDC dc, LPCWSTR text, int units, LPRECT rect, UINT flags) -> int {
+            EXPECT_EQ(dc, dc_);
+            EXPECT_EQ(flags, 0x420u);
+            LOGFONTW font{};
+            GetObjectW(GetCurrentObject(dc, OBJ_FONT), sizeof font, &font);
+            rect->bottom = font.lfHeight;
+            if (units == -1) {
+                // "Load Profile", two bytes to a unit.
+                EXPECT_EQ(std::wstring(text), L"\x6F4C\x6461\x5020\x6F72\x6966\x656C");
+                rect->right = font.lfHeight + text_margin_;
+            }
+            return font.lfHeight;
+        }};
+    ImportHook<"CreateFontIndirectW", decltype(CreateFontIndirectW)> font_{
+        "gdi32.dll", [this](const LOGFONTW* font) {
+            if (font->lfWeight == 700) {
+                EXPECT_EQ(font->lfItalic + font->lfUnderline + font->lfStrikeOut, 0);
+                EXPECT_EQ(font->lfPitchAndFamily, 16);
+                EXPECT_EQ(std::wstring(font->lfFaceName),
+                          L"\x6954\x656D\x2073\x654E\x2077\x6F52\x616D\x006E"); // "Times New Roman"
+                steps.push_back(line("font of %ld", font->lfHeight));
+            }
+            return font_.call_original(font);
+        }};
+    ImportHook<"SendMessageW", decltype(SendMessageW)> send_{
+        "user32.dll", [this](HWND control, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == WM_SETFONT) {
+                EXPECT_EQ(reinterpret_cast<HFONT>(wParam), main_window.hFont_controls);
+                steps.push_back(line("font to %d, redraw %lld", GetDlgCtrlID(control), lParam));
+            } else {
+                steps.push_back(line("%X to %d: %ls", message, GetDlgCtrlID(control),
+                                     reinterpret_cast<const wchar_t*>(lParam)));
+            }
+            return send_.call_original(control, message, wParam, lParam);
+        }};
+    ImportHook<"CoInitializeEx", decltype(CoInitializeEx)> com_{"ole32.dll", [this](void*, DWORD model) {
+                                                                    steps.push_back(line("COM %lu", model));
+                                                                    return S_OK;
+                                                                }};
+};
+
+} // namespace
+
+TEST(MainWindowCreation, GoesItsStepsInOrder)
+{
+    const BoxWatcher boxes;
+    // Buttons are 70 by 180 pixels, so the text may be 59 (59.5) high and 144 wide.
+    const Creation creation(3000, 2000, 96);
+    EXPECT_EQ(creation.result, 0);
+    EXPECT_EQ(creation.steps, (Steps{"system info",
+                                     "button 'Scan' 50000300 as 1 at 0,0 5x5",
+                                     "move 1 to 0,0 2700x1700",
+                                     "button 'Load Profile' 50000300 as 2 at 0,0 5x5",
+                                     "move 2 to 0,0 2700x1700",
+                                     "ComboBox '' 50000243 as 4 at 10,10 10x10",
+                                     "ComboBox '' 50000203 as 5 at 10,10 10x10",
+                                     "button 'Apply' 50000300 as 6 at 10,10 10x10",
+                                     "14A to 5: Minimize",
+                                     "14A to 5: Restore",
+                                     "14A to 5: Close",
+                                     "context",
+                                     "context released",
+                                     "font of 48", // 48 + 96 is as wide as it may be
+                                     "font to 1, redraw 1",
+                                     "font to 2, redraw 1",
+                                     "font to 6, redraw 1",
+                                     "font to 4, redraw 1",
+                                     "font to 5, redraw 1",
+                                     "COM 2"}));
+    EXPECT_EQ(main_window.STR_GeomLt_MW.i_font_size, 48);
+    boxes.expect_no_boxes();
+}
+
+TEST(MainWindowCreation, TakesTheFontsHeightFromTheButtonsWhenTheTextIsShort)
+{
+    const Creation creation(3000, 2000, 0);
+    EXPECT_EQ(main_window.STR_GeomLt_MW.i_font_size, 59);
+    LOGFONTW font{};
+    GetObjectW(main_window.hFont_controls, sizeof font, &font);
+    EXPECT_EQ(font.lfHeight, 59);
+}
+
+TEST(MainWindowCreation, ReleasesItsContextAlsoWhenNothingFits)
+{
+    const BoxWatcher boxes;
+    // A button without height.
+    const Creation creation(3000, 20, 0);
+    ASSERT_EQ(boxes.count(), 2u);
+    EXPECT_EQ(boxes.boxes().at(1).text,
+              L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n580\n\n"
+              L"ERROR while get font size for buttons\nline of error handler:1248");
+    EXPECT_EQ(creation.result, 0);
+    EXPECT_EQ(creation.steps.at(creation.steps.size() - 2), "context");
+    EXPECT_EQ(creation.steps.back(), "context released");
+    EXPECT_EQ(main_window.STR_GeomLt_MW.i_font_size, -1);
+}
+
+TEST(MainWindowCreation, SetsTheRecordsOfTheListsUp)
+{
+    const Creation creation(3000, 2000, 0);
+    const CB_mng_STR& profiles = main_window.CB_Profile;
+    EXPECT_EQ(profiles.hwnd_CB, GetDlgItem(creation.window, 4));
+    EXPECT_EQ(profiles.uiCtlID, 4u);
+    EXPECT_EQ(profiles.uiN_strs, 0u);
+    EXPECT_EQ(profiles.uiMax_N_strs, 32u);
+    EXPECT_EQ(profiles.uiSelection, 0u);
+    const CB_Action_mng_STR& actions = main_window.CB_Action;
+    EXPECT_EQ(actions.hwnd_CB, GetDlgItem(creation.window, 5));
+    EXPECT_EQ(actions.uiCtlID, 5u);
+    EXPECT_EQ(actions.uiN_items, 3u);
+    EXPECT_EQ(actions.uiSelection, 0u);
+}
+
+TEST(MainWindowCreation, SetsTheConstantsOfTheLayout)
+{
+    const Creation creation(3000, 2000, 0);
+    const STR_GeomLt& geometry = main_window.STR_GeomLt_MW;
+    EXPECT_EQ(geometry.f_initial_width, 0.4F);
+    EXPECT_EQ(geometry.f_initial_height, 0.45F);
+    EXPECT_EQ(geometry.f_Scan_height, 0.035F);
+    EXPECT_EQ(geometry.f_Scan_width, 0.06F);
+    EXPECT_EQ(geometry.f_LoadProfile_height, 0.035F);
+    EXPECT_EQ(geometry.f_LoadProfile_width, 0.06F);
+    EXPECT_EQ(geometry.i_gap, 5);
+    EXPECT_EQ(geometry.f_frame_height, 0.85F);
+    EXPECT_EQ(geometry.f_frame_width, 0.7F);
+    EXPECT_EQ(main_window.hInst, GetModuleHandleW(L"kernel32.dll"));
+    EXPECT_EQ(main_window.hwnd_MW, creation.window.get());
+}
+
+namespace
+{
+
+// Takes down what is given back, from now on.
+class TakingDown
+{
+public:
+    // Blocks by their addresses, as they will be called.
+    std::map<const void*, std::string> blocks;
+    HFONT font = main_window.hFont_controls;
+    HWND list = hwnd_ScanListView;
+    Steps steps;
+
+    void name_blocks_of_the_scan()
+    {
+        blocks[scan_record.arr1D_ui_LenPath] = "path lengths";
+        blocks[scan_record.arr1D_uc_flag_FP] = "flags";
+        blocks[scan_record.pcTmpBuf_Prg_Folder_Path] = "path buffer";
+        blocks[scan_record.pcDynMem_FullPaths] = "paths";
+        blocks[scan_record.pcDynMem_GeomText] = "geometry";
+        blocks[scan_record.pcDynMem_WinHndls] = "windows";
+    }
+
+private:
+    ImportHook<"DeleteObject", decltype(DeleteObject)> delete_{"gdi32.dll", [this](HGDIOBJ object) {
+                                                                   const BOOL done =
+                                                                       delete_.call_original(object);
+                                                                   if (object == font)
+                                                                       steps.push_back(line("font %d", done));
+                                                                   return done;
+                                                               }};
+    ImportHook<"VirtualFree", decltype(VirtualFree)> free_{
+        "kernel32.dll", [this](LPVOID block, SIZE_T size, DWORD type) {
+            const auto found = blocks.find(block);
+            EXPECT_EQ(size, 0u);
+            EXPECT_EQ(type, 0x8000u);
+            steps.push_back(found == blocks.end() ? "another block" : found->second);
+            return free_.call_original(block, size, type);
+        }};
+    ImportHook<"DestroyWindow", decltype(DestroyWindow)> destroy_{
+        "user32.dll", [this](HWND window) {
+            if (window == list) {
+                steps.push_back("list");
+                list = nullptr; // what it does itself is its own affair
+            }
+            return destroy_.call_original(window);
+        }};
+    ImportHook<"CoUninitialize", decltype(CoUninitialize)> com_{"ole32.dll", [this] {
+                                                                    steps.push_back("COM");
+                                                                    com_.call_original();
+                                                                }};
+    ImportHook<"PostQuitMessage", decltype(PostQuitMessage)> quit_{
+        "user32.dll", [this](int code) { steps.push_back(line("quit %d", code)); }};
+};
+
+template <typename Type> void take_block(Type*& block)
+{
+    block = static_cast<Type*>(VirtualAlloc(nullptr, 4096, MEM_COMMIT, PAGE_READWRITE));
+}
+
+} // namespace
+
+TEST(MainWindowDestruction, GivesEverythingBackInOrder)
+{
+    scan_tests::ScanFixture fixture; // registers the list's class
+    const scan_tests::TestWindow other(L"other");
+    const scan_tests::Desktop desktop({other});
+    const MainWindow main;
+    {
+        // Sets the two areas of the store up; the dialog is cancelled.
+        const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,
+                                                                                FALSE, 0);
+        main.press(2);
+    }
+    main.press(1);
+    const HWND list = hwnd_ScanListView;
+    ASSERT_NE(list, nullptr);
+    TakingDown seen;
+    seen.name_blocks_of_the_scan();
+    seen.blocks[main_window.LoadedProfiles.pc_hwnds_wnds_of_prfl] = "handles of the profiles";
+    seen.blocks[main_window.LoadedProfiles.pc_raw_FilesProfile] = "files of the profiles";
+    DestroyWindow(main.window);
+    EXPECT_EQ(seen.steps, (Steps{"font 1", "path lengths", "path buffer", "paths", "geometry", "windows",
+                                 "handles of the profiles", "files of the profiles", "list",
+                                 "flags", // by the list
+                                 "COM", "quit 0"}));
+    EXPECT_FALSE(IsWindow(list));
+}
+
+TEST(MainWindowDestruction, LeavesTheFlagsOfAScanWithoutAList)
+{
+    const OwnWindow window(L"stands for the main window");
+    main_window = {};
+    main_window.hFont_controls = CreateFontW(15, 0, 0, 0, 700, 0, 0, 0, 0, 0, 0, 0, 16, L"");
+    hwnd_ScanListView = nullptr;
+    scan_record = {};
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    take_block(scan_record.arr1D_uc_flag_FP);
+    take_block(scan_record.pcDynMem_GeomText);
+    TakingDown seen;
+    seen.name_blocks_of_the_scan();
+    seen.blocks[nullptr] = "null"; // of the store, which was never set up
+    EXPECT_EQ(WndProc(window, WM_DESTROY, 0, 0), 0);
+    EXPECT_EQ(seen.steps, (Steps{"font 1", "geometry", "null", "null", "COM", "quit 0"}));
+    ASSERT_NE(scan_record.arr1D_uc_flag_FP, nullptr);
+    EXPECT_EQ(*scan_record.arr1D_uc_flag_FP, 0); // it can still be read
+    VirtualFree(scan_record.arr1D_uc_flag_FP, 0, MEM_RELEASE);
+    scan_record = {};
+}

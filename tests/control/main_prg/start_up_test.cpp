@@ -1,0 +1,195 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "sources/main_prg/main_window.h"
+#include "sources/wnd_ScanListView/wnd_ScanListView.h"
+#include "tests/control/main_prg/start_up_fixture.h"
+#include "tests/control/profiles/profile_fixture.h"
+#include "tests/support/box_watcher.h"
+
+// What the entry point asks of the system, and in which order.
+
+using namespace test_support;
+using main_tests::StartUp;
+using profile_tests::OwnWindow;
+using Steps = std::vector<std::string>;
+
+namespace
+{
+
+SIZE size_of(HICON icon)
+{
+    ICONINFO info{};
+    EXPECT_TRUE(GetIconInfo(icon, &info));
+    BITMAP colours{};
+    GetObjectW(info.hbmColor, sizeof colours, &colours);
+    DeleteObject(info.hbmColor);
+    DeleteObject(info.hbmMask);
+    return {colours.bmWidth, colours.bmHeight};
+}
+
+// The icon drawn 32 pixels wide and high on white.
+std::vector<COLORREF> picture_of(HICON icon)
+{
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 32, 32);
+    const HGDIOBJ before = SelectObject(dc, bitmap);
+    PatBlt(dc, 0, 0, 32, 32, WHITENESS);
+    DrawIconEx(dc, 0, 0, icon, 32, 32, 0, nullptr, DI_NORMAL);
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x)
+            pixels.push_back(GetPixel(dc, x, y));
+    }
+    SelectObject(dc, before);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+    ReleaseDC(nullptr, screen);
+    return pixels;
+}
+
+std::vector<COLORREF> picture_of_resource(WORD id)
+{
+    const auto icon = static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
+    EXPECT_NE(icon, nullptr);
+    const std::vector<COLORREF> picture = picture_of(icon);
+    DestroyIcon(icon);
+    return picture;
+}
+
+// What both classes have alike.
+void expect_class(const WNDCLASSEXW& seen, const std::wstring& name, WNDPROC procedure, int brush)
+{
+    EXPECT_EQ(seen.cbSize, 80u);
+    EXPECT_EQ(seen.style, 3u); // redrawn when the width or the height changes
+    EXPECT_EQ(seen.lpfnWndProc, procedure);
+    EXPECT_EQ(seen.cbClsExtra, 0);
+    EXPECT_EQ(seen.cbWndExtra, 0);
+    EXPECT_EQ(seen.hInstance, GetModuleHandleW(nullptr));
+    EXPECT_EQ(seen.hCursor, LoadCursorW(nullptr, IDC_ARROW));
+    EXPECT_EQ(seen.hbrBackground, GetStockObject(brush));
+    EXPECT_EQ(std::wstring(seen.lpszClassName), name);
+}
+
+} // namespace
+
+TEST(StartUp, GoesItsStepsInOrder)
+{
+    const BoxWatcher boxes;
+    StartUp start;
+    start.exit_code = 0x0000'0001'8000'0007;
+    // Only the low 32 bits of the exit code are handed on.
+    EXPECT_EQ(start.run(SW_SHOWMAXIMIZED), static_cast<int>(0x80000007));
+    EXPECT_EQ(start.steps, (Steps{"find prg_wnds_layout, any title", "common controls 4727 of 8 bytes",
+                                  "class prg_wnds_layout", "class List of Windows", "create",
+                                  "drops on main: 1", "message 233 to main: 1", "message 4A to main: 1",
+                                  "message 49 to main: 1", "show main: 3", "update main", "loop"}));
+    EXPECT_TRUE(GetWindowLongW(start.window, GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
+    EXPECT_TRUE(IsZoomed(start.window));
+    boxes.expect_no_boxes();
+}
+
+TEST(StartUp, RegistersTheMainWindowsClass)
+{
+    StartUp start;
+    start.run(SW_SHOW);
+    ASSERT_EQ(start.classes.size(), 2u);
+    const WNDCLASSEXW& seen = start.classes[0];
+    expect_class(seen, L"prg_wnds_layout", WndProc, BLACK_BRUSH);
+    EXPECT_EQ(std::wstring(seen.lpszMenuName), L"menu_main");
+    // The small icon is the large picture in its full size.
+    const std::vector<COLORREF> large = picture_of_resource(200);
+    EXPECT_NE(large, picture_of_resource(201));
+    EXPECT_EQ(picture_of(seen.hIcon), large);
+    EXPECT_EQ(picture_of(seen.hIconSm), large);
+    EXPECT_EQ(size_of(seen.hIconSm).cx, 32);
+    EXPECT_EQ(size_of(seen.hIconSm).cy, 32);
+}
+
+TEST(StartUp, HasOneIconOfEachSize)
+{
+    const struct {
+        WORD id;
+        int size;
+    } icons[] = {{200, 32}, {201, 16}};
+    for (const auto& [id, size] : icons) {
+        // Without a size asked for: as it is in the resources.
+        const auto icon = static_cast<HICON>(
+            LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR));
+        EXPECT_EQ(size_of(icon).cx, size) << id;
+        EXPECT_EQ(size_of(icon).cy, size) << id;
+        DestroyIcon(icon);
+    }
+}
+
+TEST(StartUp, RegistersTheListsClass)
+{
+    StartUp start;
+    start.run(SW_SHOW);
+    ASSERT_EQ(start.classes.size(), 2u);
+    const WNDCLASSEXW& seen = start.classes[1];
+    expect_class(seen, L"List of Windows", WndProc_ScanListView, WHITE_BRUSH);
+    EXPECT_EQ(seen.lpszMenuName, nullptr);
+    EXPECT_EQ(seen.hIcon, LoadIconW(nullptr, IDI_APPLICATION));
+    EXPECT_EQ(seen.hIconSm, LoadIconW(nullptr, IDI_APPLICATION));
+}
+
+TEST(StartUp, CreatesTheMainWindow)
+{
+    StartUp start;
+    start.run(SW_SHOW);
+    const StartUp::Creation& seen = start.creation;
+    EXPECT_EQ(seen.extended_style, 0u);
+    EXPECT_EQ(seen.class_name, L"prg_wnds_layout");
+    EXPECT_EQ(seen.title, L"Wendlow");
+    EXPECT_EQ(seen.style, 0x02CF0000u); // overlapped, children left out when painting
+    EXPECT_EQ(seen.x, static_cast<int>(0x80000000));
+    EXPECT_EQ(seen.y, static_cast<int>(0x80000000));
+    EXPECT_EQ(seen.width, 546);  // 0.4 x 1366
+    EXPECT_EQ(seen.height, 345); // 0.45 x 768
+    EXPECT_EQ(seen.parent, nullptr);
+    EXPECT_EQ(seen.menu, nullptr);
+    EXPECT_EQ(seen.instance, GetModuleHandleW(nullptr));
+    EXPECT_EQ(seen.parameter, nullptr);
+    // The menu is the class's.
+    EXPECT_NE(GetMenu(start.window), nullptr);
+}
+
+TEST(StartUp, GoesOnWithoutClassesAndWithoutAWindow)
+{
+    const BoxWatcher boxes;
+    StartUp start;
+    start.classes_fail = true;
+    start.creation_fails = true;
+    start.exit_code = 4;
+    EXPECT_EQ(start.run(SW_SHOWMINIMIZED), 4);
+    EXPECT_EQ(start.steps, (Steps{"find prg_wnds_layout, any title", "common controls 4727 of 8 bytes",
+                                  "class prg_wnds_layout", "class List of Windows", "create",
+                                  "drops on null: 1", "message 233 to null: 1", "message 4A to null: 1",
+                                  "message 49 to null: 1", "show null: 2", "update null", "loop"}));
+    boxes.expect_boxes({system_error_box(ERROR_NOT_ENOUGH_MEMORY)});
+}
+
+TEST(StartUp, RestoresARunningInstanceOnlyFromItsMinimisedState)
+{
+    const OwnWindow first(L"first");
+    for (const int state : {SW_SHOWNORMAL, SW_SHOWMAXIMIZED, SW_HIDE, SW_SHOWMINIMIZED}) {
+        SCOPED_TRACE(state);
+        ShowWindow(first, state);
+        StartUp start;
+        start.running_instance = first;
+        start.exit_code = 9; // of a loop that must not be reached
+        EXPECT_EQ(start.run(SW_SHOW), 0);
+        Steps expected{"find prg_wnds_layout, any title"};
+        if (state == SW_SHOWMINIMIZED)
+            expected.push_back("show the other: 9"); // SW_RESTORE
+        expected.push_back("bring the other to the front");
+        EXPECT_EQ(start.steps, expected);
+    }
+}

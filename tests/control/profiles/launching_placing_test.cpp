@@ -1,0 +1,129 @@
+#include "sources/funcs_layout_windows/profiles/launching.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/profiles/recorded_placing.h"
+#include "tests/support/fixture_programs.h"
+
+// The order in which a load places its windows, and which window it restores.
+
+namespace
+{
+
+using namespace profile_tests;
+using test_support::BoxWatcher;
+using test_support::FixturePrograms;
+using test_support::ImportHook;
+using test_support::ProfileEncoder;
+using test_support::units_of;
+
+} // namespace
+
+TEST(Launching, PlacesProgramsFirstAndRestoresTheLastOneForAMinimisedFolder)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    FixturePrograms programs;
+    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const OwnWindow plain(L"plain folder");
+    fixture.folders.add(minimised, L"C:\\windows").add(plain, L"C:\\windows\\system32");
+    ASSERT_TRUE(IsIconic(minimised));
+    const HWND first = [&] {
+        programs.add(L"first", {.minimised = true});
+        return programs.start(L"first");
+    }();
+    const std::u16string last_path = units_of(programs.add(L"last"));
+    const HWND last = programs.start(L"last");
+    ASSERT_TRUE(becomes_iconic(first));
+
+    // The windows that are there already are found; starting more of them would only add others.
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> start("kernel32.dll",
+                                                                       [](auto...) { return TRUE; });
+    const RecordedPlacing placing({first, last, minimised, plain});
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_folder(1, 2, 301, 201, u"C:\\windows")
+                               .add_program(3, 4, 302, 202, units_of(programs.path_of(L"first")))
+                               .add_folder(5, 6, 0, 203, u"C:\\windows\\system32")
+                               .add_program(7, 8, 304, 204, last_path)
+                               .name(u"Order")
+                               .bytes()),
+              1);
+    EXPECT_EQ(placing.calls,
+              (std::vector<std::string>{"show 9 a", "front a", "move a 3,4 302x202", "move b 7,8 304x204",
+                                        "show 9 b", "front c", "move c 1,2 301x201", "show 6 d"}));
+}
+
+TEST(Launching, RestoresNoWindowForAMinimisedFolderOfAProfileWithoutPrograms)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    fixture.folders.add(minimised, L"C:\\windows");
+    const RecordedPlacing placing({minimised});
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder().add_folder(1, 2, 301, 201, u"C:\\windows").name(u"F").bytes()),
+              1);
+    EXPECT_EQ(placing.calls, (std::vector<std::string>{"show 9 0", "front a", "move a 1,2 301x201"}));
+}
+
+TEST(Launching, MinimisesAFolderSavedWithoutAWidthOrAHeight)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    const OwnWindow no_width(L"no width");
+    const OwnWindow no_height(L"no height");
+    const OwnWindow neither(L"neither");
+    const std::string unmoved = place_of(neither);
+    fixture.folders.add(no_width, L"C:\\windows")
+        .add(no_height, L"C:\\windows\\system32")
+        .add(neither, L"C:\\");
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_folder(1, 2, 0, 201, u"C:\\windows")
+                               .add_folder(3, 4, 302, 0, u"C:\\windows\\system32")
+                               .add_folder(5, 6, 0, 0, u"C:\\")
+                               .name(u"F")
+                               .bytes()),
+              1);
+    for (const HWND window : {no_width.get(), no_height.get(), neither.get()}) {
+        EXPECT_TRUE(IsIconic(window));
+        ShowWindow(window, SW_RESTORE);
+        EXPECT_EQ(place_of(window), unmoved);
+    }
+}
+
+// The calls are made without a window; the system refuses them.
+TEST(Launching, PlacesWindowsThatWereNotFoundAsNone)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    starts.failing = {L"C:\\gone", L"C:\\gone too"};
+    FixturePrograms programs;
+    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    fixture.folders.add(minimised, L"C:\\windows");
+    const std::u16string there_path = units_of(programs.add(L"there"));
+    const HWND there = programs.start(L"there");
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> start(
+        "kernel32.dll", [](LPCWSTR path, auto...) { return wcsstr(path, L"there") != nullptr; });
+    const RecordedPlacing placing({there, minimised});
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_folder(1, 2, 301, 201, u"C:\\gone")
+                               .add_program(3, 4, 302, 202, there_path)
+                               .add_program(5, 6, 303, 0, u"C:\\gone.exe")
+                               .add_folder(7, 8, 304, 204, u"C:\\windows")
+                               .add_folder(9, 10, 0, 205, u"C:\\gone too")
+                               .add_program(11, 12, 306, 206, u"C:\\gone too.exe")
+                               .name(u"Some")
+                               .bytes()),
+              1);
+    EXPECT_EQ(boxes.count(), 2u);
+    // The last program has no window, so none is restored for the folder.
+    EXPECT_EQ(placing.calls,
+              (std::vector<std::string>{"move a 3,4 302x202", "show 6 0", "move 0 11,12 306x206",
+                                        "move 0 1,2 301x201", "show 9 0", "front b", "move b 7,8 304x204",
+                                        "show 6 0"}));
+    for (const std::uint32_t entry : {0u, 2u, 4u, 5u})
+        EXPECT_EQ(fixture.stored_handle(0, entry), nullptr);
+}

@@ -1,0 +1,141 @@
+#include "sources/funcs_layout_windows/profiles/launching.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/control/profiles/profile_fixture.h"
+#include "tests/support/fixture_programs.h"
+
+// What a load leaves behind: the programs that run, where their windows are, the handles in the store.
+
+namespace
+{
+
+using namespace profile_tests;
+using test_support::BoxWatcher;
+using test_support::Bytes;
+using test_support::FixturePrograms;
+using test_support::ProfileEncoder;
+using test_support::units_of;
+
+// Overwrites the unit behind the path of the entry, whose path area begins at `*offset`, and moves on.
+void spoil_terminator(Bytes* file, std::size_t* offset, const std::wstring& path)
+{
+    *offset += path.size() * 2;
+    file->at((*offset)++) = 'Z';
+    file->at((*offset)++) = 'Z';
+}
+
+} // namespace
+
+TEST(Launching, DoesNotPauseForAProfileOfProgramsThatAreAllGone)
+{
+    ProfileFixture fixture;
+    FixturePrograms programs;
+    const RecordedSleeps sleeps;
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_program(0, 0, 300, 200, units_of(programs.path_of(L"gone")))
+                               .add_program(9, 9, 300, 200, units_of(programs.path_of(L"gone too")))
+                               .name(u"P")
+                               .bytes()),
+              1);
+    boxes.expect_boxes({{L"info", L"Not all Programs were loaded\n\nNumber of Programs failed to load = 2"
+                                  L"\nNumber of Programs in Profile = 2\nPossible reasons:\nSome Programs "
+                                  L"were deleted, renamed or check your access permissions"}});
+    EXPECT_TRUE(sleeps.pauses.empty());
+    ASSERT_EQ(fixture.store.uiN_loaded_prfls, 1u);
+    EXPECT_EQ(fixture.stored_handle(0, 0), nullptr);
+    EXPECT_EQ(fixture.stored_handle(0, 1), nullptr);
+}
+
+TEST(Launching, GivesTwoEntriesOfOneFolderTheSameWindow)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    const OwnWindow folder(L"folder");
+    fixture.folders.add(folder, L"C:\\windows");
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_folder(10, 20, 300, 200, u"C:\\windows")
+                               .add_folder(40, 50, 340, 240, u"C:\\windows")
+                               .name(u"F")
+                               .bytes()),
+              1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(starts.starts.size(), 2u);
+    EXPECT_EQ(fixture.stored_handle(0, 0), folder.get());
+    EXPECT_EQ(fixture.stored_handle(0, 1), folder.get());
+    // Placed twice, so the later entry's rectangle stays.
+    EXPECT_EQ(place_of(folder), "40,50 340x240");
+}
+
+TEST(Launching, HasStartedAndPlacedTheProgramOfAProfileTooLargeForTheStore)
+{
+    ProfileFixture fixture;
+    FixturePrograms programs;
+    const std::wstring path = programs.add(L"kept");
+    const Bytes file = ProfileEncoder().add_program(70, 80, 330, 230, units_of(path)).name(u"P").bytes();
+    fixture.store.uiSize_DynMem_files = static_cast<std::uint32_t>(file.size()) - 1;
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(file), 1);
+    boxes.expect_boxes(
+        {{L"error",
+          handler_first_text({L"sources/funcs_layout_windows", L"add_profile_data_to_DynMem", 4912, 5266},
+                             L"\n\nerror, exceed amount of DynMem for storage files of Profile\n"
+                             L"Profile will not be added\n")}});
+    EXPECT_EQ(fixture.store.uiN_loaded_prfls, 0u);
+    EXPECT_EQ(place_once_it_is(programs.wait_for_window(L"kept"), "70,80 330x230"), "70,80 330x230");
+}
+
+TEST(Launching, StartsProgramsWhosePathsAreNotTerminatedByTheirDeclaredLength)
+{
+    ProfileFixture fixture;
+    FixturePrograms programs;
+    const std::wstring first = programs.add(L"first");
+    const std::wstring second = programs.add(L"second");
+    Bytes file = ProfileEncoder()
+                     .add_program(10, 20, 300, 200, units_of(first))
+                     .add_program(30, 40, 310, 210, units_of(second))
+                     .without_zero_tail()
+                     .name(u"P")
+                     .bytes();
+    std::size_t offset = 4 + 2 * 21;
+    spoil_terminator(&file, &offset, first);
+    spoil_terminator(&file, &offset, second);
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(file), 1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(fixture.stored_file(0), file);
+    EXPECT_EQ(fixture.stored_handle(0, 0), programs.wait_for_window(L"first"));
+    EXPECT_EQ(fixture.stored_handle(0, 1), programs.wait_for_window(L"second"));
+    EXPECT_EQ(place_once_it_is(fixture.stored_handle(0, 1), "30,40 310x210"), "30,40 310x210");
+}
+
+TEST(Launching, KeepsAFolderThatWasFoundInAnEarlierPass)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    const RecordedSleeps sleeps;
+    const OwnWindow first(L"first");
+    const OwnWindow second(L"second");
+    test_support::FolderWindow early;
+    early.window = first;
+    early.path = L"C:\\windows";
+    early.last_pass = 1;
+    test_support::FolderWindow late;
+    late.window = second;
+    late.path = L"C:\\windows\\system32";
+    late.first_pass = 2;
+    fixture.folders.add(early).add(late);
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_folder(0, 0, 300, 200, u"C:\\windows")
+                               .add_folder(5, 6, 300, 200, u"C:\\windows\\system32")
+                               .name(u"F")
+                               .bytes()),
+              1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(sleeps.pauses, std::vector<DWORD>{1000});
+    EXPECT_EQ(fixture.stored_handle(0, 0), first.get());
+    EXPECT_EQ(fixture.stored_handle(0, 1), second.get());
+}

@@ -1,0 +1,170 @@
+#include "tests/control/profiles/profile_fixture.h"
+
+#include <algorithm>
+
+#include "sources/funcs_layout_windows/profiles/profile_loading.h"
+#include "tests/support/waiting.h"
+#include "tests/support/windows_lookup.h"
+
+namespace profile_tests
+{
+
+using test_support::becomes_true_pumping;
+
+namespace
+{
+
+std::wstring spaced_head(const Where& where)
+{
+    return L"error\n\nfile:\n" + where.file + L"\n\nfunction:\n" + where.function + L"\n\nline:\n" +
+           std::to_wstring(where.site);
+}
+
+HWND create_combo(HWND parent, UINT_PTR id)
+{
+    return CreateWindowExW(0, L"ComboBox", L"", WS_CHILD | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0, 0, 150, 200,
+                           parent, reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
+}
+
+void register_once(const std::wstring& class_name)
+{
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof(description);
+    description.lpfnWndProc = DefWindowProcW;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = class_name.c_str();
+    RegisterClassExW(&description); // fails for a class that is there already
+}
+
+} // namespace
+
+std::wstring pointer(const void* value)
+{
+    constexpr wchar_t digits[] = L"0123456789ABCDEF";
+    auto rest = reinterpret_cast<std::uintptr_t>(value);
+    std::wstring text(16, L'0');
+    for (std::size_t i = 16; i-- > 0; rest /= 16)
+        text[i] = digits[rest % 16];
+    return text;
+}
+
+std::wstring compact_text(const Where& where, const std::wstring& detail)
+{
+    return L"error\n\nfile:\n" + where.file + L"\nfunction:\n" + where.function + L"\nline:\n" +
+           std::to_wstring(where.site) + L"\n\n" + detail + L"\nline of error handler:" +
+           std::to_wstring(where.handler);
+}
+
+std::wstring spaced_text(const Where& where, const std::wstring& detail)
+{
+    return spaced_head(where) + L"\n\n" + detail + L"\nline of error handler:\n" +
+           std::to_wstring(where.handler);
+}
+
+std::wstring gap_text(const Where& where, const std::wstring& detail)
+{
+    return spaced_text(where, detail + L"\n");
+}
+
+std::wstring handler_first_text(const Where& where, const std::wstring& detail)
+{
+    return spaced_head(where) + L"\nline of error handler:\n" + std::to_wstring(where.handler) + L"\n" +
+           detail;
+}
+
+std::string place_of(HWND window)
+{
+    const RECT place = test_support::rectangle_of(window);
+    return std::to_string(place.left) + "," + std::to_string(place.top) + " " +
+           std::to_string(place.right - place.left) + "x" + std::to_string(place.bottom - place.top);
+}
+
+std::string place_once_it_is(HWND window, const std::string& expected)
+{
+    becomes_true_pumping([&] { return place_of(window) == expected; });
+    return place_of(window);
+}
+
+bool becomes_iconic(HWND window)
+{
+    return becomes_true_pumping([&] { return IsIconic(window) != FALSE; });
+}
+
+OwnWindow::OwnWindow(const std::wstring& title, DWORD style, RECT place, const std::wstring& class_name)
+{
+    register_once(class_name);
+    window_ = CreateWindowExW(0, class_name.c_str(), title.c_str(), style, place.left, place.top,
+                              place.right - place.left, place.bottom - place.top, nullptr, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
+    if (!window_)
+        throw test_support::Failure("no window of this process");
+}
+
+std::vector<std::wstring> combo_texts(HWND combo)
+{
+    std::vector<std::wstring> texts;
+    const LRESULT count = SendMessageW(combo, CB_GETCOUNT, 0, 0);
+    for (WPARAM i = 0; i < static_cast<WPARAM>(count); ++i) {
+        std::wstring text(1024, L'\0');
+        const LRESULT units = SendMessageW(combo, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text.data()));
+        text.resize(static_cast<std::size_t>(std::max<LRESULT>(units, 0)));
+        texts.push_back(text);
+    }
+    return texts;
+}
+
+ProfileFixture::ProfileFixture()
+    : window(L"", WS_OVERLAPPEDWINDOW), profile_combo(create_combo(window, 4)),
+      action_combo(create_combo(window, 5)), store_memory(std::make_unique<LoadedProfiles_STR>()),
+      store(*store_memory)
+{
+    CB_Profile_init(profile_combo, 4, &profiles);
+    CB_Action_init(action_combo, 5, &actions);
+    preInitOnce_onLoadProfile(&store);
+}
+
+ProfileFixture::~ProfileFixture()
+{
+    finishWork_onLoadProfile(&store);
+}
+
+std::int32_t ProfileFixture::load(const test_support::Bytes& file)
+{
+    // A refused file stays open, so every load has a file of its own.
+    const std::wstring path = files.file(L"profile " + std::to_wstring(++files_made_) + L".txt");
+    test_support::write_file(path, file);
+    return load_path(path);
+}
+
+std::int32_t ProfileFixture::load_path(const std::wstring& path)
+{
+    return onButton_LoadProfile_clicked(window, 1, path.c_str(), &store, &profiles);
+}
+
+HWND ProfileFixture::stored_handle(std::uint32_t profile, std::uint32_t entry) const
+{
+    HWND handle = nullptr;
+    const std::uint8_t* block = store.pc_hwnds_wnds_of_prfl + store.arr1D_ui_off_hwnds_beg[profile];
+    std::copy_n(block + std::size_t{entry} * 8, sizeof(handle), reinterpret_cast<std::uint8_t*>(&handle));
+    return handle;
+}
+
+test_support::Bytes ProfileFixture::stored_file(std::uint32_t profile) const
+{
+    const std::uint8_t* copy = store.pc_raw_FilesProfile + store.arr1D_ui_off_file_beg[profile];
+    return {copy, copy + store.arr1D_ui_size_file[profile]};
+}
+
+BOOL RecordedFolderStarts::start(const SHELLEXECUTEINFOW& info)
+{
+    starts.push_back({.verb = info.lpVerb,
+                      .path = info.lpFile,
+                      .size = info.cbSize,
+                      .mask = info.fMask,
+                      .owner = info.hwnd,
+                      .bare = !info.lpParameters && !info.lpDirectory,
+                      .show = info.nShow});
+    return std::find(failing.begin(), failing.end(), info.lpFile) == failing.end();
+}
+
+} // namespace profile_tests

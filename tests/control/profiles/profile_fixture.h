@@ -1,0 +1,156 @@
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "sources/funcs_layout_windows/profiles/combo_boxes.h"
+#include "sources/funcs_layout_windows/profiles/loaded_profiles.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/files.h"
+#include "tests/support/folder_windows_script.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/profile_encoder.h"
+
+// What the tests of profiles share: the texts of the boxes, a main window with its two lists and a
+// store, windows of this process, and the system calls that start programs and folders.
+
+namespace profile_tests
+{
+
+// A pointer or handle as %p prints it.
+std::wstring pointer(const void* value);
+
+// The texts around a detail, each written as it is shown.
+struct Where {
+    std::wstring file;
+    std::wstring function;
+    int site;
+    int handler;
+};
+std::wstring compact_text(const Where& where, const std::wstring& detail);
+std::wstring spaced_text(const Where& where, const std::wstring& detail);
+std::wstring gap_text(const Where& where, const std::wstring& detail);
+std::wstring handler_first_text(const Where& where, const std::wstring& detail);
+
+// "x,y widthxheight" of a window's rectangle.
+std::string place_of(HWND window);
+// The same once it is `expected`, or what it is after some seconds.
+std::string place_once_it_is(HWND window, const std::string& expected);
+bool becomes_iconic(HWND window);
+
+// A window of this process, destroyed at the end.
+class OwnWindow
+{
+public:
+    explicit OwnWindow(const std::wstring& title, DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                       RECT place = {100, 100, 400, 300}, const std::wstring& class_name = L"ProfileTest");
+    ~OwnWindow() { DestroyWindow(window_); }
+    OwnWindow(const OwnWindow&) = delete;
+    OwnWindow& operator=(const OwnWindow&) = delete;
+    operator HWND() const { return window_; }
+    HWND get() const { return window_; }
+
+private:
+    HWND window_;
+};
+
+// The texts of a combo box's list.
+std::vector<std::wstring> combo_texts(HWND combo);
+
+// A main window's part in profiles: an owner for the boxes, both lists with their records, and a
+// store that is set up. COM is there, and the shell's list holds what `folders` says.
+class ProfileFixture
+{
+public:
+    ProfileFixture();
+    ~ProfileFixture();
+    ProfileFixture(const ProfileFixture&) = delete;
+    ProfileFixture& operator=(const ProfileFixture&) = delete;
+
+    // Writes the file and loads it as the Load Profile command does with a given path.
+    std::int32_t load(const test_support::Bytes& file);
+    std::int32_t load_path(const std::wstring& path);
+
+    // Handle `entry` of profile `profile` as the store has it.
+    HWND stored_handle(std::uint32_t profile, std::uint32_t entry) const;
+    // The copy of a profile's file, by the size and offset stored for it.
+    test_support::Bytes stored_file(std::uint32_t profile) const;
+
+    void select_action(int position) { SendMessageW(action_combo, CB_SETCURSEL, wide(position), 0); }
+    void select_profile(int position) { SendMessageW(profile_combo, CB_SETCURSEL, wide(position), 0); }
+
+    test_support::ComApartment com;
+    test_support::StandInRegistration stand_in;
+    test_support::FolderWindowsScript folders;
+    test_support::TemporaryFolder files;
+    OwnWindow window;
+    HWND profile_combo;
+    HWND action_combo;
+    CB_mng_STR profiles{};
+    CB_Action_mng_STR actions{};
+    std::unique_ptr<LoadedProfiles_STR> store_memory;
+    LoadedProfiles_STR& store;
+
+private:
+    static WPARAM wide(int position) { return static_cast<WPARAM>(position); }
+
+    int files_made_ = 0;
+};
+
+// Pauses that are not waited for.
+class RecordedSleeps
+{
+public:
+    std::vector<DWORD> pauses;
+
+private:
+    test_support::ImportHook<"Sleep", decltype(Sleep)> hook_{"kernel32.dll",
+                                                             [this](DWORD time) { pauses.push_back(time); }};
+};
+
+// Folders that are said to have been opened without being opened; those in `failing` fail.
+class RecordedFolderStarts
+{
+public:
+    struct Start {
+        std::wstring verb;
+        std::wstring path;
+        DWORD size = 0;
+        ULONG mask = 0;
+        HWND owner = nullptr;
+        bool bare = false; // neither parameters nor directory
+        int show = 0;
+    };
+    std::vector<Start> starts;
+    std::vector<std::wstring> failing;
+
+private:
+    BOOL start(const SHELLEXECUTEINFOW& info);
+
+    test_support::ImportHook<"ShellExecuteExW", BOOL(SHELLEXECUTEINFOW*)> hook_{
+        "shell32.dll", [this](SHELLEXECUTEINFOW* info) { return start(*info); }};
+};
+
+// Counts what a load starts, and starts nothing.
+class NothingStarts
+{
+public:
+    int programs = 0;
+    RecordedFolderStarts folders;
+    int count() const { return programs + static_cast<int>(folders.starts.size()); }
+
+private:
+    test_support::ImportHook<"CreateProcessW", decltype(CreateProcessW)> hook_{"kernel32.dll",
+                                                                               [this](auto...) {
+                                                                                   ++programs;
+                                                                                   return FALSE;
+                                                                               }};
+};
+
+} // namespace profile_tests

@@ -1,0 +1,140 @@
+#include "sources/funcs_layout_windows/scanning/shell_folder_walk.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "sources/funcs_layout_windows/scanning/explorer_folders.h"
+#include "tests/control/scanning/scan_fixture.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
+
+// How the shell's list is asked for, and COM, which the main window uninitialises when it is closed; a
+// message may close it while the shell is asked.
+
+using namespace test_support;
+
+namespace
+{
+
+bool com_is_initialised()
+{
+    APTTYPE type{};
+    APTTYPEQUALIFIER qualifier{};
+    return SUCCEEDED(CoGetApartmentType(&type, &qualifier));
+}
+
+std::wstring guid_text(const GUID& id)
+{
+    wchar_t text[40]{};
+    StringFromGUID2(id, text, 40);
+    return text;
+}
+
+} // namespace
+
+TEST(ShellList, HoldsComFromBeforeItIsMadeUntilItIsGone)
+{
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    bool held = false;
+    const ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            CoUninitialize();
+            held = com_is_initialised();
+            return create.call_original(id, outer, context, interface_id, created);
+        });
+    {
+        ShellWindowsList list;
+        EXPECT_EQ(open_shell_windows(&list), S_OK);
+        EXPECT_TRUE(held);
+        EXPECT_TRUE(list.windows);
+        EXPECT_TRUE(com_is_initialised());
+        count_shell_windows(list);
+    }
+    EXPECT_FALSE(com_is_initialised());
+}
+
+TEST(ShellList, IsNotMadeWhereComWasNeverInitialised)
+{
+    ASSERT_FALSE(com_is_initialised());
+    ShellWindowsList list;
+    EXPECT_EQ(open_shell_windows(&list), CO_E_NOTINITIALIZED);
+    EXPECT_FALSE(list.windows);
+    EXPECT_FALSE(com_is_initialised());
+}
+
+TEST(ShellList, IsAskedForFromAnyServerWithoutOuterObject)
+{
+    const scan_tests::ScanFixture fixture;
+    int asked = 0;
+    ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            ++asked;
+            EXPECT_EQ(guid_text(id), L"{9BA05972-F6A8-11CF-A442-00A0C90A8F39}");
+            EXPECT_EQ(outer, nullptr);
+            EXPECT_EQ(context, 23u);
+            EXPECT_EQ(guid_text(interface_id), L"{85CB6900-4D95-11CF-960C-0080C7F4EE85}");
+            return create.call_original(id, outer, context, interface_id, created);
+        });
+    STR_ENUM_WNDS_DATA record{};
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&record), 1);
+    EXPECT_EQ(asked, 1);
+    ShellWindowsList list;
+    EXPECT_EQ(open_shell_windows(&list), S_OK);
+}
+
+TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
+{
+    scan_tests::ScanFixture fixture;
+    const scan_tests::TestWindow window(L"window");
+    const scan_tests::Desktop desktop({window});
+    ASSERT_EQ(fixture.scan(), 1);
+    ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            EXPECT_EQ(create.call_original(id, outer, context, interface_id, created), S_OK);
+            return E_FAIL;
+        });
+    fixture.folders.clear();
+    fixture.folders.add(window, L"C:\\");
+    const BoxWatcher boxes;
+    scan_record.counter_folders = 7;
+    scan_record.uiMaxLen_inBytes_FolderPath = 7;
+    const scan_tests::RecordCopy before;
+    EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), 1);
+    EXPECT_TRUE(scan_tests::RecordCopy() == before);
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&scan_record), 1);
+    EXPECT_EQ(scan_record.counter_folders, 0u);
+    EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 0u);
+    boxes.expect_no_boxes();
+    const StandInCounts counts = fixture.folders.counts();
+    EXPECT_EQ(counts.passes, 2);
+    EXPECT_EQ(counts.interfaces_given, 2); // the two lists alone
+    EXPECT_EQ(counts.interfaces_live, 0);
+    EXPECT_EQ(counts.released_too_often, 0);
+}
+
+TEST(ShellList, IsAskedWithAVariantThatIsInitialisedBeforeAndClearedAfter)
+{
+    scan_tests::ScanFixture fixture;
+    fixture.folders.add(fixture.host(), L"C:\\").add(fixture.host(), L"C:\\");
+    std::wstring events;
+    ImportHook<"VariantInit", decltype(VariantInit)> init("oleaut32.dll", [&](VARIANTARG* variant) {
+        events += L"init ";
+        init.call_original(variant);
+    });
+    ImportHook<"VariantClear", decltype(VariantClear)> clear("oleaut32.dll", [&](VARIANTARG* variant) {
+        events += L"clear " + std::to_wstring(fixture.folders.counts().interfaces_live);
+        EXPECT_EQ(variant->vt, VT_I4);
+        EXPECT_EQ(variant->lVal, 1);
+        return clear.call_original(variant);
+    });
+    ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
+        "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
+            events += L"create ";
+            return create.call_original(id, outer, context, interface_id, created);
+        });
+    STR_ENUM_WNDS_DATA record{};
+    EXPECT_EQ(GetCurrentExplorerFolders_01(&record), 1);
+    EXPECT_EQ(record.counter_folders, 2u);
+    EXPECT_EQ(events, L"init create clear 0");
+}

@@ -1,0 +1,201 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <commctrl.h>
+
+#include <cstring>
+#include <string>
+
+#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/support/waiting.h"
+#include "tests/support/windows_lookup.h"
+
+using namespace test_support;
+using modify_cell_tests::ModifyCell;
+using modify_cell_tests::Texts;
+
+TEST_F(ModifyCell, ShowsTheRowsFourTextsWhicheverColumnWasHit)
+{
+    for (int column = 2; column <= 5; ++column) {
+        open(1, column);
+        EXPECT_EQ(texts(), (Texts{L"-20", L"60", L"200", L"150"}));
+        DestroyWindow(dialog);
+    }
+}
+
+TEST_F(ModifyCell, OpensBesideTheCursorWithItsSizeAndStyles)
+{
+    open(0);
+    const RECT place = rectangle_of(dialog);
+    EXPECT_EQ(place.left, 230);
+    EXPECT_EQ(place.top, 180);
+    EXPECT_EQ(place.right - place.left, static_cast<int>(35 + 0.135 * GetSystemMetrics(SM_CXSCREEN)));
+    EXPECT_EQ(place.bottom - place.top, static_cast<int>(25 + 0.15 * GetSystemMetrics(SM_CYSCREEN)));
+    EXPECT_EQ(class_of(dialog), L"Modify Cell Window");
+    EXPECT_EQ(title_of(dialog), L"Modify Cell");
+    EXPECT_EQ(GetWindow(dialog, GW_OWNER), nullptr);
+    EXPECT_TRUE(IsWindowVisible(dialog));
+    EXPECT_EQ(GetWindowLongW(dialog, GWL_STYLE) & (WS_CAPTION | WS_SYSMENU), WS_CAPTION | WS_SYSMENU);
+    for (int id = 0; id < 4; ++id) {
+        EXPECT_EQ(GetWindowLongW(control(id), GWL_STYLE), WS_CHILD | WS_VISIBLE | ES_NUMBER);
+        EXPECT_EQ(GetWindowLongW(control(id), GWL_EXSTYLE) & WS_EX_CLIENTEDGE, WS_EX_CLIENTEDGE);
+    }
+    EXPECT_EQ(text(4), L"Ok");
+    EXPECT_EQ(text(5), L"Cancel");
+}
+
+TEST_F(ModifyCell, AppliesAChangeToRowAndGeometryAndCloses)
+{
+    open(0);
+    enter(0, L"250");
+    press(4);
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_EQ(cells(0), (Texts{L"250", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "250,50 300x200");
+    EXPECT_EQ(entry(1), "-20,60 200x150");
+}
+
+TEST_F(ModifyCell, MakesMoveUseTheChange)
+{
+    open(0);
+    enter(0, L"250");
+    press(4);
+    fixture.list().set_ticked(0, true);
+    fixture.press(1);
+    pump_messages();
+    EXPECT_EQ(rectangle_of(first).left, 250);
+}
+
+TEST_F(ModifyCell, TakesAPastedNegativeNumber)
+{
+    open(0);
+    enter(0, L"-8");
+    press(4);
+    EXPECT_EQ(cells(0)[0], L"-8");
+    EXPECT_EQ(entry(0), "-8,50 300x200");
+}
+
+TEST_F(ModifyCell, TakesANegativeNumberFromTheClipboard)
+{
+    open(0);
+    const wchar_t pasted[] = L"-8";
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof pasted);
+    std::memcpy(GlobalLock(block), pasted, sizeof pasted);
+    GlobalUnlock(block);
+    ASSERT_TRUE(OpenClipboard(dialog));
+    EmptyClipboard();
+    SetClipboardData(CF_UNICODETEXT, block);
+    CloseClipboard();
+    SendMessageW(control(0), EM_SETSEL, 0, -1);
+    SendMessageW(control(0), WM_PASTE, 0, 0);
+    EXPECT_EQ(text(0), L"-8");
+    press(4);
+    EXPECT_EQ(cells(0), (Texts{L"-8", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "-8,50 300x200");
+}
+
+TEST_F(ModifyCell, KeepsTheRowsTextWhenAnEditIsEmptyButStoresZero)
+{
+    open(0);
+    enter(2, L"");
+    press(4);
+    EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "10,50 0x200");
+}
+
+TEST_F(ModifyCell, LetsTheLastCharacterAloneDecide)
+{
+    open(0);
+    enter(0, L"12a3");
+    enter(1, L"123a");
+    press(4);
+    EXPECT_EQ(cells(0), (Texts{L"12a3", L"50", L"300", L"200"}));
+    EXPECT_EQ(entry(0), "12,123 300x200");
+}
+
+TEST_F(ModifyCell, ReadsAtMostFortyNineUnits)
+{
+    open(0);
+    // The fiftieth unit would make the text invalid.
+    enter(0, std::wstring(48, L' ') + L"7" + L"a");
+    press(4);
+    EXPECT_EQ(entry(0), "7,50 300x200");
+    EXPECT_EQ(cells(0)[0], std::wstring(48, L' ') + L"7");
+}
+
+TEST_F(ModifyCell, ClosesWithoutAChangeOnCancelAndTheCloseBox)
+{
+    open(0);
+    enter(0, L"99");
+    press(5);
+    EXPECT_FALSE(IsWindow(dialog));
+    open(0);
+    enter(0, L"99");
+    SendMessageW(dialog, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_EQ(entry(0), "10,50 300x200");
+    EXPECT_EQ(cells(0)[0], L"10");
+}
+
+TEST_F(ModifyCell, MovesTheFocusWithTab)
+{
+    open(0);
+    for (int id = 0; id < 6; ++id) {
+        SetFocus(control(id));
+        EXPECT_EQ(SendMessageW(control(id), WM_KEYDOWN, VK_TAB, 0), 0);
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), (id + 1) % 6) << "from " << id;
+    }
+}
+
+TEST_F(ModifyCell, SwallowsKeyPressesInTheEditsButTakesCharacters)
+{
+    open(0);
+    SetFocus(control(0));
+    SendMessageW(control(0), EM_SETSEL, 2, 2);
+    for (const WPARAM key : {VK_LEFT, VK_HOME, VK_DELETE, VK_RETURN, VK_ESCAPE})
+        EXPECT_EQ(SendMessageW(control(0), WM_KEYDOWN, key, 0), 0);
+    EXPECT_EQ(LOWORD(SendMessageW(control(0), EM_GETSEL, 0, 0)), 2);
+    SendMessageW(control(0), WM_CHAR, L'5', 0);
+    EXPECT_EQ(text(0), L"105");
+    SendMessageW(control(0), WM_CHAR, L'b', 0); // refused by the edit itself
+    EXPECT_EQ(text(0), L"105");
+    SendMessageW(control(0), WM_CHAR, VK_BACK, 0);
+    EXPECT_EQ(text(0), L"10");
+    EXPECT_TRUE(IsWindow(dialog));
+}
+
+TEST_F(ModifyCell, AppliesOnEnterOnOkAndNotOnSpace)
+{
+    open(0);
+    enter(3, L"333");
+    SetFocus(control(4));
+    SendMessageW(control(4), WM_KEYDOWN, VK_SPACE, 0);
+    SendMessageW(control(4), WM_KEYUP, VK_SPACE, 0);
+    SendMessageW(control(4), WM_KEYDOWN, VK_ESCAPE, 0);
+    EXPECT_TRUE(IsWindow(dialog));
+    SendMessageW(control(4), WM_KEYDOWN, VK_RETURN, 0);
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_EQ(entry(0), "10,50 300x333");
+}
+
+TEST_F(ModifyCell, ClosesOnEnterOnCancel)
+{
+    open(0);
+    enter(3, L"333");
+    SendMessageW(control(5), WM_KEYDOWN, VK_RETURN, 0);
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_EQ(entry(0), "10,50 300x200");
+}
+
+TEST_F(ModifyCell, MakesTheFocusedButtonTheDefaultOne)
+{
+    open(0);
+    SetFocus(control(4));
+    pump_messages();
+    EXPECT_EQ(GetWindowLongW(control(4), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
+    SetFocus(control(5));
+    pump_messages();
+    EXPECT_EQ(GetWindowLongW(control(4), GWL_STYLE) & BS_TYPEMASK, BS_PUSHBUTTON);
+    EXPECT_EQ(GetWindowLongW(control(5), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
+}

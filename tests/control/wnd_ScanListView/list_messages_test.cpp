@@ -1,0 +1,153 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <commctrl.h>
+
+#include <string>
+#include <vector>
+
+#include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/wnd_ScanListView/list_fixture.h"
+#include "tests/control/wnd_ScanListView/windows_made.h"
+#include "tests/support/box_watcher.h"
+#include "tests/support/import_patch.h"
+#include "tests/support/windows_lookup.h"
+
+// The List of Windows window as it is made, and what it takes of the messages that it gets.
+
+using namespace test_support;
+using scan_tests::TwoRows;
+using window_tests::WindowsMade;
+
+namespace
+{
+
+int screen_part(float fraction, int metric)
+{
+    return static_cast<int>(fraction * static_cast<float>(GetSystemMetrics(metric)));
+}
+
+std::wstring size_text(int width, int height)
+{
+    return std::to_wstring(width) + L"x" + std::to_wstring(height);
+}
+
+HWND modify_cell()
+{
+    return FindWindowW(L"Modify Cell Window", nullptr);
+}
+
+} // namespace
+
+TEST(ListOfWindows, MakesItsButtonsAndThenItsList)
+{
+    TwoRows scan;
+    const WindowsMade made;
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    RECT client{};
+    GetClientRect(hwnd_ScanListView, &client);
+    const std::wstring button = size_text(screen_part(0.09F, SM_CXSCREEN), screen_part(0.03F, SM_CYSCREEN));
+    ASSERT_EQ(made.lines.size(), 4u);
+    EXPECT_EQ((std::vector<std::wstring>{made.lines.begin() + 1, made.lines.end()}),
+              (std::vector<std::wstring>{L"button \"Move\" 1: 50000300 00000000 0,0 " + button,
+                                         L"button \"Create Profile\" 2: 50000300 00000000 0,0 " + button,
+                                         L"SysListView32 \"\" 4: 50800009 00000000 0,0 " +
+                                             size_text(client.right, client.bottom)}));
+    EXPECT_EQ(made.parents,
+              (std::vector<HWND>{nullptr, hwnd_ScanListView, hwnd_ScanListView, hwnd_ScanListView}));
+}
+
+TEST(ListOfWindows, PlacesItsControlsInOrderAndRepaintsThem)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    std::vector<int> placed;
+    const ImportHook<"MoveWindow", decltype(MoveWindow)> move(
+        "user32.dll", [&](HWND window, int x, int y, int width, int height, BOOL repaint) {
+            placed.push_back(GetDlgCtrlID(window));
+            EXPECT_EQ(repaint, TRUE);
+            return move.call_original(window, x, y, width, height, repaint);
+        });
+    EXPECT_EQ(SendMessageW(hwnd_ScanListView, WM_SIZE, SIZE_RESTORED, MAKELPARAM(500, 300)), 0);
+    EXPECT_EQ(placed, (std::vector<int>{1, 2, 4}));
+}
+
+TEST(ListOfWindows, LeavesNothingToPaint)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    InvalidateRect(hwnd_ScanListView, nullptr, TRUE);
+    EXPECT_TRUE(GetUpdateRect(hwnd_ScanListView, nullptr, FALSE));
+    EXPECT_EQ(SendMessageW(hwnd_ScanListView, WM_PAINT, 0, 0), 0);
+    EXPECT_FALSE(GetUpdateRect(hwnd_ScanListView, nullptr, FALSE));
+}
+
+TEST(ListOfWindows, TakesClicksOfItsListOnly)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    const RemoteListView list = scan.fixture.list();
+    int menus = 0;
+    const ImportHook<"TrackPopupMenu", decltype(TrackPopupMenu)> track(
+        "user32.dll", [&](HMENU, UINT, int, int, int, HWND, const RECT*) -> BOOL {
+            ++menus;
+            return TRUE;
+        });
+    const POINT centre = list.cell_centre(1, 3);
+    SetCursorPos(centre.x, centre.y);
+    const auto click = [&](HWND from, UINT_PTR id) {
+        NMITEMACTIVATE told{};
+        told.hdr = {from, id, static_cast<UINT>(NM_RCLICK)};
+        SendMessageW(hwnd_ScanListView, WM_NOTIFY, id, reinterpret_cast<LPARAM>(&told));
+    };
+    click(list.window(), 5);
+    click(GetDlgItem(hwnd_ScanListView, 1), 4);
+    click(nullptr, 4);
+    EXPECT_EQ(menus, 0);
+    click(list.window(), 4);
+    EXPECT_EQ(menus, 1);
+}
+
+TEST(ListOfWindows, TakesCommandsAsItsButtonsAndItsMenuSendThem)
+{
+    TwoRows scan;
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    const HWND window = hwnd_ScanListView;
+    const BoxWatcher boxes;
+    for (const WORD id : {WORD{1}, WORD{2}}) {
+        const auto button = reinterpret_cast<LPARAM>(GetDlgItem(window, id));
+        EXPECT_EQ(SendMessageW(window, WM_COMMAND, MAKEWPARAM(id, 1), button), 0);
+    }
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(101, 1), 0);
+    SendMessageW(window, WM_COMMAND, 101, reinterpret_cast<LPARAM>(GetDlgItem(window, 1)));
+    boxes.expect_no_boxes();
+    EXPECT_EQ(modify_cell(), nullptr);
+    SendMessageW(window, WM_COMMAND, 101, 0);
+    EXPECT_NE(modify_cell(), nullptr);
+    DestroyWindow(modify_cell());
+}
+
+TEST(ListOfWindows, HasAMenuOfOneItem)
+{
+    TwoRows scan;
+    HMENU loaded = nullptr;
+    const ImportHook<"LoadMenuW", decltype(LoadMenuW)> load(
+        "user32.dll", [&](HINSTANCE instance, LPCWSTR name) {
+            EXPECT_EQ(instance, GetModuleHandleW(nullptr));
+            EXPECT_EQ(std::wstring(name), L"menu_popup_ModifyCell");
+            loaded = load.call_original(instance, name);
+            return loaded;
+        });
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    const auto text_of = [](HMENU menu) {
+        wchar_t text[40]{};
+        GetMenuStringW(menu, 0, text, 40, MF_BYPOSITION);
+        return std::wstring(text);
+    };
+    EXPECT_EQ(GetMenuItemCount(loaded), 1);
+    EXPECT_EQ(text_of(loaded), L"menu_MW");
+    EXPECT_EQ(GetMenuItemCount(GetSubMenu(loaded, 0)), 1);
+    EXPECT_EQ(text_of(GetSubMenu(loaded, 0)), L"Modify Cell");
+}

@@ -62,8 +62,8 @@ std::size_t copy_window(const STR_RW_PRFL* record, std::uint32_t i, const STR_EN
     record->p_arr1D_ui_w[i] = static_cast<std::uint32_t>(entry->width);
     record->p_arr1D_ui_h[i] = static_cast<std::uint32_t>(entry->height);
     record->p_arr1D_ui_len_path[i] = path_bytes;
-    // One byte of the terminator is copied, the other is the area's zero fill: the copy and the advance
-    // differ on purpose.
+    // Quirk: only one byte of the terminator is copied, so the copy and the advance differ; the other byte is
+    // the area's zero fill, and the file is the same.
     std::memcpy(record->p_arr_strz_paths + offset, path_slot(scan, k), std::size_t{path_bytes} + 1);
     return offset + path_bytes + profile_file::kTerminator_bytes;
 }

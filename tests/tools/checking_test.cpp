@@ -99,6 +99,21 @@ TEST(ProfileCheck, NamesTheFirstFieldPastTheEnd)
     EXPECT_EQ(cut(40), Texts{"entry 1, path length, offset 42"});
     EXPECT_EQ(cut(45), Texts{"entry 0, path, offset 46"});
     EXPECT_EQ(cut(49), Texts{"entry 1, path, offset 52"});
+    // Paths of 2, 4 and 6 bytes.
+    EXPECT_EQ(places_of(ProfileEncoder()
+                            .add_program(1, 2, 3, 4, u"a")
+                            .add_folder(5, 6, 7, 8, u"bc")
+                            .add_folder(5, 6, 7, 8, u"def")
+                            .cut_before_signature(82)
+                            .bytes()),
+              Texts());
+    EXPECT_EQ(places_of(ProfileEncoder()
+                            .add_program(1, 2, 3, 4, u"a")
+                            .add_folder(5, 6, 7, 8, u"bc")
+                            .add_folder(5, 6, 7, 8, u"def")
+                            .cut_before_signature(81)
+                            .bytes()),
+              Texts{"entry 2, path, offset 77"});
 }
 
 TEST(ProfileCheck, ShowsTheProgramsBoxAndWhatToDo)

@@ -1,4 +1,4 @@
-// What is told to the user that is no failure, by start-up and the main window.
+// Notices of start-up and the main window: boxes that report no failure.
 #pragma once
 
 #include "sources/main_prg/main_errors.h"
@@ -11,7 +11,8 @@ inline constexpr ErrorRow kAbout{
               "organized.\n\nThe Wendlow project\nhttps://wendlow.example\nwendlow@wendlow.example\n\n"
               "release date: 2020-05-18",
     .title = "About"};
-// Quirk: the reserved commands' texts and titles are handed over as bytes; no item of the menu shows them.
+// Quirk: the reserved commands' texts and titles are handed over as bytes; kept so that they look the same in
+// every version.
 inline constexpr ErrorRow kMenuFileNew{
     .source = &kSource_main, .site = 1015, .function = "WndProc",
     .layout = ErrorLayout::PLAIN, .detail = "menu item FILE NEW",

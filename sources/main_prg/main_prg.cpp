@@ -45,7 +45,7 @@ void register_main_class(HINSTANCE instance)
 {
     WNDCLASSEXW main_class = common_window_class(instance, kClass_MainWindow, WndProc);
     main_class.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(ID_ICON_32));
-    // Quirk: the small icon is the large picture; users know the window by it.
+    // Quirk: the small icon is the large picture; kept so that the window looks the same in every version.
     main_class.hIconSm = static_cast<HICON>(
         LoadImageW(instance, MAKEINTRESOURCEW(ID_ICON_32), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
     main_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
@@ -84,7 +84,7 @@ int run_message_loop()
         if (result == 0)
             return static_cast<int>(message.wParam);
         if (result == -1) {
-            // Quirk: the loop is not left; the windows go on working with the next message.
+            // Quirk: a failure does not end the loop; the windows go on working with the next message.
             report<kGetMessage>();
             continue;
         }

@@ -129,7 +129,7 @@ void on_WM_DESTROY(MainWindowState* state)
     release_block(scan_record.pcDynMem_WinHndls);
     // The flag array goes with the list, if one is open.
     finishWork_onLoadProfile(&state->LoadedProfiles);
-    // A load that is still under way, below one of its boxes, must not write into the areas any more.
+    // Re-entrancy: a load whose message box is up goes on after this; it must find no areas to write into.
     state->LoadedProfiles = {};
     destroy_own_window_of_class(hwnd_ScanListView, kClass_ScanListView);
     CoUninitialize();

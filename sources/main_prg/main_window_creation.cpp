@@ -54,7 +54,7 @@ void create_controls(HWND hwnd, MainWindowState* state)
 // Finds the font size that fits the buttons and stores it in the geometry record. False after an error box.
 bool find_control_font_size(HWND hwnd, STR_GeomLt* geometry)
 {
-    // Quirk: the 8-bit text is handed over unconverted; every size was chosen for what that measures.
+    // Quirk: the 8-bit text is handed over unconverted; the controls' font size is what fits its width.
     static constexpr auto kText = bytes_as_wide("Load Profile");
 
     const std::int32_t button_width =
@@ -84,7 +84,7 @@ void set_control_font(MainWindowState* state)
         SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(state->hFont_controls), TRUE);
 }
 
-// Quirk: nothing looks at what is asked for here; creation has always asked.
+// Quirk: the answer is not used; kept so that creation takes the same steps in every version.
 void query_system_info()
 {
     SYSTEM_INFO unused{};
@@ -108,7 +108,8 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* sta
     state->hInst = creation->hInstance;
     create_controls(hwnd, state);
     CB_Action_init(state->hwnd_CB_Action, ID_CB_ACTION, &state->CB_Action);
-    // Quirk: without a font size there is no font, no Profile list record and no COM; the box has told so.
+    // Quirk: without a font size there is no font, no Profile list record and no COM; kept so that it means
+    // the same in every version.
     if (!find_control_font_size(hwnd, &state->STR_GeomLt_MW))
         return;
     set_control_font(state);

@@ -55,6 +55,8 @@ constexpr std::uint64_t offset_of_paths(std::uint64_t n_windows)
     return offset_of_array(n_windows, Array::PATH_LENGTH) + kNumber_bytes * n_windows;
 }
 // The path area's size for paths of `sum_len_bytes` bytes in all, zero tail included.
+// Quirk: the lengths count as if they were characters; the zero tail is in every file already saved, and the
+// search for the name ends at its last zero.
 constexpr std::uint64_t size_of_path_area(std::uint64_t n_windows, std::uint64_t sum_len_bytes)
 {
     return 2 * (sum_len_bytes + n_windows);

@@ -24,7 +24,7 @@ inline constexpr ErrorRow kModifyCreateY{
 inline constexpr ErrorRow kModifyCreateWidth{
     .source = &kSource_modify_cell, .site = 207, .function = "WndProc_ModifyCell",
     .layout = ErrorLayout::PLAIN, .detail = "err, hEdit_Width = NULL, func WndProc"};
-// Worded as the width's on purpose.
+// Quirk: the text names the width's edit box; users compare reports between versions.
 inline constexpr ErrorRow kModifyCreateHeight{
     .source = &kSource_modify_cell, .site = 229, .function = "WndProc_ModifyCell",
     .layout = ErrorLayout::PLAIN, .detail = "error, hEdit_Width = NULL, func WndProc_ModifyCell"};

@@ -9,6 +9,6 @@
 std::int32_t leading_number(const wchar_t* text);
 
 // True when the list row takes the edited text: its last character is a digit, that is, alphanumeric and not
-// alphabetic by the two tests given. Only the last character decides, on purpose ("12a3" is taken, "123a" is
-// not), so that a pasted "-8" is taken; an empty text is not.
+// alphabetic by the two tests given. An empty text is not taken.
+// Quirk: only the last character decides ("12a3" is taken, "123a" is not); a pasted "-8" relies on it.
 bool is_edit_valid(std::wstring_view text, bool (*is_alphanumeric)(wchar_t), bool (*is_alphabetic)(wchar_t));

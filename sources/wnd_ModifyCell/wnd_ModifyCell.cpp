@@ -85,7 +85,8 @@ LRESULT call_previous_procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM l
     return CallWindowProcW(modify_cell.previous_procedures[control_id(hwnd)], hwnd, message, wParam, lParam);
 }
 
-// Every key press is swallowed on purpose; characters, Backspace and the clipboard keys arrive as WM_CHAR.
+// Characters, Backspace and the clipboard keys arrive as WM_CHAR.
+// Quirk: no other key reaches an edit box (arrows, Delete); kept so that keys mean the same in every version.
 LRESULT CALLBACK WndProc_ModifyCell_Edit(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message != WM_KEYDOWN)
@@ -95,7 +96,9 @@ LRESULT CALLBACK WndProc_ModifyCell_Edit(HWND hwnd, UINT message, WPARAM wParam,
     return 0;
 }
 
-// Enter presses the button that has the focus. The window goes even when its texts could not be applied.
+// Enter presses the button that has the focus.
+// Quirk: the window closes even when its texts could not be applied; kept so that Enter means the same in
+// every version.
 void press_button(HWND button)
 {
     const HWND dialog = GetParent(button);
@@ -114,7 +117,7 @@ LRESULT on_button_key(HWND button, WPARAM key)
         focus_next_control(button);
     else if (key == VK_RETURN)
         press_button(button);
-    return 0; // Space does not press a button.
+    return 0; // Quirk: Space presses no button; kept so that keys mean the same in every version.
 }
 
 LRESULT CALLBACK WndProc_ModifyCell_Button(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
@@ -323,7 +326,8 @@ std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, S
             modify_cell.controls[MODIFY_CELL_WIDTH], modify_cell.controls[MODIFY_CELL_HEIGHT]);
 
     show_valid_texts(hwndListView, row, &texts);
-    // Unconditional on purpose: a text that the row refused still changes the geometry.
+    // Quirk: a text that the row refused changes the geometry all the same; kept so that a profile holds the
+    // same numbers whichever version saves it.
     STR_GeomEntry* entry = geometry_entry(pSTR, row);
     entry->x = leading_number(texts[MODIFY_CELL_X].data());
     entry->y = leading_number(texts[MODIFY_CELL_Y].data());

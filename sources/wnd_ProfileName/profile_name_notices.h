@@ -1,4 +1,4 @@
-// What is told to the user that is no failure, by the profile name window.
+// Notices of the profile name window: boxes that report no failure.
 #pragma once
 
 #include "sources/wnd_ProfileName/profile_name_errors.h"

@@ -95,7 +95,7 @@ void insert_rows(HWND hwndLV)
     SendMessageW(hwndLV, WM_SETREDRAW, FALSE, 0);
     for (std::uint32_t row = 0; row < scan_record.counter_valid; ++row) {
         const InsertedRow inserted = insert_row(hwndLV, row);
-        // Below a box of the insertion the main window may have been closed, and the record released.
+        // Re-entrancy: a message box may have been up; closing the main window meanwhile releases the record.
         if (scan_record.pcDynMem_GeomText == nullptr)
             return;
         const STR_GeomEntry entry = *geometry_entry(&scan_record, row);
@@ -157,7 +157,8 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM /*wParam*/, LPARAM /
     *p_hwndLV = CreateWindowExW(0, WC_LISTVIEWW, L"", kListStyle, 0, 0, client.right, client.bottom, hwndThis,
                                 reinterpret_cast<HMENU>(static_cast<UINT_PTR>(uiCtlID)), hInst, nullptr);
     if (*p_hwndLV == nullptr) {
-        // The class name is printed as a number, the low half of its address, on purpose.
+        // Quirk: the class name is printed as a number, the low half of its address; users compare reports
+        // between versions.
         const auto class_name = static_cast<std::int32_t>(reinterpret_cast<std::intptr_t>(WC_LISTVIEWW));
         report<kListviewCreate>(client.right, client.bottom, uiCtlID, hwndThis, hInst, class_name);
         return 1;

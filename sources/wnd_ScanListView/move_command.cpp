@@ -50,7 +50,7 @@ std::int32_t onButton_Move(HWND /*hwndThis*/, HWND hwndLV, WPARAM /*wParam*/, LP
         if (rect.width == 0 || rect.height == 0 || move_window(pcDynMem_WinHndls[row], rect))
             continue;
         report<kMoveImpossible>(rect.x, rect.y, rect.width, rect.height);
-        // Below the box the list may have been closed, and its scan released.
+        // Re-entrancy: while the box was up the list may have been closed, and its scan released.
         if (IsWindow(hwndLV) == FALSE)
             return 1;
     }

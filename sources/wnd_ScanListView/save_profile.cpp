@@ -93,14 +93,15 @@ std::int32_t on_WM_COPYDATA_on_wnd_NameOfProfile(HWND hwnd_wnd_ListOfWnds, HWND 
     SavePath path{L"Profile_01"};
     if (!choose_file(hwnd_wnd_ListOfWnds, &path))
         return kNameArrival_cancelled;
-    // Quirk: the writer runs on a failed handle as well, and its writes come to nothing; what it has to
-    // refuse is then still told.
+    // Quirk: the writer runs without a file as well; what it has to refuse is then still told.
     const HANDLE file = create_file(path.data());
     const std::int32_t written = WriteData_Profile(
         file, pSTR_RW_PRFL, pSTR_RW_PRFL->N_wnds_in_profile, pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder,
         pSTR_RW_PRFL->p_arr1D_ui_x, pSTR_RW_PRFL->p_arr1D_ui_y, pSTR_RW_PRFL->p_arr1D_ui_w,
         pSTR_RW_PRFL->p_arr1D_ui_h, pSTR_RW_PRFL->p_arr1D_ui_len_path, pSTR_RW_PRFL->p_arr_strz_paths);
-    if (written < 0) // The handle stays open and the arrays stay allocated.
+    // Quirk: after a refusal the file stays open and the arrays stay; the next Create Profile releases the
+    // arrays.
+    if (written < 0)
         return report<kNameArrivalWriterFailed>(written);
     const SaveErrors errors = close_file(file, path.data(), GetLastError());
     const std::int32_t freed = FreeDynMem_wnds_Profile(pSTR_RW_PRFL);

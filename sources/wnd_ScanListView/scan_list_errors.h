@@ -9,7 +9,7 @@ inline constexpr ErrorSource kSource_scan_list{
     .file = "sources/wnd_ScanListView", .error_site = &error_site_scan_list, .message = message_scan_list};
 
 // clang-format off
-// Texts of the failing buttons are handed over as 8-bit bytes on purpose.
+// Quirk: the texts of the next two are handed over as bytes; users compare reports between versions.
 inline constexpr ErrorRow kListCreateMove{
     .source = &kSource_scan_list, .site = 152, .function = "WndProc_ScanListView",
     .layout = ErrorLayout::PLAIN, .detail = "err, hWndBTN01=NULL, func WndProc",
@@ -38,7 +38,8 @@ inline constexpr ErrorRow kListNameFailed{
     .source = &kSource_scan_list, .site = 358, .handler = 541, .function = "WndProc_ScanListView",
     .layout = ErrorLayout::COMPACT, .detail = "iRetCode = %d <- on_WM_COPYDATA_on_wnd_NameOfProfile()"};
 
-// The reports on building the list are 8-bit bytes on purpose, and so are the titles "ERROR".
+// Quirk: the texts on building the list are handed over as bytes, but for one, and so are the titles "ERROR";
+// users compare reports between versions.
 inline constexpr ErrorRow kListviewInput{
     .source = &kSource_scan_list, .site = 612, .handler = 803, .function = "on_WM_CREATE_02_ListView",
     .layout = ErrorLayout::SPACED_END_OF_LINE, .detail = "incorrect input parameters",
@@ -49,7 +50,7 @@ inline constexpr ErrorRow kListviewCreate{
     .detail = "NULL <- CreateWindowEx()\nw = %d\nh = %d\nuiCtlID = %u\nhwndThis = %p\nhInst = %p\n"
               "WC_LISTVIEW = %d",
     .title = "ERROR", .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
-// Only the title of this one is 8-bit.
+// Of this one the title alone.
 inline constexpr ErrorRow kListviewInsertItem{
     .source = &kSource_scan_list, .site = 718, .function = "on_WM_CREATE_02_ListView",
     .layout = ErrorLayout::PLAIN, .detail = "-1 <-- InsertItem, cycle i",
@@ -63,7 +64,7 @@ inline constexpr ErrorRow kListviewNotifyInput{
     .layout = ErrorLayout::SHOUTED, .detail = "",
     .result = kBadInput, .title = "ERROR", .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
 
-// File and function are shown as unconverted bytes on purpose.
+// Quirk: file and function are shown as bytes; users compare reports between versions.
 inline constexpr ErrorRow kMoveInput{
     .source = &kSource_scan_list, .site = 1018, .handler = 1127, .function = "onButton_Move",
     .layout = ErrorLayout::COMPACT, .detail = "ERROR, incorrect input parameters",

@@ -1,4 +1,4 @@
-// What is told to the user that is no failure, by the List of Windows window and its commands.
+// Notices of the List of Windows window and its commands: boxes that report no failure.
 #pragma once
 
 #include "sources/wnd_ScanListView/scan_list_errors.h"

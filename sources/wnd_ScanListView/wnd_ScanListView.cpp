@@ -43,7 +43,7 @@ struct ScanListState {
 };
 ScanListState scan_list;
 
-// Kept with a window that has begun to destroy itself.
+// In GWLP_USERDATA of a window whose destruction has begun.
 constexpr LONG_PTR kBeing_destroyed = 1;
 
 // A save uses the write record, whichever list has begun it: no other name is taken and no other profile
@@ -82,8 +82,8 @@ HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const Sca
 }
 
 // The font height for the buttons; the default one when no device context is there to search with.
-// Quirk: a negative height, the search's result on failure, is handed on after its box; a tiny font still
-// brings the list, which no font would not.
+// Quirk: the -1 of a failed search is handed on after its box; a tiny font still brings the list, none would
+// not.
 std::int32_t find_font_height(HWND hwnd)
 {
     const auto height =
@@ -106,10 +106,11 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanL
         create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, kListCreateProfileButton);
     const std::int32_t font_height = find_font_height(hwnd);
     if (state->hwnd != hwnd)
-        return; // Destroyed below a box.
+        return; // Re-entrancy: destroyed while a message box was up.
     state->hFont = create_control_font(font_height);
     if (state->hFont == nullptr) {
-        // Quirk: without a font the window stays with its two buttons; it has always done so.
+        // Quirk: without a font the window stays with its two buttons; kept so that it means the same in
+        // every version.
         report<kListFont>();
         return;
     }
@@ -118,7 +119,7 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanL
     on_WM_CREATE_02_ListView(hwnd, wParam, reinterpret_cast<LPARAM>(creation), state->hInst, &state->hwndLV,
                              ID_LISTVIEW);
     if (state->hwnd != hwnd)
-        return; // Destroyed, for there is no scan to show or below a box.
+        return; // Destroyed: there is no scan to show, or it was closed while a message box was up.
     state->menu = LoadMenuW(state->hInst, L"menu_popup_ModifyCell");
     state->popup = GetSubMenu(state->menu, 0);
 }
@@ -159,9 +160,9 @@ void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state
 
 void on_Create_Profile(HWND hwnd, ScanListState* state)
 {
-    if (save_under_way) // Below its dialog and boxes commands still arrive.
+    if (save_under_way) // Re-entrancy: its dialog and boxes run message loops.
         return;
-    // Arrays that are still there are those of a profile that is abandoned now.
+    // Arrays that are still there belong to a profile that is abandoned now.
     FreeDynMem_wnds_Profile(&state->RW_PRFL);
     state->RW_PRFL = {};
     const std::int32_t result =
@@ -222,7 +223,7 @@ LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanL
     return FALSE;
 }
 
-// Takes with it what belongs to the window, and its scan.
+// Destroys and releases what belongs to the window, its scan included.
 void clean_up(HWND hwnd, ScanListState* state)
 {
     state->hwnd = nullptr;
@@ -240,7 +241,7 @@ void clean_up(HWND hwnd, ScanListState* state)
 
 void on_WM_DESTROY(HWND hwnd, ScanListState* state)
 {
-    // Both answer the message once: the window destroys itself below, which sends it again.
+    // Re-entrancy: DestroyWindow sends the message once more; each part answers it once.
     if (state->hwnd == hwnd)
         clean_up(hwnd, state);
     // The message may have come from elsewhere, and would leave a window without a scan on the screen; during

@@ -13,8 +13,7 @@
 namespace
 {
 
-// The text whose line height is measured: 8-bit bytes handed over unconverted, and as many wide characters of
-// the buffer as the text has bytes. Only the height matters.
+// Quirk: the probe text is 8-bit bytes handed over as so many wide characters; only its height matters.
 constexpr int kProbe_units = 6;
 constexpr std::array<wchar_t, 8> probe_text()
 {
@@ -85,7 +84,7 @@ std::int32_t FindFontSize(HDC hdc, std::int32_t hREC)
         return report<kFindFontSizeInput>(hdc, hREC);
     for (std::int32_t size = 1;; ++size) {
         const TextSize text = measure_text(hdc, size, kProbe.data(), kProbe_units);
-        // A font that cannot be measured ends the search like one that is too high.
+        // A font that cannot be measured ends the search as one that is too high does.
         if (!text.measured || text.height > hREC)
             return size - 1;
         if (text.height == hREC)

@@ -14,10 +14,10 @@ inline constexpr std::uint32_t kFontWeight_bold = FW_BOLD;
 inline constexpr std::int32_t kFontHeight_default = 0; // the system chooses
 
 // Makes a font `height` pixels high; 0 is the default height, and a negative number cast to unsigned reaches
-// the system as the negative number that it was. The caller deletes it; null when the
-// system makes none. Quirk: the 8-bit face name is laid into the wide one unconverted; no face has
-// that name, so the font mapper chooses a serif TrueType face by family and precision. A null face name shows
-// an error box and makes a font without face name.
+// the system as the negative number that it was. The caller deletes it; null when the system makes none. A
+// null face name shows an error box and makes a font without face name.
+// Quirk: the 8-bit face name is laid into the wide one unconverted, so no face has that name and the font
+// mapper chooses a serif TrueType face; every font size is found with it.
 HFONT vex_CreateFont(std::uint32_t height, std::uint32_t weight, std::uint8_t italic, std::uint8_t underline,
                      std::uint8_t strike_out, std::uint8_t pitch_and_family, const char* pcTypeFaceName);
 

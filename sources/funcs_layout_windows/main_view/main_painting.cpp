@@ -72,7 +72,7 @@ std::int32_t draw_MainWindow(HWND hwnd_MW, HDC hdc_MW, STR_GeomLt* pSTR_GeomLt, 
         pLoadedProfiles_STR == nullptr)
         return report<kDrawMainInput>(hwnd_MW, hdc_MW, pSTR_GeomLt, hFont_buttons, pLoadedProfiles_STR);
 
-    // Quirk: the count's text is made, but not drawn; the layout keeps its line free.
+    // Quirk: the count's text is made but not drawn; kept so that the window looks the same in every version.
     std::array<wchar_t, 25> count_text{};
     _snwprintf(count_text.data(), count_text.size() - 1, L"Profiles loaded: %.2u",
                pLoadedProfiles_STR->uiN_loaded_prfls);

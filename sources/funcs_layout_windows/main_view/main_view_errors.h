@@ -5,7 +5,7 @@
 #include "sources/funcs_layout_windows/error_sources.h"
 
 // clang-format off
-// Quirk: text and title are handed over as bytes; only a fault of the program shows them.
+// Quirk: text and title are handed over as bytes; users compare reports between versions.
 inline constexpr ErrorRow kMainSizeInput{
     .source = &kSource_layout_windows, .site = 1491, .handler = 1713, .function = "on_WM_SIZE",
     .layout = ErrorLayout::SPACED,

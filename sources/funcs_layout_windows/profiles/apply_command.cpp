@@ -9,8 +9,8 @@ namespace
 
 using profile_file::EntryIterator;
 
-// Window `i` of the profile. False when there is none, or when the store has been emptied: the window calls
-// wait for other programs, and a message that comes in meanwhile may close the main window.
+// Window `i` of the profile; false when there is none. Re-entrancy: the window calls let messages in, and a
+// main window that closes empties the store.
 bool read_window(const LoadedProfiles_STR* store, std::uint32_t index, std::uint32_t i, HWND* hwnd)
 {
     if (index >= store->uiN_loaded_prfls || i >= window_count_of_profile(store, index))

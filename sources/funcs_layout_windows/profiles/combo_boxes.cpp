@@ -31,7 +31,7 @@ bool is_name_end(const std::uint8_t* bytes)
            (bytes[1] == profile_file::kSignature[1] && bytes[2] == profile_file::kSignature[2]);
 }
 
-// Takes the low byte of each unit only; names beyond Latin-1 are shown as what that gives.
+// Quirk: only the low byte of each unit is shown; kept so that a name reads the same in every version.
 void copy_shown_name(const std::uint8_t* name, ShownName* shown)
 {
     for (std::size_t i = 0; i < kShownName_max_units && !is_name_end(name + 2 * i); ++i)
@@ -108,6 +108,8 @@ std::int32_t CB_Profile_add_string(CB_mng_STR* p_CB_mng_STR, const void* p_tc_sz
     const auto text = reinterpret_cast<LPARAM>(shown.data());
     if (is_insert_error(SendMessageW(p_CB_mng_STR->hwnd_CB, CB_INSERTSTRING, position, text)))
         report<kAddStringInsert>();
+    // Quirk: an earlier name that begins the same is selected; kept so that it means the same in every
+    // version.
     SendMessageW(p_CB_mng_STR->hwnd_CB, CB_SELECTSTRING, static_cast<WPARAM>(-1), text);
     return 1;
 }
@@ -125,14 +127,13 @@ std::int32_t CB_Profile_del_string(CB_mng_STR* p_CB_mng_STR)
         return report<kDelStringDelete>();
 
     auto& indexes = p_CB_mng_STR->arr1D_ui_index_profile;
-    p_CB_mng_STR->arr1D_p_names[ind] = nullptr; // The pointers behind it are not moved.
+    p_CB_mng_STR->arr1D_p_names[ind] = nullptr; // Quirk: those behind it are not moved; nothing reads them.
     if (p_CB_mng_STR->uiN_strs == 1) {
         p_CB_mng_STR->uiN_strs = 0;
         indexes[ind] = 0;
         return 1;
     }
-    // Positions follow the store's numbering, so the index table follows by counting up rather than by
-    // moving.
+    // Quirk: the indexes are counted up, not moved; the same as long as profile k stands at position k.
     const std::uint32_t remaining = --p_CB_mng_STR->uiN_strs;
     for (std::uint32_t position = ind; position < remaining; ++position)
         ++indexes[position];

@@ -55,12 +55,11 @@ std::int32_t onWM_COMMAND_CB_Profile(unsigned code, unsigned uiCtlID, HWND hwndC
 std::int32_t onWM_COMMAND_CB_Action(unsigned code, unsigned uiCtlID, HWND hwndCtl,
                                     CB_Action_mng_STR* pCB_Action_mng_STR);
 
-// Adds a name at the end of the Profile list and selects the first name in the list that begins with it (so
-// an earlier one with the same beginning wins, on purpose). `p_tc_sz_name` points to UTF-16 units of any
-// alignment that end in a zero unit or, inside a profile file, in the file's signature; at most 201 units are
-// read and the low byte of each is shown. `index_profile` is the profile's index in the loaded-profiles
-// store. Returns 1 (also when the list refused the text, after a box); 2 after a box when the list is full,
-// nothing changed; -1 after an error box for a null argument.
+// Adds a name at the end of the Profile list and selects the first name in the list that begins with it.
+// `p_tc_sz_name` points to UTF-16 units of any alignment that end in a zero unit or, inside a profile file,
+// in the file's signature; at most 201 units are read. `index_profile` is the profile's index in the
+// loaded-profiles store. Returns 1 (also when the list refused the text, after a box); 2 after a box when the
+// list is full, nothing changed; -1 after an error box for a null argument.
 std::int32_t CB_Profile_add_string(CB_mng_STR* p_CB_mng_STR, const void* p_tc_sz_name,
                                    std::uint32_t index_profile);
 

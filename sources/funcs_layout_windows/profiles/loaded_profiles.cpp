@@ -53,8 +53,9 @@ void set_offsets(LoadedProfiles_STR* store, std::uint32_t k, std::uint32_t handl
     store->arr1D_ui_off_file_end[k] = store->arr1D_ui_off_file_beg[k] + file_bytes - 1;
 }
 
-// Finds the name at the end of profile k's copy. The search may run on into the copies before it; it stays in
-// the area.
+// Finds the name at the end of profile k's copy.
+// Quirk: without a zero unit the search runs on into the copies before it; kept so that such a name reads the
+// same in every version.
 void locate_name(LoadedProfiles_STR* store, std::uint32_t k)
 {
     const std::uint32_t end = store->arr1D_ui_off_file_end[k] + 1;

@@ -6,7 +6,7 @@
 #include "sources/funcs_layout_windows/error_sources.h"
 
 // clang-format off
-// The text is handed over as 8-bit bytes on purpose, its title is not.
+// Quirk: the text is handed over as bytes, its title is not; users compare reports between versions.
 inline constexpr ErrorRow kCbProfileInput{
     .source = &kSource_profiles, .site = 9672, .handler = 9711, .function = "onWM_COMMAND_CB_Profile",
     .layout = ErrorLayout::HANDLER_FIRST,
@@ -137,6 +137,7 @@ inline constexpr ErrorRow kLoadInput{
     .detail = "incorrect input:\nhwnd_MW = %p, ptcFilePath_Profile = %p\np_LoadedProfiles_STR = %p\n"
               "p_CB_Profile_mng_STR = %p",
     .result = kBadInput};
+// Quirk: the dialog's failure has the text of CreateFile's; users compare reports between versions.
 inline constexpr ErrorRow kLoadDialog{
     .source = &kSource_profiles, .site = 5521, .handler = 7095, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP,
@@ -239,7 +240,7 @@ inline constexpr ErrorRow kFindProgramsField{
               "p_HWNDs_loadedPrgsProfile_STR->uiSize_chars = %d, "
               "p_HWNDs_loadedPrgsProfile_STR->uiSize_bytes = %d\n",
     .result = -2};
-// The two reports of the folder matcher show file and function as unconverted bytes on purpose.
+// Quirk: file and function are shown as bytes in the next two; users compare reports between versions.
 inline constexpr ErrorRow kLoadedFoldersInput{
     .source = &kSource_profiles, .site = 7698, .handler = 7976, .function = "GetHWNDS_of_LoadedFolders",
     .layout = ErrorLayout::SPACED,
@@ -255,7 +256,7 @@ inline constexpr ErrorRow kMatchNullLParam{
     .source = &kSource_profiles, .site = 8119, .handler = 8645, .function = "GetHWNDS_of_LoadedPrograms",
     .layout = ErrorLayout::COMPACT, .detail = "error, incorrect input parameters\nlParam = %p",
     .result = FALSE};
-// The line for uiSize_bytes has no value on purpose.
+// Quirk: the line for uiSize_bytes has no value; users compare reports between versions.
 inline constexpr ErrorRow kMatchNullField{
     .source = &kSource_profiles, .site = 8136, .handler = 8674, .function = "GetHWNDS_of_LoadedPrograms",
     .layout = ErrorLayout::COMPACT,
@@ -272,7 +273,7 @@ inline constexpr ErrorRow kCheckFoldersInput{
     .detail = "incorrect input parameters: pcFileData = %p, pc_arr1D_hwnd = %p, uiN_wnds = %u",
     .result = kBadInput};
 
-// The reports of dropped files are 8-bit throughout and handed over unconverted on purpose.
+// Quirk: texts and titles of dropped files are handed over as bytes; users compare reports between versions.
 inline constexpr ErrorRow kDropInput{
     .source = &kSource_profiles, .site = 9102, .handler = 9207, .function = "on_wm_dropfiles",
     .layout = ErrorLayout::SPACED, .detail = "incorrect input:\nhwnd_MW = %p, hDrop = %p",

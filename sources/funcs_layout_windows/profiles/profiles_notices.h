@@ -1,5 +1,5 @@
-// What is told to the user that is no failure, by the Profile and Action lists, loading, launching, matching,
-// dropping and Apply.
+// Notices of the Profile and Action lists, loading, launching, matching, dropping and Apply: boxes that
+// report no failure.
 #pragma once
 
 #include "errors/error_box.h"

@@ -18,7 +18,7 @@ struct FolderMeasure {
 
 bool measure_folder(HWND, std::wstring_view path, void* context)
 {
-    if (is_scan_abandoned()) // A call to the shell lets messages in.
+    if (is_scan_abandoned()) // Re-entrancy: a call to the shell lets messages in.
         return false;
     auto* measure = static_cast<FolderMeasure*>(context);
     ++measure->count;
@@ -39,7 +39,7 @@ bool blocks_present(const STR_ENUM_WNDS_DATA* pSTR)
 
 bool fill_folder(HWND hwnd, std::wstring_view path, void* context)
 {
-    if (is_scan_abandoned()) // A call to the shell lets messages in.
+    if (is_scan_abandoned()) // Re-entrancy: a call to the shell lets messages in.
         return false;
     auto* filling = static_cast<FolderFilling*>(context);
     if (hwnd == nullptr) {

@@ -1,5 +1,5 @@
-// Who is using the scan record. Titles, the shell and the making of the list let messages in while a scan is
-// on its way: another Scan may be pressed, and the main window closed.
+// Who is using the scan record. Re-entrancy: reading titles, asking the shell and making the list let
+// messages in, so another Scan may be pressed during a scan, and the main window closed.
 #pragma once
 
 // A scan's use of the record, from before its counters are reset until its list is made. One at a time.
@@ -19,8 +19,8 @@ private:
     bool taken_;
 };
 
-// Ends the use ahead of a box with which a scan ends. Below the box another scan may replace the record, so
-// the one that shows it must not touch the record afterwards.
+// Ends the use before the message box with which a scan ends. Re-entrancy: the box runs a message loop, in
+// which another scan may replace the record: the first must not touch it afterwards.
 void end_scan_use();
 
 // Called when the main window goes and releases the record's blocks: a scan on its way ends quietly.

@@ -1,4 +1,4 @@
-// What is told to the user that is no failure, by scanning.
+// Notices of scanning: boxes that report no failure.
 #pragma once
 
 #include "errors/error_box.h"

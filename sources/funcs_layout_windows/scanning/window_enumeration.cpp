@@ -103,7 +103,7 @@ BOOL CALLBACK EnumWindowsProc_Calc(HWND hwnd, LPARAM lParam)
     ++pSTR->counter_all;
     std::array<wchar_t, kTitleLimit_counting_units> title;
     const bool qualifies = window_qualifies(hwnd, title);
-    if (is_scan_abandoned()) // Reading a title lets other threads' messages in.
+    if (is_scan_abandoned()) // Re-entrancy: reading a title lets messages in.
         return FALSE;
     if (!qualifies)
         return TRUE;
@@ -137,7 +137,7 @@ BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam)
     std::array<wchar_t, kTitleLimit_filling_units> title;
     const bool qualifies = window_qualifies(hwnd, title);
     const std::size_t announced_units = qualifies ? announced_title_units(hwnd) : 0;
-    if (is_scan_abandoned()) // Reading a title lets other threads' messages in.
+    if (is_scan_abandoned()) // Re-entrancy: reading a title lets messages in.
         return FALSE;
     if (!qualifies)
         return TRUE;

@@ -48,7 +48,7 @@ ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD lim
     if (process == nullptr)
         return ImagePath::UNAVAILABLE;
     std::fill(buffer.begin(), buffer.end(), L'\0');
-    // The handle is left open on failure; the caller ends the whole enumeration then.
+    // Quirk: on failure the handle stays open; it is one at most, as the whole enumeration ends.
     if (K32GetModuleFileNameExW(process, nullptr, buffer.data(), limit_units) == 0)
         return ImagePath::FAILED;
     CloseHandle(process);

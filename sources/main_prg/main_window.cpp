@@ -127,7 +127,7 @@ void on_WM_DESTROY(MainWindowState* state)
     release_block(scan_record.pcDynMem_FullPaths);
     release_block(scan_record.pcDynMem_GeomText);
     release_block(scan_record.pcDynMem_WinHndls);
-    // The flag array goes with the list, if one is open.
+    // Quirk: the flag array is released with the list, so without a list it stays; the process ends.
     finishWork_onLoadProfile(&state->LoadedProfiles);
     // Re-entrancy: a load whose message box is up goes on after this; it must find no areas to write into.
     state->LoadedProfiles = {};

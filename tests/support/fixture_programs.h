@@ -90,7 +90,7 @@ public:
     // Waits until a program with hang_after_start or hang_on_get_text has stopped handling messages.
     void wait_until_hanging(const std::wstring& name, unsigned milliseconds = kLongWait) const;
 
-    // How often the window was asked to close; the count goes with the window.
+    // How often the window was asked to close; counted as long as the window lives.
     static int close_requests(HWND window);
     // How many of these were sent, so that the sender waited for the answer, and not posted.
     static int awaited_close_requests(HWND window);

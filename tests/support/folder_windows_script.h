@@ -12,7 +12,7 @@
 namespace test_support
 {
 
-// What goes wrong on the road from the list to a window's folder.
+// Which step of the way from the list to a window's folder gives nothing.
 enum class Missing {
     kNothing,
     kItem,            // Item fails
@@ -42,7 +42,7 @@ struct FolderWindow {
     int last_pass = 0x7FFFFFFF;
 };
 
-// What the stand-in has given out and got back since the script was made or cleared.
+// References and lists that the stand-in has given out and got back since the script was made or cleared.
 struct StandInCounts {
     int passes = 0;             // list objects created
     int interfaces_given = 0;   // references handed out over all interfaces

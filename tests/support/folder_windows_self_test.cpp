@@ -19,8 +19,8 @@ constexpr GUID kShellWindows = {0x9BA05972, 0xF6A8, 0x11CF, {0xA4, 0x42, 0x00, 0
 constexpr GUID kTopLevelBrowser = {
     0x4C96BE40, 0x915C, 0x11CF, {0x99, 0xD3, 0x00, 0xAA, 0x00, 0x4A, 0xE8, 0x37}};
 
-// The road from the list to its folders, walked as a program walks it and released again. What was
-// reached is told as "handle path", or by the name of the step that gave nothing.
+// Goes from the list to its folders as a program does, and releases everything again. A folder that was
+// reached is given as "handle path", another as the name of the step that gave nothing.
 class Walk
 {
 public:

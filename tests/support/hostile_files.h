@@ -9,7 +9,7 @@
 #include "tests/support/files.h"
 
 // Profile files that nobody saved: every field at its limits, the file cut at every boundary, and random
-// damage. What becomes of each is worked out here from the layout of the format alone.
+// damage. How the program refuses each is worked out from the layout of the format alone.
 
 namespace hostile
 {

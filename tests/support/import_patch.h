@@ -55,7 +55,7 @@ template <FunctionName Name, typename Function> class ImportHook;
 
 // The same with anything that can be called, which may hold on to variables of the test:
 //     ImportHook<"Sleep", decltype(Sleep)> hook("kernel32.dll", [&](DWORD time) { slept += time; });
-// Only calls of the thread that made it are diverted; those of other threads go on as ever. One hook of
+// Only calls of the thread that made it are diverted; those of other threads go through. One hook of
 // a function at a time.
 template <FunctionName Name, typename Result, typename... Arguments>
 class ImportHook<Name, Result(Arguments...)>

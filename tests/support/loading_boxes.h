@@ -22,7 +22,7 @@ test_support::ExpectedBox past_end_box(std::uint64_t entry, const std::wstring& 
 test_support::ExpectedBox command_box(std::int32_t result);
 test_support::ExpectedBox drop_box(); // 8-bit text shown unconverted
 
-// What a load that goes on tells of programs that did not start.
+// The box about programs that did not start; the load goes on after it.
 test_support::ExpectedBox programs_failed_box(int failed, int all);
 
 } // namespace loading_boxes

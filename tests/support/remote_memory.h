@@ -24,7 +24,7 @@ public:
     void write(std::size_t offset, const void* data, std::size_t bytes) const;
     void read(std::size_t offset, void* data, std::size_t bytes) const;
 
-    // The memory stays when this object goes.
+    // Leaves the memory to the process: it is not released at the end.
     void leave_to_process() { left_ = true; }
 
 private:

@@ -59,7 +59,7 @@ public:
     void choose_about() const { send_command(9); }
 
     // Answers and records the boxes of the program. Its expect_boxes() waits until the program is idle, so it
-    // sees a box too many as well; with a dialog left open on purpose use wait_for_box() and boxes().
+    // sees a box too many as well; while a dialog is left open use wait_for_box() and boxes().
     BoxWatcher watch_boxes() const;
 
     // Waits until what was posted to the program so far is done and no dialog of it is on the screen.

@@ -37,7 +37,7 @@ struct STR_GeomEntry {
     wchar_t* title; // the slot's title, zero-terminated, inside the same block; null in a slot never written
     std::int32_t x;
     std::int32_t y;
-    // Quirk: height precedes width; every reader of the entry relies on it.
+    // Height precedes width, as in PixelRect.
     std::int32_t height;
     std::int32_t width;
 };

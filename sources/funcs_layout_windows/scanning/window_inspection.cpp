@@ -48,7 +48,7 @@ ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD lim
     if (process == nullptr)
         return ImagePath::UNAVAILABLE;
     std::fill(buffer.begin(), buffer.end(), L'\0');
-    // Quirk: on failure the handle stays open; it is one at most, as the whole enumeration ends.
+    // Quirk: on failure the handle stays open; it is one for each pass, which ends there.
     if (K32GetModuleFileNameExW(process, nullptr, buffer.data(), limit_units) == 0)
         return ImagePath::FAILED;
     CloseHandle(process);

@@ -143,7 +143,7 @@ void count_up(HWND window, const wchar_t* name)
     SetPropW(window, name, reinterpret_cast<HANDLE>(count + 1));
 }
 
-// Who waits for the total finds the other count complete.
+// Counts a request to close. The total comes last: a test that waits for it finds the other count complete.
 void note_close_request(HWND window)
 {
     if (InSendMessage())

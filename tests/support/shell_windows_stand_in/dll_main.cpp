@@ -15,7 +15,7 @@ STDAPI DllGetClassObject(REFCLSID class_id, REFIID interface_id, void** out)
     return class_object().QueryInterface(interface_id, out);
 }
 
-// It stays: what it has handed out is to be counted to the end.
+// Never unloaded: what it has handed out is counted to the end.
 STDAPI DllCanUnloadNow()
 {
     return S_FALSE;

@@ -22,8 +22,8 @@ struct Entry {
 // The entries of the list in that pass: scripted, or those on the screen.
 std::vector<Entry> entries_in_pass(int pass);
 
-// A new object for the entry, handed out with one reference. All interfaces on the road from it to
-// its folder count their references on their own.
+// A new object for the entry, handed out with one reference. Every interface on the way from it to
+// its folder counts its references on its own.
 IDispatch* hand_out_item(const Entry& entry);
 
 } // namespace test_support::stand_in

@@ -123,7 +123,8 @@ std::int32_t WriteData_Profile(HANDLE hFile_wnds_profile, const STR_RW_PRFL* pST
                                std::uint32_t N_wnds, const std::uint8_t* p_arr1D_uc_flag_Prg_or_Folder,
                                const std::uint32_t* p_arr1D_ui_x, const std::uint32_t* p_arr1D_ui_y,
                                const std::uint32_t* p_arr1D_ui_w, const std::uint32_t* p_arr1D_ui_h,
-                               const std::uint32_t* p_arr1D_ui_len_path, const std::uint8_t* p_arr_strz_paths)
+                               const std::uint32_t* p_arr1D_ui_len_path, const std::uint8_t* p_arr_strz_paths,
+                               DWORD* p_error)
 {
     if (hFile_wnds_profile == nullptr || pSTR_RW_PRFL == nullptr || N_wnds == 0 ||
         p_arr1D_uc_flag_Prg_or_Folder == nullptr || p_arr1D_ui_x == nullptr || p_arr1D_ui_y == nullptr ||
@@ -148,7 +149,8 @@ std::int32_t WriteData_Profile(HANDLE hFile_wnds_profile, const STR_RW_PRFL* pST
     write_part(&writer, pSTR_RW_PRFL->tc_PrfName.data(), pSTR_RW_PRFL->ui_len_PrfName_bytes);
     write_part(&writer, profile_file::kSignature.data(), profile_file::kSignature.size());
     flush(&writer);
-    SetLastError(writer.error);
+    if (p_error != nullptr)
+        *p_error = writer.error;
     return 1;
 }
 

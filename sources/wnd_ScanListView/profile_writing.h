@@ -39,14 +39,14 @@ std::int32_t PrepareData_Write_Profile(STR_RW_PRFL* pSTR_RW_PRFL,
                                        const STR_ENUM_WNDS_DATA* pSTR_ENUM_WNDS_DATA);
 
 // Writes a profile file in one pass, one WriteFile call per part, and flushes it. Returns 1, whether or not
-// the writes succeeded: GetLastError is 0 then, or the code of the first write or flush that failed or came
-// up short. -1 for a null argument or N_wnds 0; an invalid handle is taken, its writes fail.
+// the writes succeeded: `p_error` takes 0 then, or the system's code of the first write or flush that failed
+// or came up short. -1 for a null argument or N_wnds 0; an invalid handle is taken, its writes fail.
 std::int32_t WriteData_Profile(HANDLE hFile_wnds_profile, const STR_RW_PRFL* pSTR_RW_PRFL,
                                std::uint32_t N_wnds, const std::uint8_t* p_arr1D_uc_flag_Prg_or_Folder,
                                const std::uint32_t* p_arr1D_ui_x, const std::uint32_t* p_arr1D_ui_y,
                                const std::uint32_t* p_arr1D_ui_w, const std::uint32_t* p_arr1D_ui_h,
-                               const std::uint32_t* p_arr1D_ui_len_path,
-                               const std::uint8_t* p_arr_strz_paths);
+                               const std::uint32_t* p_arr1D_ui_len_path, const std::uint8_t* p_arr_strz_paths,
+                               DWORD* p_error = nullptr);
 
 // Releases the record's arrays that are there and sets their pointers to null; name, length and count stay.
 // Returns 1; -1 for a null record.

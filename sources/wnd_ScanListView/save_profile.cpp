@@ -40,9 +40,9 @@ HANDLE create_file(const wchar_t* path)
         return file;
     const DWORD error = GetLastError();
     if (error == ERROR_FILE_EXISTS)
-        report<kNameArrivalFileExists>();
+        report<kSaveFileExists>();
     else
-        report<kNameArrivalCreateFile>(error);
+        report<kSaveCreateFile>(error);
     return INVALID_HANDLE_VALUE;
 }
 
@@ -73,9 +73,9 @@ SaveErrors close_file(HANDLE file, const wchar_t* path, DWORD write_error)
 void report_outcome(const SaveErrors& errors)
 {
     if (errors.remove != ERROR_SUCCESS)
-        report<kNameArrivalNotDeleted>(errors.write, errors.remove);
+        report<kSaveNotDeleted>(errors.write, errors.remove);
     else if (errors.write != ERROR_SUCCESS)
-        report<kNameArrivalNotWritten>(errors.write);
+        report<kSaveNotWritten>(errors.write);
 }
 
 } // namespace
@@ -86,27 +86,29 @@ std::int32_t on_WM_COPYDATA_on_wnd_NameOfProfile(HWND hwnd_wnd_ListOfWnds, HWND 
 {
     if (hwnd_wnd_ListOfWnds == nullptr || hwnd_wnd_NameProfile == nullptr || pSTR_ENUM_WNDS_DATA == nullptr ||
         pSTR_RW_PRFL == nullptr)
-        return report<kNameArrivalInput>(hwnd_wnd_ListOfWnds, hwnd_wnd_NameProfile, pSTR_ENUM_WNDS_DATA,
-                                         pSTR_RW_PRFL);
+        return report<kSaveInput>(hwnd_wnd_ListOfWnds, hwnd_wnd_NameProfile, pSTR_ENUM_WNDS_DATA,
+                                  pSTR_RW_PRFL);
     destroy_own_window_of_class(hwnd_wnd_NameProfile, kClass_ProfileName);
 
     SavePath path{L"Profile_01"};
     if (!choose_file(hwnd_wnd_ListOfWnds, &path))
-        return kNameArrival_cancelled;
+        return kSave_cancelled;
     // Quirk: the writer runs without a file as well; what it has to refuse is then still told.
     const HANDLE file = create_file(path.data());
-    const std::int32_t written = WriteData_Profile(
-        file, pSTR_RW_PRFL, pSTR_RW_PRFL->N_wnds_in_profile, pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder,
-        pSTR_RW_PRFL->p_arr1D_ui_x, pSTR_RW_PRFL->p_arr1D_ui_y, pSTR_RW_PRFL->p_arr1D_ui_w,
-        pSTR_RW_PRFL->p_arr1D_ui_h, pSTR_RW_PRFL->p_arr1D_ui_len_path, pSTR_RW_PRFL->p_arr_strz_paths);
+    DWORD write_error = ERROR_SUCCESS;
+    const std::int32_t written =
+        WriteData_Profile(file, pSTR_RW_PRFL, pSTR_RW_PRFL->N_wnds_in_profile,
+                          pSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder, pSTR_RW_PRFL->p_arr1D_ui_x,
+                          pSTR_RW_PRFL->p_arr1D_ui_y, pSTR_RW_PRFL->p_arr1D_ui_w, pSTR_RW_PRFL->p_arr1D_ui_h,
+                          pSTR_RW_PRFL->p_arr1D_ui_len_path, pSTR_RW_PRFL->p_arr_strz_paths, &write_error);
     // Quirk: after a refusal the file stays open and the arrays stay; the next Create Profile releases the
     // arrays.
     if (written < 0)
-        return report<kNameArrivalWriterFailed>(written);
-    const SaveErrors errors = close_file(file, path.data(), GetLastError());
+        return report<kSaveWriterFailed>(written);
+    const SaveErrors errors = close_file(file, path.data(), write_error);
     const std::int32_t freed = FreeDynMem_wnds_Profile(pSTR_RW_PRFL);
     report_outcome(errors);
     if (freed < 0)
-        return report<kNameArrivalFreeFailed>(freed);
+        return report<kSaveFreeFailed>(freed);
     return 1;
 }

@@ -132,35 +132,35 @@ inline constexpr ErrorRow kPrepareProfileField{
               "pSTR_ENUM_WNDS_DATA->arr1D_uc_flag_FP = %p\npSTR_ENUM_WNDS_DATA->arr1D_ui_LenPath = %p\n"
               "pSTR_ENUM_WNDS_DATA->pcDynMem_GeomText = %p\npSTR_ENUM_WNDS_DATA->pcDynMem_FullPaths = %p",
     .result = kBadInput};
-inline constexpr ErrorRow kNameArrivalInput{
+inline constexpr ErrorRow kSaveInput{
     .source = &kSource_scan_list, .site = 1908, .handler = 2065, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::COMPACT,
     .detail = "error, incorrect input parameters\nhwnd_wnd_ListOfWnds = %p, hwnd_wnd_NameProfile = %p, "
               "pSTR_ENUM_WNDS_DATA = %p, pSTR_RW_PRFL = %p",
     .result = kBadInput};
-inline constexpr ErrorRow kNameArrivalCreateFile{
+inline constexpr ErrorRow kSaveCreateFile{
     .source = &kSource_scan_list, .site = 1983, .handler = 2087, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::COMPACT,
     .detail = "file of profile was not created, profile is not saved\nGetLastError = %u <- CreateFile()",
     .result = 1};
-inline constexpr ErrorRow kNameArrivalWriterFailed{
+inline constexpr ErrorRow kSaveWriterFailed{
     .source = &kSource_scan_list, .site = 1997, .handler = 2109, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::COMPACT,
     .detail = "error, one of callable functions returned error, %d <- WriteData_Profile()",
     .result = -2};
-inline constexpr ErrorRow kNameArrivalNotWritten{
+inline constexpr ErrorRow kSaveNotWritten{
     .source = &kSource_scan_list, .site = 2009, .handler = 2131, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::COMPACT,
     .detail = "file of profile was not written, profile is not saved\n"
               "GetLastError = %u <- WriteFile() or FlushFileBuffers()",
     .result = 1};
-inline constexpr ErrorRow kNameArrivalNotDeleted{
+inline constexpr ErrorRow kSaveNotDeleted{
     .source = &kSource_scan_list, .site = 2017, .handler = 2131, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::COMPACT,
     .detail = "file of profile was not wholly written and cannot be deleted, profile is not saved\n"
               "GetLastError = %u <- WriteFile() or FlushFileBuffers()\nGetLastError = %u <- DeleteFile()",
     .result = 1};
-inline constexpr ErrorRow kNameArrivalFreeFailed{
+inline constexpr ErrorRow kSaveFreeFailed{
     .source = &kSource_scan_list, .site = 2031, .handler = 2153, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::COMPACT,
     .detail = "error, one of callable functions returned error, %d <- FreeDynMem_wnds_Profile()",

@@ -16,7 +16,7 @@ inline constexpr ErrorRow kCreateProfileNothingTicked{
     .detail = "There are no selected items.\nTo create profile - select items you want to include\n"
               "and then press button Create Profile.",
     .result = 1, .title = "info"};
-inline constexpr ErrorRow kNameArrivalFileExists{
+inline constexpr ErrorRow kSaveFileExists{
     .source = &kSource_scan_list, .site = 1972, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
     .layout = ErrorLayout::PLAIN, .detail = "File already exists", .result = 1, .title = "information"};
 // clang-format on

@@ -202,7 +202,7 @@ std::int32_t save_profile(HWND hwnd, HWND sender, const COPYDATASTRUCT* name, ST
     const SaveUnderWay under_way;
     keep_profile_name(name, record);
     const std::int32_t result = on_WM_COPYDATA_on_wnd_NameOfProfile(hwnd, sender, &scan_record, record);
-    return result == kNameArrival_cancelled ? FreeDynMem_wnds_Profile(record) : result;
+    return result == kSave_cancelled ? FreeDynMem_wnds_Profile(record) : result;
 }
 
 // A profile's name, from whichever window it comes. Answered FALSE when the save ends with a negative result,

@@ -289,7 +289,7 @@ TEST(RareReports, NameWindowThatIsNotThereCannotBeCancelled)
 TEST(RareReports, ArraysThatCannotBeReleasedWouldBeTold)
 {
     const BoxWatcher boxes;
-    EXPECT_EQ(report<kNameArrivalFreeFailed>(-1), -2);
+    EXPECT_EQ(report<kSaveFreeFailed>(-1), -2);
     boxes.expect_boxes(
         {{L"error", compact_text({kListFile, L"on_WM_COPYDATA_on_wnd_NameOfProfile", 2031, 2153},
                                  L"error, one of callable functions returned error, -1 <- "

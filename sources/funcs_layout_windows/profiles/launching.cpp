@@ -60,8 +60,8 @@ STARTUPINFOW startup_info(const Entry& entry)
     return startup;
 }
 
-// Starts a program and waits until it is ready for input; a null path as above. Its handles are kept open in
-// the launch record on purpose.
+// Starts a program and waits until it is ready for input; a null path as above.
+// Quirk: the handles in the launch record stay open; the search matches windows by the ids that they keep.
 void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path, std::size_t record_index)
 {
     STARTUPINFOW startup = startup_info(entry);
@@ -119,21 +119,6 @@ std::int32_t detect_folders(LaunchState* launch, bool* detected)
     return 1;
 }
 
-// True when every program that started has a window.
-bool all_programs_found(const LaunchState* launch)
-{
-    const std::uint32_t n_failed =
-        launch->uiN_failed_Programs == 0 ? 0 : launch->uiN_failed_Folders + launch->uiN_failed_Programs;
-    for (std::uint32_t i = 0; i < launch->uiN_wnds; ++i) {
-        const bool missing =
-            profile_file::kind_of_entry(launch->pcFileData, i) == profile_file::kKind_program &&
-            launch->pc_arr1D_hwnd_Programs_only[i] == nullptr;
-        if (missing && !is_failed_entry(launch->p_arr1D_ui_failed, n_failed, i))
-            return false;
-    }
-    return true;
-}
-
 // Searches for the programs' windows. True when all were found; the pause follows the last attempt as well.
 bool detect_programs(LaunchState* launch)
 {
@@ -150,7 +135,9 @@ bool detect_programs(LaunchState* launch)
         if (find_hwnds_Programs_fill_array(&record, launch->uiN_wnds, launch->pc_arr1D_hwnd_Programs_only) <
             0)
             report<kLaunchFindPrograms>();
-        if (all_programs_found(launch))
+        if (all_programs_found(launch->pcFileData, launch->pc_arr1D_hwnd_Programs_only, launch->uiN_wnds,
+                               launch->p_arr1D_ui_failed, launch->uiN_failed_Folders,
+                               launch->uiN_failed_Programs))
             return true;
         Sleep(kSearch_pause_ms);
     }
@@ -200,7 +187,8 @@ void place_windows(LaunchState* launch)
             continue;
         const HWND folder = launch->p_arr1D_hwnd_Folders[entry.index];
         launch->pc_arr1D_hwnd_Folders_only[entry.index] = folder;
-        // On purpose it is the last program's window that is restored, not the folder's.
+        // Quirk: the last program's window is restored, not the folder's; kept so that a profile loads the same
+        // in every version.
         place_window(folder, entry, last_program);
     }
 }

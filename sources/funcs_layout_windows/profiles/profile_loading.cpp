@@ -105,62 +105,9 @@ std::int32_t check_contents(const LoadedFile* loaded)
     return report<kLoadPastEnd>(fault.entry, profile_file::name_of_field(fault.field));
 }
 
-std::uint32_t count_folders(const std::uint8_t* file, std::uint32_t n_windows)
-{
-    std::uint32_t count = 0;
-    for (std::uint32_t i = 0; i < n_windows; ++i)
-        count += profile_file::kind_of_entry(file, i) == profile_file::kKind_folder ? 1U : 0U;
-    return count;
-}
-
-// Allocates the working arrays. There are as many launch records as the store's handle area has bytes,
-// whatever the profile's size.
-std::int32_t allocate_working_arrays(LaunchState* launch, std::uint32_t handle_area_bytes)
-{
-    const std::size_t n = launch->uiN_wnds;
-    // Not tested, on purpose: the search that needs this array refuses a null one.
-    launch->p_arr1D_hwnd_Folders = allocate_block<HWND>(n * sizeof(HWND));
-    launch->ptcBuf = allocate_block<wchar_t>(kImagePath_units * sizeof(wchar_t));
-    if (launch->ptcBuf == nullptr)
-        return report<kLoadMemoryPaths>();
-    launch->max_launch_records = handle_area_bytes;
-    launch->pc_arr_STRs_InfoLoadedPrg =
-        allocate_block<STR_InfoLoadedPrg>(launch->max_launch_records * sizeof(STR_InfoLoadedPrg));
-    if (launch->pc_arr_STRs_InfoLoadedPrg == nullptr)
-        return report<kLoadMemoryRecords>();
-    launch->p_arr1D_hwnd_Programs = allocate_block<HWND>(n * sizeof(HWND));
-    if (launch->p_arr1D_hwnd_Programs == nullptr)
-        return report<kLoadMemoryPrograms>();
-    launch->pc_arr1D_hwnd_Programs_only = allocate_block<HWND>(n * sizeof(HWND));
-    if (launch->pc_arr1D_hwnd_Programs_only == nullptr)
-        return report<kLoadMemoryProgramsResult>();
-    launch->pc_arr1D_hwnd_Folders_only = allocate_block<HWND>(n * sizeof(HWND));
-    if (launch->pc_arr1D_hwnd_Folders_only == nullptr)
-        return report<kLoadMemoryFoldersCopy>();
-    launch->p_arr1D_ui_failed = allocate_block<std::uint32_t>(n * sizeof(std::uint32_t));
-    if (launch->p_arr1D_ui_failed == nullptr)
-        return report<kLoadMemoryFailed>();
-    // Opening a folder lets messages in, so another load may run meanwhile: each has a copy of its own.
-    launch->p_EntryPath = allocate_block<EntryPathBuffer>(sizeof(EntryPathBuffer));
-    if (launch->p_EntryPath == nullptr)
-        return report<kLoadMemoryEntryPath>();
-    return 1;
-}
-
-void release_working_arrays(LaunchState* launch)
-{
-    release_block(launch->p_arr1D_hwnd_Folders);
-    release_block(launch->ptcBuf);
-    release_block(launch->pc_arr_STRs_InfoLoadedPrg);
-    release_block(launch->p_arr1D_hwnd_Programs);
-    release_block(launch->pc_arr1D_hwnd_Programs_only);
-    release_block(launch->pc_arr1D_hwnd_Folders_only);
-    release_block(launch->p_arr1D_ui_failed);
-    release_block(launch->p_EntryPath);
-}
-
-// Appends the profile to the store and its name to the Profile list. The name of the profile stored last is
-// added, on purpose also when this one was refused; without any stored profile there is none.
+// Appends the profile to the store and its name to the Profile list.
+// Quirk: the name of the profile stored last is added also when this one was refused; a load has always shown
+// a name. Without any stored profile there is none.
 void store_and_name(const LaunchState* launch, const LoadedFile* loaded, LoadedProfiles_STR* store,
                     CB_mng_STR* p_CB_Profile_mng_STR)
 {
@@ -172,8 +119,8 @@ void store_and_name(const LaunchState* launch, const LoadedFile* loaded, LoadedP
         report<kLoadAddProfile>();
     if (store->uiN_loaded_prfls == 0)
         return;
-    // 1 is appended. Below the box of a profile without a name another one may have been loaded: it is the
-    // last now.
+    // 1 is appended. Re-entrancy: while the box of a profile without a name was open another one may have
+    // been loaded, which is the last now.
     const std::uint32_t k = added == 1 ? next : store->uiN_loaded_prfls - 1;
     if (CB_Profile_add_string(p_CB_Profile_mng_STR,
                               store->pc_raw_FilesProfile + store->arr1D_ui_off_PrfName_beg[k], k) < 0)
@@ -191,7 +138,7 @@ std::int32_t find_path(HWND hwnd_MW, std::uint8_t uc_flag_path_given, const wcha
     }
     const FileChoice choice = choose_file(hwnd_MW, chosen);
     if (choice == FileChoice::FAILED)
-        return report<kLoadDialog>(); // The dialog's failure has no text of its own, on purpose.
+        return report<kLoadDialog>(); // Quirk: in CreateFile's words; the dialog has no text of its own.
     if (choice == FileChoice::CHOSEN)
         *path = chosen->data();
     return 1;
@@ -226,12 +173,8 @@ std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_pat
         return result;
 
     LaunchState launch{};
-    launch.hwnd_MW = hwnd_MW;
-    launch.pcFileData = loaded.bytes;
-    launch.uiN_wnds = profile_file::window_count({loaded.bytes, loaded.size_bytes});
-    launch.uiN_Folders = count_folders(launch.pcFileData, launch.uiN_wnds);
-    launch.uiN_Programs = launch.uiN_wnds - launch.uiN_Folders;
-    result = allocate_working_arrays(&launch, p_LoadedProfiles_STR->uiSize_DynMem_hwnds_wnds_prfl);
+    result = prepare_launch(&launch, hwnd_MW, {loaded.bytes, loaded.size_bytes},
+                            p_LoadedProfiles_STR->uiSize_DynMem_hwnds_wnds_prfl);
     if (result > 0)
         result = launch_profile(&launch);
     if (result < 0)
@@ -240,6 +183,6 @@ std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_pat
     if (result != kLaunch_abandoned)
         store_and_name(&launch, &loaded, p_LoadedProfiles_STR, p_CB_Profile_mng_STR);
     release_block(loaded.bytes);
-    release_working_arrays(&launch);
+    release_launch(&launch);
     return 1;
 }

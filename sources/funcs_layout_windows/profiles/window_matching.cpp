@@ -68,6 +68,25 @@ bool match_folder(HWND hwnd, std::wstring_view path, void* context)
     return true;
 }
 
+// True when entry `index` is among the `n_failed` failed entries, which are in entry order.
+bool is_failed_entry(const std::uint32_t* p_arr1D_ui_failed, std::uint32_t n_failed, std::uint32_t index)
+{
+    return p_arr1D_ui_failed != nullptr &&
+           std::binary_search(p_arr1D_ui_failed, p_arr1D_ui_failed + n_failed, index);
+}
+
+// True when every entry of that kind has a window or is among the failed ones.
+bool all_found(std::uint8_t kind, const std::uint8_t* pcFileData, const HWND* windows, std::uint32_t uiN_wnds,
+               const std::uint32_t* p_arr1D_ui_failed, std::uint32_t n_failed)
+{
+    for (std::uint32_t i = 0; i < uiN_wnds; ++i) {
+        const bool missing = profile_file::kind_of_entry(pcFileData, i) == kind && windows[i] == nullptr;
+        if (missing && !is_failed_entry(p_arr1D_ui_failed, n_failed, i))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 BOOL CALLBACK GetHWNDS_of_LoadedPrograms(HWND hwnd, LPARAM lParam)
@@ -144,18 +163,16 @@ std::int32_t check_folders_loaded(const std::uint8_t* pcFileData, const HWND* pc
     if (pcFileData == nullptr || pc_arr1D_hwnd == nullptr || uiN_wnds == 0)
         return report<kCheckFoldersInput>(pcFileData, pc_arr1D_hwnd, uiN_wnds);
     const std::uint32_t n_failed = uiN_failed_Folders == 0 ? 0 : uiN_failed_Folders + uiN_failed_Programs;
-    for (std::uint32_t i = 0; i < uiN_wnds; ++i) {
-        const bool missing = profile_file::kind_of_entry(pcFileData, i) == profile_file::kKind_folder &&
-                             pc_arr1D_hwnd[i] == nullptr;
-        if (missing && !is_failed_entry(p_arr1D_ui_failed, n_failed, i))
-            return kFolders_missing;
-    }
-    return 1;
+    const bool found = all_found(profile_file::kKind_folder, pcFileData, pc_arr1D_hwnd, uiN_wnds,
+                                 p_arr1D_ui_failed, n_failed);
+    return found ? 1 : kFolders_missing;
 }
 
-bool is_failed_entry(const std::uint32_t* p_arr1D_ui_failed, std::uint32_t n_failed, std::uint32_t index)
+bool all_programs_found(const std::uint8_t* pcFileData, const HWND* pc_arr1D_hwnd_Programs_only,
+                        std::uint32_t uiN_wnds, const std::uint32_t* p_arr1D_ui_failed,
+                        std::uint32_t uiN_failed_Folders, std::uint32_t uiN_failed_Programs)
 {
-    // They are in entry order.
-    return p_arr1D_ui_failed != nullptr &&
-           std::binary_search(p_arr1D_ui_failed, p_arr1D_ui_failed + n_failed, index);
+    const std::uint32_t n_failed = uiN_failed_Programs == 0 ? 0 : uiN_failed_Folders + uiN_failed_Programs;
+    return all_found(profile_file::kKind_program, pcFileData, pc_arr1D_hwnd_Programs_only, uiN_wnds,
+                     p_arr1D_ui_failed, n_failed);
 }

@@ -57,5 +57,8 @@ std::int32_t check_folders_loaded(const std::uint8_t* pcFileData, const HWND* pc
                                   std::uint32_t uiN_wnds, const std::uint32_t* p_arr1D_ui_failed,
                                   std::uint32_t uiN_failed_Folders, std::uint32_t uiN_failed_Programs);
 
-// True when entry `index` is among the `n_failed` failed entries, which are in ascending order.
-bool is_failed_entry(const std::uint32_t* p_arr1D_ui_failed, std::uint32_t n_failed, std::uint32_t index);
+// The same for the program entries and `pc_arr1D_hwnd_Programs_only`: true when each has a window or failed
+// to start.
+bool all_programs_found(const std::uint8_t* pcFileData, const HWND* pc_arr1D_hwnd_Programs_only,
+                        std::uint32_t uiN_wnds, const std::uint32_t* p_arr1D_ui_failed,
+                        std::uint32_t uiN_failed_Folders, std::uint32_t uiN_failed_Programs);

@@ -33,8 +33,9 @@ Bytes written(const std::vector<std::uint32_t>& rows, const std::wstring& name)
     const std::wstring path = folder.file(L"profile.txt");
     const PreparedRecord prepared(rows, name);
     const HANDLE file = create(path);
-    EXPECT_EQ(prepared.write(file), 1);
-    EXPECT_EQ(GetLastError(), 0u);
+    DWORD error = 1;
+    EXPECT_EQ(prepared.write(file, &error), 1);
+    EXPECT_EQ(error, 0u);
     CloseHandle(file);
     return test_support::read_file(path);
 }
@@ -137,8 +138,9 @@ TEST(ProfileWriting, GoesOnAfterAPartThatFailsAndLeavesTheFirstError)
                 SetLastError(++calls == 3 ? ERROR_DISK_FULL : ERROR_CRC);
                 return calls != 3 && calls != 5;
             });
-        EXPECT_EQ(prepared.write(file), 1);
-        EXPECT_EQ(GetLastError(), 112u);
+        DWORD error = 1;
+        EXPECT_EQ(prepared.write(file, &error), 1);
+        EXPECT_EQ(error, 112u);
         EXPECT_EQ(calls, 10);
     }
     {
@@ -148,18 +150,21 @@ TEST(ProfileWriting, GoesOnAfterAPartThatFailsAndLeavesTheFirstError)
                 *done = bytes - 1;
                 return TRUE;
             });
-        EXPECT_EQ(prepared.write(file), 1);
-        EXPECT_EQ(GetLastError(), 112u);
+        DWORD error = 1;
+        EXPECT_EQ(prepared.write(file, &error), 1);
+        EXPECT_EQ(error, 112u);
     }
     {
         const FailingImport<"FlushFileBuffers", decltype(FlushFileBuffers)> flush("kernel32.dll", 1, FALSE,
                                                                                   ERROR_WRITE_FAULT);
-        EXPECT_EQ(prepared.write(file), 1);
-        EXPECT_EQ(GetLastError(), 29u);
+        DWORD error = 1;
+        EXPECT_EQ(prepared.write(file, &error), 1);
+        EXPECT_EQ(error, 29u);
     }
     CloseHandle(file);
-    EXPECT_EQ(prepared.write(INVALID_HANDLE_VALUE), 1);
-    EXPECT_EQ(GetLastError(), 6u);
+    DWORD error = 1;
+    EXPECT_EQ(prepared.write(INVALID_HANDLE_VALUE, &error), 1);
+    EXPECT_EQ(error, 6u);
     boxes.expect_no_boxes();
 }
 

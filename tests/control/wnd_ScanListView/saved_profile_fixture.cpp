@@ -213,11 +213,11 @@ PreparedRecord::PreparedRecord(const std::vector<std::uint32_t>& rows, const std
     record.ui_len_PrfName_bytes = static_cast<std::uint32_t>(name.size() * 2);
 }
 
-std::int32_t PreparedRecord::write(HANDLE file) const
+std::int32_t PreparedRecord::write(HANDLE file, DWORD* error) const
 {
     return WriteData_Profile(file, &record, record.N_wnds_in_profile, record.p_arr1D_uc_flag_Prg_or_Folder,
                              record.p_arr1D_ui_x, record.p_arr1D_ui_y, record.p_arr1D_ui_w,
-                             record.p_arr1D_ui_h, record.p_arr1D_ui_len_path, record.p_arr_strz_paths);
+                             record.p_arr1D_ui_h, record.p_arr1D_ui_len_path, record.p_arr_strz_paths, error);
 }
 
 } // namespace profile_tests

@@ -127,7 +127,8 @@ public:
     PreparedRecord(const PreparedRecord&) = delete;
     PreparedRecord& operator=(const PreparedRecord&) = delete;
 
-    std::int32_t write(HANDLE file) const;
+    // `error` takes the code of the first part that failed.
+    std::int32_t write(HANDLE file, DWORD* error = nullptr) const;
 
     STR_RW_PRFL record{};
 };

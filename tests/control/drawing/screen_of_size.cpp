@@ -1,6 +1,14 @@
 #include "tests/control/drawing/screen_of_size.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstring>
+#include <vector>
+
+using test_support::BoxWatcher;
+using test_support::ExpectedBox;
+using test_support::SeenBox;
 
 namespace screen_tests
 {
@@ -25,7 +33,24 @@ SIZE size_in_font(HDC dc, int font_height, const wchar_t* text, int units)
     return {rect.right, rect.bottom};
 }
 
+// The first box of a control without room for its text.
+ExpectedBox no_room_box(const SeenBox& seen)
+{
+    const std::wstring beginning = L"error\nfile: sources/funcs_layout_windows\nfunction: "
+                                   L"FindFontSize_fit_H_and_W\nline: 3024\nincorrect input parameters, func "
+                                   L"FindFontSize_fit_H_and_W()\nhdc = ";
+    // The device context is known to the program only.
+    return {L"error", beginning + seen.text.substr(std::min(beginning.size(), seen.text.size()))};
+}
+
 } // namespace
+
+void expect_no_room_and(const BoxWatcher& boxes, const std::wstring& text)
+{
+    const std::vector<SeenBox> seen = boxes.boxes();
+    ASSERT_GE(seen.size(), 1u);
+    boxes.expect_boxes({no_room_box(seen[0]), {L"error", text}});
+}
 
 int fitting_font_height(HWND window, const wchar_t* text, int height_limit, int width_limit)
 {

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <string>
+
+#include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 
 // The size of the screen, and the font that fits a button, for windows that go by them.
@@ -27,6 +30,14 @@ private:
                                           : metrics_.call_original(which);
         }};
 };
+
+// A screen so small that no text fits a control.
+struct TinyScreen : ScreenOfSize {
+    TinyScreen() : ScreenOfSize(8, 8) {}
+};
+
+// That the search for a font was refused, and then an error of this text shown.
+void expect_no_room_and(const test_support::BoxWatcher& boxes, const std::wstring& text);
 
 // The height of a plain serif font whose line is at most `height_limit` pixels high and in which the text is
 // at most `width_limit` wide, found here step by step: upwards by the height of six unconverted units of

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/main_prg/main_creation_fixture.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/box_watcher.h"
@@ -28,7 +29,7 @@ constexpr wchar_t kFile[] = L"sources/main_prg";
 
 } // namespace
 
-TEST(MainWindow, ReportsEveryControlThatCannotBeMade)
+TEST(MainWindowCreation, ReportsEveryControlThatCannotBeMade)
 {
     const wchar_t* const combos =
         L"error while creating ComboBox Profile | ComboBox Action | Button Apply, main window "
@@ -70,7 +71,7 @@ TEST(MainWindow, ReportsEveryControlThatCannotBeMade)
     }
 }
 
-TEST(MainWindow, GoesOnWithoutAFontWhenThereIsNoDeviceContext)
+TEST(MainWindowCreation, GoesOnWithoutAFontWhenThereIsNoDeviceContext)
 {
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
     const ComStart com;
@@ -84,7 +85,7 @@ TEST(MainWindow, GoesOnWithoutAFontWhenThereIsNoDeviceContext)
     EXPECT_EQ(com.calls, 0);
 }
 
-TEST(MainWindow, GoesOnWithoutAFontWhenItCannotBeMade)
+TEST(MainWindowCreation, GoesOnWithoutAFontWhenItCannotBeMade)
 {
     const FailingImport<"CreateFontIndirectW", decltype(CreateFontIndirectW)> fails("gdi32.dll", kEveryCall,
                                                                                     nullptr, 8);
@@ -98,7 +99,7 @@ TEST(MainWindow, GoesOnWithoutAFontWhenItCannotBeMade)
     EXPECT_EQ(com.calls, 1);
 }
 
-TEST(MainWindow, ReportsTheThreeResultsOfComThatMeanNoCom)
+TEST(MainWindowCreation, ReportsTheThreeResultsOfComThatMeanNoCom)
 {
     for (const HRESULT result : {E_INVALIDARG, E_OUTOFMEMORY, E_UNEXPECTED, RPC_E_CHANGED_MODE, S_FALSE}) {
         SCOPED_TRACE(result);
@@ -114,4 +115,18 @@ TEST(MainWindow, ReportsTheThreeResultsOfComThatMeanNoCom)
         expect_profile_list_set_up();
         EXPECT_EQ(com.calls, 1);
     }
+}
+
+TEST(MainWindowCreation, KeepsItsButtonsWithoutRoomForTheirText)
+{
+    const screen_tests::TinyScreen screen;
+    const ComStart com;
+    const BoxWatcher boxes;
+    const MainWindow main;
+    screen_tests::expect_no_room_and(
+        boxes, compact_text({kFile, L"WndProc", 580, 1248}, L"ERROR while get font size for buttons"));
+    expect_controls(main, false);
+    // Creation has ended there.
+    EXPECT_EQ(main_window.CB_Profile.hwnd_CB, nullptr);
+    EXPECT_EQ(com.calls, 0);
 }

@@ -20,7 +20,6 @@
 
 using namespace test_support;
 using main_tests::MainWindow;
-using profile_tests::compact_text;
 using profile_tests::handler_first_text;
 using profile_tests::pointer;
 using profile_tests::spaced_text;
@@ -65,119 +64,6 @@ TEST(MainWindow, HasTheMenuWithAbout)
     GetMenuStringW(menu, 9, text, 20, MF_BYCOMMAND);
     EXPECT_STREQ(text, L"About");
     EXPECT_EQ(GetMenuItemCount(menu), 1);
-}
-
-TEST(MainWindow, ShowsTheAboutBox)
-{
-    const MainWindow main;
-    const BoxWatcher boxes;
-    main.menu_command(9);
-    const SeenBox box = boxes.boxes().at(0);
-    EXPECT_EQ(box.title, L"About");
-    EXPECT_EQ(box.owner, main.window);
-    EXPECT_FALSE(box.has_icon);
-    const std::wstring beginning =
-        L"This small software utility \"Wendlow\" is intended for keeping your folders and "
-        L"programs layout organized.\n\n";
-    const std::wstring end = L"\n\nrelease date: 2020-05-18";
-    ASSERT_GT(box.text.size(), beginning.size() + end.size());
-    EXPECT_EQ(box.text.substr(0, beginning.size()), beginning);
-    EXPECT_EQ(box.text.substr(box.text.size() - end.size()), end);
-}
-
-TEST(MainWindow, ShowsReservedCommandsAsBytes)
-{
-    const char* const texts[] = {"menu item FILE NEW",     "menu item FILE OPEN", "menu item FILE SAVE",
-                                 "menu item FILE SAVE AS", "menu item EXIT",      "menu item HELP"};
-    const MainWindow main;
-    for (WORD id = 3; id <= 8; ++id) {
-        const BoxWatcher boxes;
-        main.menu_command(id);
-        boxes.expect_boxes({{bytes_as_wide(id == 8 ? "Help" : ""), bytes_as_wide(texts[id - 3])}});
-        EXPECT_EQ(boxes.boxes().at(0).owner, main.window);
-    }
-}
-
-TEST(MainWindow, DoesNotTouchTheProfileListOnTheReservedCommandOfItsNumber)
-{
-    const MainWindow main;
-    SendMessageW(main.control(4), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"one"));
-    SendMessageW(main.control(4), CB_SETCURSEL, 0, 0);
-    main_window.CB_Profile.uiSelection = 7;
-    const BoxWatcher boxes;
-    main.menu_command(4);
-    boxes.expect_boxes({{L"", bytes_as_wide("menu item FILE OPEN")}});
-    EXPECT_EQ(main_window.CB_Profile.uiSelection, 7u);
-    // The list itself does.
-    SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(4, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(main.control(4)));
-    EXPECT_EQ(main_window.CB_Profile.uiSelection, 0u);
-    EXPECT_EQ(boxes.count(), 1u);
-}
-
-TEST(MainWindow, TakesTheSelectionOfTheActionListOver)
-{
-    const MainWindow main;
-    const BoxWatcher boxes;
-    SendMessageW(main.control(5), CB_SETCURSEL, 2, 0);
-    const auto notify = [&](int id, int code, int control) {
-        return SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, code),
-                            reinterpret_cast<LPARAM>(main.control(control)));
-    };
-    main_window.CB_Action.uiSelection = 7;
-    for (const int code : {CBN_SETFOCUS, CBN_DBLCLK, CBN_DROPDOWN, CBN_SELENDOK}) // any but CBN_SELCHANGE
-        EXPECT_EQ(notify(5, code, 5), 0);
-    EXPECT_EQ(notify(5, CBN_SELCHANGE, 4), 0); // of another list
-    EXPECT_EQ(notify(4, CBN_SELCHANGE, 5), 0);
-    EXPECT_EQ(main_window.CB_Action.uiSelection, 7u);
-    EXPECT_EQ(notify(5, CBN_SELCHANGE, 5), 0);
-    EXPECT_EQ(main_window.CB_Action.uiSelection, 2u);
-    boxes.expect_no_boxes();
-}
-
-TEST(MainWindow, AnswersEveryCommandWith0)
-{
-    scan_tests::Desktop desktop({});
-    int scans = 0;
-    desktop.before_pass = [&](int) { ++scans; }; // with nothing to list there is no second pass
-    const scan_tests::ScanFixture fixture;
-    const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall, FALSE,
-                                                                            0);
-    const MainWindow main;
-    const BoxWatcher boxes;
-    for (WORD id = 0; id <= 10; ++id) {
-        EXPECT_EQ(SendMessageW(main.window, WM_COMMAND, id, 0), 0) << id; // as the menu sends it
-        for (const int code : {BN_CLICKED, CBN_SELCHANGE})
-            EXPECT_EQ(SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, code),
-                                   reinterpret_cast<LPARAM>(main.control(id))),
-                      0)
-                << id << " with " << code;
-    }
-    // Among them were two scans, two loads and Apply.
-    EXPECT_EQ(scans, 2);
-    EXPECT_EQ(cancelled.calls(), 2);
-    EXPECT_EQ(boxes.boxes().at(0).title, L"info");
-    // A drop of nothing, a size, a picture.
-    EXPECT_EQ(SendMessageW(main.window, WM_DROPFILES, 0, 0), 0);
-    EXPECT_EQ(SendMessageW(main.window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(600, 400)), 0);
-    EXPECT_EQ(SendMessageW(main.window, WM_PAINT, 0, 0), 0);
-}
-
-TEST(MainWindow, IgnoresUnknownCommands)
-{
-    const MainWindow main;
-    const BoxWatcher boxes;
-    for (const int id : {0, 10, 101})
-        main.menu_command(static_cast<WORD>(id));
-    SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(6, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(main.control(1)));
-    for (int id = 3; id <= 9; ++id) {
-        // What is reserved for the menu, but comes from a control or a key.
-        SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(main.control(1)));
-        SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, 1), 0);
-    }
-    boxes.expect_no_boxes();
 }
 
 TEST(MainWindow, CannotBeMadeSmallerThanItOpens)
@@ -268,40 +154,6 @@ TEST(MainWindow, DoesNotEraseItsBackground)
     EXPECT_EQ(SendMessageW(main.window, WM_ERASEBKGND, 0, 0), 1);
 }
 
-TEST(MainWindow, ReportsAFailedScan)
-{
-    const MainWindow main;
-    const FailingImport<"EnumWindows", decltype(EnumWindows)> fails("user32.dll", kEveryCall, FALSE, 87);
-    const BoxWatcher boxes;
-    main.press(1);
-    boxes.expect_boxes(
-        {{L"error",
-          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n1017"
-          L"\n\nERROR <- EnumWindows()\nline of error handler:1382"},
-         {L"error", compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
-                                 L"ERROR <- onButton_Scan_Click()\nret code = -2")}});
-}
-
-TEST(MainWindow, ResetsTheScanRecordBeforeAScan)
-{
-    const MainWindow main;
-    scan_record = {};
-    scan_record.counter_all = scan_record.counter_valid = scan_record.counter_filled = 7;
-    scan_record.uiSize_TmpBuf_Path = 1;
-    const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);
-    const BoxWatcher boxes;
-    main.press(1);
-    boxes.expect_boxes(
-        {{L"error", compact_text({L"sources/funcs_layout_windows", L"onButton_Scan_Clicked", 988, 1355},
-                                 L"ERROR <- VirtualAlloc()")},
-         {L"error", compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
-                                 L"ERROR <- onButton_Scan_Click()\nret code = -3")}});
-    EXPECT_EQ(scan_record.counter_all, 0u);
-    EXPECT_EQ(scan_record.counter_valid, 0u);
-    EXPECT_EQ(scan_record.counter_filled, 0u);
-    EXPECT_EQ(scan_record.uiSize_TmpBuf_Path, 32768u);
-}
-
 TEST(MainWindow, SetsTheStoreUpOnceEvenWhenThatFails)
 {
     const MainWindow main;
@@ -348,37 +200,4 @@ TEST(MainWindow, KeepsTheHandleOfTheLastDrop)
     SendMessageW(main.window, WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
     EXPECT_EQ(main_window.hDrop, static_cast<HDROP>(drop));
     GlobalFree(drop);
-}
-
-TEST(MainWindow, TakesEverythingDownWhenItCloses)
-{
-    scan_tests::ScanFixture fixture; // registers the list's class
-    const scan_tests::TestWindow other(L"other");
-    const MainWindow main;
-    {
-        // Sets the two areas of the store up; the dialog is cancelled.
-        const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,
-                                                                                FALSE, 0);
-        main.press(2);
-        ASSERT_EQ(cancelled.calls(), 1);
-    }
-    main.press(1);
-    const HWND list = hwnd_ScanListView;
-    ASSERT_NE(list, nullptr);
-    int released = 0;
-    ImportHook<"VirtualFree", decltype(VirtualFree)> release(
-        "kernel32.dll", [&](LPVOID block, SIZE_T size, DWORD type) {
-            const BOOL done = release.call_original(block, size, type);
-            ++released;
-            EXPECT_TRUE(done);
-            return done;
-        });
-    const BoxWatcher boxes;
-    DestroyWindow(main.window);
-    boxes.expect_no_boxes();
-    EXPECT_FALSE(IsWindow(list));
-    EXPECT_EQ(released, 6 + 2); // of the scan and of the store, each block once
-    MSG message;
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 0u);
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/fixture_programs.h"
 
@@ -138,4 +140,45 @@ TEST(Launching, KeepsAFolderThatWasFoundInAnEarlierPass)
     EXPECT_EQ(sleeps.pauses, std::vector<DWORD>{1000});
     EXPECT_EQ(fixture.stored_handle(0, 0), first.get());
     EXPECT_EQ(fixture.stored_handle(0, 1), second.get());
+}
+
+TEST(Launching, GoesOnWhenTheProgramsCannotBeSearchedFor)
+{
+    const OwnWindow owner(L"owner");
+    const NothingStarts nothing;
+    const Bytes file = ProfileEncoder().add_program(1, 2, 3, 4, u"C:\\gone.exe").name(u"F").bytes();
+    HWND found[4] = {};
+    std::uint32_t failed[1] = {};
+    STR_InfoLoadedPrg started[1] = {};
+    LaunchState launch{};
+    launch.hwnd_MW = owner;
+    launch.pcFileData = file.data();
+    launch.uiN_wnds = launch.uiN_Programs = 1;
+    launch.p_arr1D_hwnd_Folders = &found[0];
+    launch.p_arr1D_hwnd_Programs = &found[1];
+    launch.pc_arr1D_hwnd_Programs_only = &found[2];
+    launch.pc_arr1D_hwnd_Folders_only = &found[3];
+    launch.p_arr1D_ui_failed = failed;
+    launch.pc_arr_STRs_InfoLoadedPrg = started; // but no buffer for image paths
+    launch.max_launch_records = 1;
+    const auto path = std::make_unique<EntryPathBuffer>();
+    launch.p_EntryPath = path.get();
+    const BoxWatcher boxes;
+    EXPECT_EQ(launch_profile(&launch), 1);
+    boxes.expect_boxes(
+        {{L"error",
+          handler_first_text(
+              {L"sources/funcs_layout_windows", L"find_hwnds_Programs_fill_array", 7480, 7590},
+              L"error, incorrect input parameters:\n\np_HWNDs_loadedPrgsProfile_STR->p_hwnd_arr = " +
+                  pointer(&found[1]) +
+                  L", p_HWNDs_loadedPrgsProfile_STR->ptcBuf = 0000000000000000, "
+                  L"p_HWNDs_loadedPrgsProfile_STR->pcFileData = " +
+                  pointer(file.data()) +
+                  L", p_HWNDs_loadedPrgsProfile_STR->uiSize_chars = 2048, "
+                  L"p_HWNDs_loadedPrgsProfile_STR->uiSize_bytes = 4096\n")},
+         {L"error", L"error <- find_hwnds_Programs_fill_array()"},
+         {L"info", L"Not all Programs were loaded\n\nNumber of Programs failed to load = 1\n"
+                   L"Number of Programs in Profile = 1\nPossible reasons:\n"
+                   L"Some Programs were deleted, renamed or check your access permissions"}});
+    EXPECT_EQ(found[2], nullptr);
 }

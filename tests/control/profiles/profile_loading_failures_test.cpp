@@ -8,6 +8,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_blocks.h"
+#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
 
 // System calls that fail while a file is loaded, and files that are not what they seemed to be: what is
 // shown, and what of the file and of the memory is kept.
@@ -22,6 +23,7 @@ using test_support::ExpectedBox;
 using test_support::FailingImport;
 using test_support::ImportHook;
 using test_support::ProfileEncoder;
+using test_support::read_file;
 
 constexpr wchar_t kReadFailed[] = L"one of callable functions returned error: error <- ReadFileEx( )";
 constexpr wchar_t kEmptyFile[] =
@@ -90,6 +92,27 @@ private:
     std::wstring path_;
     int files_made_ = 0;
 };
+
+constexpr int kParts = 10; // of a profile as it is saved, the signature the last
+
+// Writes the profile's parts up to the one of that number, which is the first that is missing.
+void save_up_to(int missing_part, const PreparedRecord& record, const std::wstring& path)
+{
+    int part = 0;
+    const ImportHook<"WriteFile", decltype(WriteFile)> ended(
+        "kernel32.dll",
+        [&](HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED overlapped) -> BOOL {
+            if (++part < missing_part)
+                return ended.call_original(file, bytes, size, written, overlapped);
+            *written = size;
+            return TRUE;
+        });
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    EXPECT_EQ(record.write(file), 1);
+    EXPECT_EQ(part, kParts);
+    CloseHandle(file);
+}
 
 } // namespace
 
@@ -169,6 +192,30 @@ TEST(ProfileLoading, RefusesAFileWhoseEndHasChangedSinceItsSignatureWasRead)
         EXPECT_EQ(blocks.given_back.size(), 0u);
         loads.expect_nothing_but_the_box(false);
     }
+}
+
+TEST(ProfileLoading, RefusesAFileWhoseSavingEndedHalfway)
+{
+    const FilledScan scan(ten_windows());
+    const PreparedRecord record({1, 3, 5}, L"Half");
+    ProfileFixture fixture;
+    const NothingStarts nothing;
+    std::size_t size = 0;
+    for (int missing_part = 1; missing_part <= kParts; ++missing_part) {
+        SCOPED_TRACE(missing_part);
+        const std::wstring path = fixture.files.file(L"half " + std::to_wstring(missing_part) + L".txt");
+        save_up_to(missing_part, record, path);
+        const Bytes half = read_file(path);
+        EXPECT_TRUE(missing_part == 1 ? half.empty() : half.size() > size);
+        size = half.size();
+        const BoxWatcher boxes;
+        EXPECT_EQ(fixture.load_path(path), half.empty() ? -3 : -6);
+        boxes.expect_boxes(
+            {half.empty() ? load_box(5581, 7117, kEmptyFile) : load_box(5629, 7183, kWrongSignature)});
+        EXPECT_EQ(fixture.store.uiN_loaded_prfls, 0u);
+    }
+    EXPECT_EQ(nothing.count(), 0);
+    EXPECT_TRUE(combo_texts(fixture.profile_combo).empty());
 }
 
 // One rule for all that is refused: what was taken is kept.
@@ -259,4 +306,34 @@ TEST(ProfileLoading, TakesTheLowHalfOfTheSizeOnly)
         EXPECT_EQ(blocks.given_back.size(), 0u);
         loads.expect_nothing_but_the_box(row.result == -3);
     }
+}
+
+TEST(ProfileLoading, TellsThatTheStoreHasNoNameToShow)
+{
+    ProfileFixture fixture;
+    const NothingStarts nothing;
+    const RecordedSleeps sleeps;
+    // A store that has lost its files.
+    std::uint8_t* const files = std::exchange(fixture.store.pc_raw_FilesProfile, nullptr);
+    fixture.store.uiN_loaded_prfls = 1;
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder().add({.flag = 7, .path = u"C:\\x"}).name(u"F").bytes()), 1);
+    fixture.store.pc_raw_FilesProfile = files;
+    boxes.expect_boxes(
+        {{L"error",
+          handler_first_text(
+              {L"sources/funcs_layout_windows", L"add_profile_data_to_DynMem", 4826, 5234},
+              L"error, incorrect input parameters (fields of STRUCTURE):\n\nuiMax_num_loaded_prfls = "
+              L"1024, uiSize_DynMem_hwnds_wnds_prfl = 4194304, uiSize_DynMem_files = 33554432, "
+              L"pc_hwnds_wnds_of_prfl = " +
+                  pointer(fixture.store.pc_hwnds_wnds_of_prfl) +
+                  L", pc_raw_FilesProfile = 0000000000000000")},
+         {L"error", L"error <- add_profile_data_to_DynMem()"},
+         {L"error",
+          handler_first_text({L"sources/funcs_layout_windows", L"CB_Profile_add_string", 9777, 9874},
+                             L"error, incorrect input parameters:\np_CB_mng_STR = " +
+                                 pointer(&fixture.profiles) + L", p_tc_sz_name = 0000000000000000")},
+         {L"error", L"error <- CB_Profile_add_string()"}});
+    EXPECT_EQ(boxes.boxes().at(3).owner, nullptr);
+    EXPECT_EQ(fixture.profiles.uiN_strs, 0u);
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
@@ -301,6 +302,18 @@ TEST_F(ModifyCell, KeepsTheSystemFontWithoutADeviceContext)
     boxes.expect_boxes(
         {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n251\n\n"
                     L"one of callable functions returned error : GetDC()\nline of error handler:547"}});
+    expect_system_font_and_no_subclassing();
+}
+
+TEST_F(ModifyCell, KeepsTheSystemFontWithoutRoomForItsText)
+{
+    const screen_tests::TinyScreen screen;
+    const BoxWatcher boxes;
+    open(0);
+    screen_tests::expect_no_room_and(
+        boxes,
+        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n264\n\n"
+        L"one of callable functions returned error : FindFontSize_fit_H_and_W()\nline of error handler:569");
     expect_system_font_and_no_subclassing();
 }
 

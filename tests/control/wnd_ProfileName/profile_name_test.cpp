@@ -262,3 +262,13 @@ TEST(ProfileName, RefusesMissingHandles)
     boxes.expect_boxes({name_box(L"on_Button_CANCEL", 548, 571,
                                  L"incorrect input parameters:\nhwndThis = 0000000000000000")});
 }
+
+TEST(ProfileName, ReportsTwiceWhenNoWindowIsCancelled)
+{
+    BoxWatcher boxes;
+    WndProc_wnd_ProfileName(nullptr, WM_COMMAND, 2, 0);
+    boxes.expect_boxes(
+        {name_box(L"on_Button_CANCEL", 548, 571, L"incorrect input parameters:\nhwndThis = 0000000000000000"),
+         name_box(L"WndProc_wnd_ProfileName", 289, 394,
+                  L"one of callable functions returned error, -1 <- on_Button_CANCEL()")});
+}

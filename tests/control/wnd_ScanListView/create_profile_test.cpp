@@ -294,3 +294,28 @@ TEST(CreateProfile, RefusesMissingArgumentsNamingThem)
                           L"\npSTR_ENUM_WNDS_DATA->counter_valid = " + (missing < 4 ? L"10" : L"0"))});
     }
 }
+
+TEST(CreateProfile, StopsWhenItsRowNumbersAreGone)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    list.tick(3);
+    STR_RW_PRFL record{};
+    HWND opened = nullptr;
+    int allocations = 0;
+    ImportHook<"VirtualAlloc", decltype(VirtualAlloc)> memory(
+        "kernel32.dll", [&](LPVOID address, SIZE_T size, DWORD type, DWORD protection) {
+            // Of the eight blocks of the record the first, the row numbers, is lost again.
+            if (++allocations == 8)
+                VirtualFree(std::exchange(record.p_arr1D_ui_indexes_wnds_profile, nullptr), 0, MEM_RELEASE);
+            return memory.call_original(address, size, type, protection);
+        });
+    const BoxWatcher boxes;
+    EXPECT_EQ(onButton_Create_Profile(list.window, list.list, &opened, &record, &scan_record), -3);
+    boxes.expect_boxes({save_box(L"onButton_Create_Profile", 1277, 1435,
+                                 L"incorrect result after DynMemAlloc:\npSTR_RW_PRFL = " + pointer(&record) +
+                                     L"\npSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile = "
+                                     L"0000000000000000")});
+    EXPECT_EQ(opened, nullptr);
+    FreeDynMem_wnds_Profile(&record);
+}

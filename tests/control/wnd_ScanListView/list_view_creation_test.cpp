@@ -7,6 +7,7 @@
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/drawing/screen_of_size.h"
+#include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
@@ -248,4 +249,23 @@ TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
     boxes.expect_boxes(expected);
     EXPECT_EQ(fixture.list().row_count(), 0);
     EXPECT_EQ(drawing, (std::vector<WPARAM>{FALSE, TRUE}));
+}
+
+TEST(ListOfWindows, IsShownAlsoWithoutRoomForTheTextOfItsButtons)
+{
+    TwoRows scan;
+    const screen_tests::TinyScreen screen;
+    const BoxWatcher boxes;
+    EXPECT_EQ(scan.fixture.scan(), 1);
+    screen_tests::expect_no_room_and(
+        boxes,
+        profile_tests::compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 203, 453},
+                                    L"one of callable functions returned error, FindFontSize_fit_H_and_W()"));
+    EXPECT_EQ(scan.fixture.list().row_count(), 2);
+    for (const int button : {1, 2}) {
+        LOGFONTW font{};
+        ASSERT_NE(GetObjectW(font_of_button(button), sizeof font, &font), 0);
+        EXPECT_EQ(font.lfHeight, -1); // as the search gave it
+        EXPECT_EQ(font.lfWeight, 700);
+    }
 }

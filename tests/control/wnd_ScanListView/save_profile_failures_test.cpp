@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "errors/error_box.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/save_profile.h"
+#include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
 
@@ -232,4 +234,13 @@ TEST(ProfileSaving, TellsWhenAHalfWrittenFileCannotBeDeleted)
     EXPECT_EQ(kept.calls(), 1);
     EXPECT_EQ(hex(read_file(path)), ""); // emptied: no reader takes it for a profile
     EXPECT_EQ(error_of_writing_to(path), DWORD{ERROR_SUCCESS});
+}
+
+// A record that is not there is noticed before it is released, so nothing brings this one about.
+TEST(ProfileSaving, WouldReportArraysThatCannotBeReleased)
+{
+    BoxWatcher boxes;
+    EXPECT_EQ(report<kSaveFreeFailed>(-1), -2);
+    boxes.expect_boxes({arrival_box(
+        2031, 2153, L"error, one of callable functions returned error, -1 <- FreeDynMem_wnds_Profile()")});
 }

@@ -12,7 +12,7 @@
 #include "tests/support/import_patch.h"
 #include "tests/support/profile_encoder.h"
 
-// A profile that is loaded below the box of another load.
+// A profile that is loaded while the box of another load is shown.
 
 using namespace profile_tests;
 using namespace test_support;
@@ -38,7 +38,7 @@ Bytes file_without_a_zero_unit()
 
 } // namespace
 
-TEST(NestedLoad, GivesEachProfileItsOwnPlaceInTheList)
+TEST(ProfileLoading, WithinAnotherLoadGivesEachProfileItsPlaceInTheList)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;

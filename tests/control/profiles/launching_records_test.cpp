@@ -103,7 +103,7 @@ public:
 
 } // namespace
 
-TEST(LaunchRecords, HoldEveryProgramEntryInOrderAndTheHandlesStayOpen)
+TEST(LaunchingRecords, HoldEveryProgramEntryInOrderAndTheHandlesStayOpen)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
@@ -136,7 +136,7 @@ TEST(LaunchRecords, HoldEveryProgramEntryInOrderAndTheHandlesStayOpen)
     EXPECT_EQ(fixture.stored_handle(0, 4), programs.wait_for_window(L"last"));
 }
 
-TEST(LaunchRecords, PreferTheProgramThatWasStartedToOneThatRanBefore)
+TEST(LaunchingRecords, PreferTheProgramThatWasStartedToOneThatRanBefore)
 {
     CopyOfARunningProgram copy({});
     copy.load();
@@ -145,7 +145,7 @@ TEST(LaunchRecords, PreferTheProgramThatWasStartedToOneThatRanBefore)
     EXPECT_EQ(place_of(copy.running), copy.place_of_running);
 }
 
-TEST(LaunchRecords, KnowTheFirstThreadOfAProgramOnly)
+TEST(LaunchingRecords, KnowTheFirstThreadOfAProgramOnly)
 {
     CopyOfARunningProgram copy({.window_of_second_thread = true});
     const std::string place_of_started = "100,120 320x240"; // as it comes up
@@ -155,7 +155,7 @@ TEST(LaunchRecords, KnowTheFirstThreadOfAProgramOnly)
     EXPECT_EQ(place_of(copy.started), place_of_started);
 }
 
-TEST(LaunchRecords, HoldForAllEntriesOfOneExecutable)
+TEST(LaunchingRecords, HoldForAllEntriesOfOneExecutable)
 {
     ProfileFixture fixture;
     FixturePrograms programs;

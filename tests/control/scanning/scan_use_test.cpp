@@ -205,7 +205,7 @@ void at_row_of_new_list(const std::function<void()>& inside, const std::function
 
 } // namespace
 
-TEST(ScanWithinAScan, DoesNothingWhileTheRecordIsUsed)
+TEST(ScanUse, RefusesAnotherScanWhileTheRecordIsUsed)
 {
     const struct {
         const char* name;
@@ -242,7 +242,7 @@ TEST(ScanWithinAScan, DoesNothingWhileTheRecordIsUsed)
 }
 
 // The list is made after these boxes: they do not end the scan.
-TEST(ScanWithinAScan, DoesNothingBelowTheBoxesOfTheFolders)
+TEST(ScanUse, RefusesAnotherScanBelowTheBoxesOfTheFolders)
 {
     ScanFixture fixture;
     const MainWindow main;
@@ -269,7 +269,7 @@ TEST(ScanWithinAScan, DoesNothingBelowTheBoxesOfTheFolders)
     }
 }
 
-TEST(ScanWithinAScan, WorksBelowEveryBoxThatEndsTheFirst)
+TEST(ScanUse, AllowsAnotherScanBelowEveryBoxThatEndsTheFirst)
 {
     std::unique_ptr<RecordCopy> after_second;
     HWND list = nullptr;
@@ -294,7 +294,7 @@ TEST(ScanWithinAScan, WorksBelowEveryBoxThatEndsTheFirst)
         });
 }
 
-TEST(ScanInterrupted, ByAClosingMainWindowBelowAnyBoxShowsNoOtherBox)
+TEST(ScanUse, EndsWithoutAnotherBoxWhenTheMainWindowCloses)
 {
     below_each_box(
         [](Desktop*, HWND main) {

@@ -49,7 +49,7 @@ template <typename Open> void expect_registered_at_the_second_opening(const wcha
 
 } // namespace
 
-TEST(WindowClass, CountsAsRegisteredOnceTheSystemHasTakenIt)
+TEST(WindowClasses, CountsAsRegisteredOnceTheSystemHasTakenIt)
 {
     constexpr wchar_t name[] = L"WindowClassTest";
     HINSTANCE const instance = GetModuleHandleW(nullptr);
@@ -66,14 +66,14 @@ TEST(WindowClass, CountsAsRegisteredOnceTheSystemHasTakenIt)
     UnregisterClassW(name, instance);
 }
 
-TEST(WindowClass, OfTheNameWindowIsTriedAgainAfterAFailure)
+TEST(WindowClasses, OfTheNameWindowIsTriedAgainAfterAFailure)
 {
     const Owner owner;
     expect_registered_at_the_second_opening(L"Name of Profile Window",
                                             [&] { return create_wnd_ProfileName(owner.window()); });
 }
 
-TEST(WindowClass, OfModifyCellIsTriedAgainAfterAFailure)
+TEST(WindowClasses, OfModifyCellIsTriedAgainAfterAFailure)
 {
     const Owner owner;
     const STR_HitCell cell{};

@@ -46,7 +46,7 @@ DWORD error_of_writing_to(const std::wstring& path)
 
 } // namespace
 
-TEST(ProfileSaving, LeavesAFileThatExistsAsItIs)
+TEST(SaveProfile, LeavesAFileThatExistsAsItIs)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -74,7 +74,7 @@ TEST(ProfileSaving, LeavesAFileThatExistsAsItIs)
     }
 }
 
-TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
+TEST(SaveProfile, DeletesAHalfWrittenFileAndSaysSo)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -101,7 +101,7 @@ TEST(ProfileSaving, DeletesAHalfWrittenFileAndSaysSo)
     EXPECT_FALSE(file_exists(path));
 }
 
-TEST(ProfileSaving, SaysThatAFileCannotBeCreated)
+TEST(SaveProfile, SaysThatAFileCannotBeCreated)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -120,7 +120,7 @@ TEST(ProfileSaving, SaysThatAFileCannotBeCreated)
     EXPECT_FALSE(file_exists(path));
 }
 
-TEST(ProfileSaving, ReportsAWriterThatRefusesAndAnswersFalse)
+TEST(SaveProfile, ReportsAWriterThatRefusesAndAnswersFalse)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -176,7 +176,7 @@ TEST(ProfileSaving, ReportsAWriterThatRefusesAndAnswersFalse)
     EXPECT_EQ(error_of_writing_to(path), DWORD{ERROR_SUCCESS});
 }
 
-TEST(ProfileSaving, ReportsANameThatComesFromNoWindow)
+TEST(SaveProfile, ReportsANameThatComesFromNoWindow)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -193,7 +193,7 @@ TEST(ProfileSaving, ReportsANameThatComesFromNoWindow)
                   L"iRetCode = -1 <- on_WM_COPYDATA_on_wnd_NameOfProfile()")});
 }
 
-TEST(ProfileSaving, RefusesMissingArgumentsNamingThem)
+TEST(SaveProfile, RefusesMissingArgumentsNamingThem)
 {
     const FilledScan scan(ten_windows());
     STR_RW_PRFL write{};
@@ -213,7 +213,7 @@ TEST(ProfileSaving, RefusesMissingArgumentsNamingThem)
     }
 }
 
-TEST(ProfileSaving, TellsWhenAHalfWrittenFileCannotBeDeleted)
+TEST(SaveProfile, TellsWhenAHalfWrittenFileCannotBeDeleted)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -237,7 +237,7 @@ TEST(ProfileSaving, TellsWhenAHalfWrittenFileCannotBeDeleted)
 }
 
 // A record that is not there is noticed before it is released, so nothing brings this one about.
-TEST(ProfileSaving, WouldReportArraysThatCannotBeReleased)
+TEST(SaveProfile, WouldReportArraysThatCannotBeReleased)
 {
     BoxWatcher boxes;
     EXPECT_EQ(report<kSaveFreeFailed>(-1), -2);

@@ -20,7 +20,7 @@ using test_support::ImportHook;
 using test_support::read_file;
 using test_support::TemporaryFolder;
 
-TEST(ProfileSaving, WritesTheTickedRowsUnderTheEnteredName)
+TEST(SaveProfile, WritesTheTickedRowsUnderTheEnteredName)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -50,7 +50,7 @@ TEST(ProfileSaving, WritesTheTickedRowsUnderTheEnteredName)
     EXPECT_EQ(releases.calls(), 8);
 }
 
-TEST(ProfileSaving, SavesWhatTheScanRecordSaysNotWhatTheListShowed)
+TEST(SaveProfile, SavesWhatTheScanRecordSaysNotWhatTheListShowed)
 {
     std::vector<ScannedWindow> windows = ten_windows();
     const FilledScan scan(windows);
@@ -66,7 +66,7 @@ TEST(ProfileSaving, SavesWhatTheScanRecordSaysNotWhatTheListShowed)
     EXPECT_EQ(hex(read_file(path)), hex(profile_of(windows, {2}, u"x")));
 }
 
-TEST(ProfileSaving, CreatesANewFileOnlyForItselfAndClosesIt)
+TEST(SaveProfile, CreatesANewFileOnlyForItselfAndClosesIt)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -90,7 +90,7 @@ TEST(ProfileSaving, CreatesANewFileOnlyForItselfAndClosesIt)
     EXPECT_TRUE(DeleteFileW(path.c_str()));
 }
 
-TEST(ProfileSaving, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
+TEST(SaveProfile, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -106,7 +106,7 @@ TEST(ProfileSaving, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
     EXPECT_FALSE(IsWindow(name));
 }
 
-TEST(ProfileSaving, TakesAtMost256UnitsAndWholeUnitsOnly)
+TEST(SaveProfile, TakesAtMost256UnitsAndWholeUnitsOnly)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -121,7 +121,7 @@ TEST(ProfileSaving, TakesAtMost256UnitsAndWholeUnitsOnly)
     EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"nnn")));
 }
 
-TEST(ProfileSaving, CreatesNoFileAfterEitherCancel)
+TEST(SaveProfile, CreatesNoFileAfterEitherCancel)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -152,7 +152,7 @@ TEST(ProfileSaving, CreatesNoFileAfterEitherCancel)
     SetCurrentDirectoryW(L"C:\\");
 }
 
-TEST(ProfileSaving, TakesTheNameFromWhicheverWindowSendsIt)
+TEST(SaveProfile, TakesTheNameFromWhicheverWindowSendsIt)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -175,7 +175,7 @@ TEST(ProfileSaving, TakesTheNameFromWhicheverWindowSendsIt)
     boxes.expect_no_boxes();
 }
 
-TEST(ProfileSaving, TakesANameThatIsNowhereForAnEmptyOne)
+TEST(SaveProfile, TakesANameThatIsNowhereForAnEmptyOne)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -196,7 +196,7 @@ TEST(ProfileSaving, TakesANameThatIsNowhereForAnEmptyOne)
     boxes.expect_no_boxes();
 }
 
-TEST(ProfileSaving, IgnoresDataOfOtherKindsAndMissingData)
+TEST(SaveProfile, IgnoresDataOfOtherKindsAndMissingData)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -211,7 +211,7 @@ TEST(ProfileSaving, IgnoresDataOfOtherKindsAndMissingData)
     boxes.expect_no_boxes();
 }
 
-TEST(ProfileSaving, TakesAFileSystemThatHasNoFlushing)
+TEST(SaveProfile, TakesAFileSystemThatHasNoFlushing)
 {
     for (const DWORD code : {DWORD{ERROR_INVALID_FUNCTION}, DWORD{ERROR_NOT_SUPPORTED}}) {
         const FilledScan scan(ten_windows());
@@ -229,7 +229,7 @@ TEST(ProfileSaving, TakesAFileSystemThatHasNoFlushing)
     }
 }
 
-TEST(ProfileSaving, AddsTheEndingThatTheRealSaveDialogWasGiven)
+TEST(SaveProfile, AddsTheEndingThatTheRealSaveDialogWasGiven)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;

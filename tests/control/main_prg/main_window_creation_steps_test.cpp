@@ -1,28 +1,21 @@
 #include <windows.h>
 
-#include <commdlg.h>
 #include <objbase.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/main_prg/main_window.h"
-#include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 
-// What the main window asks of the system when it is created and when it is destroyed, step by step.
+// What the main window asks of the system when it is created, step by step.
 
 using namespace test_support;
-using main_tests::MainWindow;
 using profile_tests::OwnWindow;
 using Steps = std::vector<std::string>;
 

@@ -15,7 +15,7 @@
 using namespace profile_tests;
 using namespace test_support;
 
-TEST(HostileFiles, AreRefusedWithTheirResultsAndLeaveTheStoreAsItIs)
+TEST(ProfileLoading, RefusesTheHostileFilesWithTheirResultsAndLeavesTheStoreAsItIs)
 {
     ProfileFixture fixture;
     const NothingStarts starts;

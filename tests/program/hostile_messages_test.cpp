@@ -100,7 +100,7 @@ TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)
         SCOPED_TRACE(size);
         boxes_.forget();
         EXPECT_EQ(send_data(list_window_, nullptr, 0, bytes.data(), size), FALSE);
-        // The box of what takes the name, and the list's own. The addresses of two records are its secret.
+        // The save's box and the list's. The addresses of two records are not known outside the program.
         boxes_.wait_for_box(1);
         const std::vector<SeenBox> seen = boxes_.boxes();
         const std::size_t addresses = seen[0].text.find(L"pSTR_ENUM_WNDS_DATA = ");

@@ -37,7 +37,7 @@ bool is_listed(const Texts& names, const std::wstring& name)
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// A title of that many units in which every place can be told.
+// A title of that many units in which no place looks like another.
 std::wstring numbered_title(std::size_t units)
 {
     std::wstring title = L"=";
@@ -150,7 +150,7 @@ TEST(HostileWindows, MayBeFifteenHundred)
     for (const Neighbour& window : windows)
         EXPECT_TRUE(listed.contains(window.title)) << printable(window.title);
 
-    // The lowest of them is listed last of all, and works.
+    // The window at the bottom of the z-order is listed last, and Move works on it.
     const auto row = static_cast<int>(std::find(names.begin(), names.end(), L"Window 0") - names.begin());
     EXPECT_GE(row, static_cast<int>(kWindows) - 1);
     EXPECT_EQ(list.row(row), (Texts{std::to_wstring(row + 1), L"Window 0", L"0", L"0", L"19", L"18"}));
@@ -165,7 +165,7 @@ TEST(HostileWindows, MayBeFifteenHundred)
     boxes.expect_no_boxes();
 }
 
-// One window goes between the two passes, another while the second pass asks for its title.
+// One window is destroyed between the two passes, another while the second pass asks for its title.
 TEST(HostileWindows, MayDieWhileTheyAreListed)
 {
     HWND gone_between = nullptr;
@@ -177,7 +177,7 @@ TEST(HostileWindows, MayDieWhileTheyAreListed)
         if (window == gone_when_asked && time == 2)
             DestroyWindow(window);
     };
-    // The gate lies lowest: when it is asked, the others have been.
+    // The gate is at the bottom of the z-order, so the first pass asks it last.
     const Neighbours neighbours({{.title = L"Gate", .place = {11, 22, 144, 155}},
                                  {.title = L"Upper", .place = {33, 44, 166, 177}},
                                  {.title = L"Gone between the passes"},
@@ -261,7 +261,7 @@ TEST(HostileWindows, MayDieWhileTheyAreLoaded)
         const RECT found = rectangle_of(window);
         return EqualRect(&found, &wanted) != FALSE;
     }));
-    // The dead ones are no obstacle to any action.
+    // Every action reaches the window that is left.
     EXPECT_EQ(wendlow.combo_texts(wendlow.profile_combo()), Texts{L"P"});
     wendlow.apply(L"Minimize");
     EXPECT_TRUE(becomes_true([&] { return IsIconic(window) != FALSE; }));

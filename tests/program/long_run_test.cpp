@@ -10,8 +10,8 @@
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
 
-// Hundreds of commands on one process: what it holds afterwards is what it held before, and what it keeps on
-// purpose, to the number.
+// Hundreds of commands on one process: it holds afterwards what it held before, and the handles that loads
+// keep, to the number.
 
 using namespace test_support;
 
@@ -166,7 +166,7 @@ TEST_F(LongRun, LeavesNothingBehindOnOneProcess)
         load_and_apply(path);
     SCOPED_TRACE("and thirty loads");
     // The process and the thread of every program started stay open. The list of each drop, one page, stays
-    // too: it is this test that put it there.
+    // too: this test allocated it there.
     expect_flat(before, holdings(), (2 + kept_by_system) * 30, 30 * 4096);
     boxes.expect_no_boxes();
 }

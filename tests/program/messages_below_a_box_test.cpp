@@ -19,7 +19,7 @@ class MessagesBelowABox : public hostile::AllWindowsOpen
 {
 };
 
-// Boxes without owner leave the windows usable.
+// Re-entrancy: a box without owner runs a message loop and leaves the windows usable.
 TEST_F(MessagesBelowABox, AreCarriedOut)
 {
     const auto bad_file = [&](const wchar_t* name) {
@@ -58,7 +58,7 @@ TEST_F(MessagesBelowABox, AreCarriedOut)
     EXPECT_EQ(wendlow_.close_and_wait(), 0u);
 }
 
-// The boxes of a load belong to the main window; whoever closes it below one ends the program.
+// Closing the main window while a box of a load is open ends the program.
 TEST_F(MessagesBelowABox, EndTheProgramWhenTheyCloseTheMainWindow)
 {
     const std::wstring path = folder_.file(L"gone.txt");

@@ -154,7 +154,7 @@ TEST_F(NestedCommands, CreateProfileBelowTheSaveDialogDoesNothing)
               hex(ProfileEncoder().add_program(40, 50, 320, 240, units_of(work_)).name(u"Nested").bytes()));
 }
 
-// The list goes, and its dialog with it.
+// The list is destroyed, and the dialog that it owns.
 TEST_F(NestedCommands, ScanBelowTheSaveDialogCancelsTheSave)
 {
     open_save_dialog();

@@ -44,7 +44,7 @@ const ExpectedBox kDiskFullBox = save_box(2009, 2131,
                                           L"GetLastError = 112 <- WriteFile() or FlushFileBuffers()");
 const ExpectedBox kFileExists{L"information", L"File already exists"};
 
-// Runs a program of the system below the one under test, where there is such a system.
+// Runs a program of the system that Wine runs on; nothing happens on Windows itself.
 void run_on_host(const std::wstring& command)
 {
     std::wstring line = command;
@@ -85,7 +85,7 @@ public:
     bool is_there() const { return there_; }
 
 private:
-    // "Z:\tmp\x" without its drive, as the system below knows it; empty on other drives.
+    // "Z:\tmp\x" as the system that Wine runs on names it; empty on other drives.
     std::wstring host_path() const
     {
         if (!folder_.starts_with(L"Z:\\"))

@@ -152,7 +152,7 @@ void compose(ComposedText* composed, const ErrorRow& row, va_list values)
         append_text(composed, texts.before_function);
         composed->function = append_field(composed, row.function);
         append_text(composed, texts.before_site);
-        append_number(composed, row.site);
+        append_number(composed, *row.source->error_site);
         append_text(composed, texts.after_site);
     }
     if (texts.handler_before_detail)

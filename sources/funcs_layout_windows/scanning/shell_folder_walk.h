@@ -28,6 +28,7 @@ HRESULT open_shell_windows(ShellWindowsList* list);
 long count_shell_windows(const ShellWindowsList& list);
 
 // Visits the first `count` windows of the list in order. Windows that do not answer for one of the interfaces
-// on the way, or show a virtual folder, are passed over. Every interface and list obtained is released before
-// the next window, last obtained first.
+// on the way, or show a virtual folder, are passed over. Every interface and list obtained is released, last
+// obtained first, before the visitor is called: a release lets messages in, and the visitor has to see what
+// they did.
 void walk_shell_windows(ShellWindowsList* list, long count, FolderVisitor visitor, void* context);

@@ -81,6 +81,21 @@ HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const Sca
     return button;
 }
 
+// False when the window was destroyed while a message box was up: the state is not its own any more.
+bool create_buttons(HWND hwnd, ScanListState* state)
+{
+    const HWND move = create_button(hwnd, L"Move", ID_BTN_MOVE, state, kListCreateMove);
+    if (state->hwnd != hwnd)
+        return false;
+    state->hwndMove = move;
+    const HWND create_profile =
+        create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, kListCreateProfileButton);
+    if (state->hwnd != hwnd)
+        return false;
+    state->hwndCreateProfile = create_profile;
+    return true;
+}
+
 // The font height for the buttons; the default one when no device context is there to search with.
 // Quirk: the -1 of a failed search is handed on after its box; a tiny font still brings the list, none would
 // not.
@@ -101,9 +116,8 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanL
     reset_state(state);
     state->hwnd = hwnd;
     state->hInst = creation->hInstance;
-    state->hwndMove = create_button(hwnd, L"Move", ID_BTN_MOVE, state, kListCreateMove);
-    state->hwndCreateProfile =
-        create_button(hwnd, L"Create Profile", ID_BTN_CREATE_PROFILE, state, kListCreateProfileButton);
+    if (!create_buttons(hwnd, state))
+        return;
     const std::int32_t font_height = find_font_height(hwnd);
     if (state->hwnd != hwnd)
         return; // Re-entrancy: destroyed while a message box was up.
@@ -163,12 +177,23 @@ void on_Create_Profile(HWND hwnd, ScanListState* state)
     if (save_under_way) // Re-entrancy: its dialog and boxes run message loops.
         return;
     // Arrays that are still there belong to a profile that is abandoned now.
+    // Quirk: also when nothing is ticked, so that a name window that stays open has nothing to save and the
+    // writer refuses; kept because rows ticked for an earlier press are never saved.
     FreeDynMem_wnds_Profile(&state->RW_PRFL);
     state->RW_PRFL = {};
     const std::int32_t result =
         onButton_Create_Profile(hwnd, state->hwndLV, &state->hwnd_ProfileName, &state->RW_PRFL, &scan_record);
     if (result < 0)
         report<kListCreateProfileFailed>(result);
+}
+
+void on_Modify_Cell(HWND hwnd, ScanListState* state)
+{
+    const HWND opened = create_wnd_ModifyCell(hwnd, state->hwndLV, &state->hit_cell);
+    if (state->hwnd == hwnd)
+        state->hwnd_ModifyCell = opened;
+    else // Re-entrancy: the list went while a message box was up; its dialog goes with it.
+        destroy_own_window_of_class(opened, kClass_ModifyCell);
 }
 
 void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state)
@@ -181,7 +206,7 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state
     else if (id == ID_BTN_CREATE_PROFILE)
         on_Create_Profile(hwnd, state);
     else if (id == ID_MENU_MODIFY_CELL && lParam == 0)
-        state->hwnd_ModifyCell = create_wnd_ModifyCell(hwnd, state->hwndLV, &state->hit_cell);
+        on_Modify_Cell(hwnd, state);
 }
 
 // Takes the name that arrived into the write record, at most as many units as it has room for; none when it

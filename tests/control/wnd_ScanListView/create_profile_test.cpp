@@ -13,6 +13,7 @@ namespace
 
 using namespace profile_tests;
 using test_support::BoxWatcher;
+using test_support::Bytes;
 using test_support::ExpectedBox;
 using test_support::FailingImport;
 using test_support::hex;
@@ -318,4 +319,52 @@ TEST(CreateProfile, StopsWhenItsRowNumbersAreGone)
                                      L"0000000000000000")});
     EXPECT_EQ(opened, nullptr);
     FreeDynMem_wnds_Profile(&record);
+}
+
+// Nothing ticked abandons the profile for which the name window that stays open had asked.
+TEST(CreateProfile, LeavesAnOpenNameWindowNothingToSaveWhenNothingIsTicked)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    const TemporaryFolder folder;
+    const HWND name = list.ask_name_for({1});
+    list.untick(1);
+    BoxWatcher boxes;
+    list.press_create_profile();
+    boxes.expect_boxes({kNothingTicked});
+    ASSERT_EQ(name_window(), name);
+    boxes.forget();
+
+    HANDLE file = nullptr;
+    {
+        const ImportHook<"CreateFileW", decltype(CreateFileW)> creation(
+            "kernel32.dll", [&](auto... arguments) { return file = creation.call_original(arguments...); });
+        AnsweredSaveDialog dialog(folder.file(L"nothing.txt"));
+        enter_name(name, L"Late");
+        EXPECT_EQ(dialog.asked, 1);
+    }
+    const std::wstring record = record_named_in(boxes.wait_for_box(0).text);
+    const std::wstring none = pointer(nullptr);
+    boxes.expect_boxes(
+        {save_box(L"WriteData_Profile", 2204, 2318,
+                  L"error, incorrect INPUT parameters:\nhFile_wnds_profile = " + pointer(file) +
+                      L"\npSTR_RW_PRFL = " + record + L"\nN_wnds = 0\np_arr1D_uc_flag_Prg_or_Folder = " +
+                      none + L"\np_arr1D_ui_x = " + none + L"\np_arr1D_ui_y = " + none +
+                      L"\np_arr1D_ui_w = " + none + L"\np_arr1D_ui_h = " + none +
+                      L"\np_arr1D_ui_len_path = " + none + L"\np_arr_strz_paths = " + none),
+         save_box(L"on_WM_COPYDATA_on_wnd_NameOfProfile", 1997, 2109,
+                  L"error, one of callable functions returned error, -1 <- WriteData_Profile()"),
+         save_box(L"WndProc_ScanListView", 358, 541,
+                  L"iRetCode = -2 <- on_WM_COPYDATA_on_wnd_NameOfProfile()")});
+    CloseHandle(file); // stays open otherwise, and empty
+    EXPECT_EQ(read_file(folder.file(L"nothing.txt")), Bytes{});
+    EXPECT_FALSE(IsWindow(name));
+
+    // The list is as it was, and so is its scan.
+    ASSERT_TRUE(IsWindow(list.window));
+    boxes.forget();
+    AnsweredSaveDialog dialog(folder.file(L"next.txt"));
+    enter_name(list.ask_name_for({1, 4}), L"Next");
+    boxes.expect_no_boxes();
+    EXPECT_EQ(read_file(folder.file(L"next.txt")), profile_of(ten_windows(), {1, 4}, u"Next"));
 }

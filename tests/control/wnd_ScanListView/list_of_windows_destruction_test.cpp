@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
@@ -12,6 +14,7 @@
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/text.h"
 #include "tests/support/waiting.h"
 #include "tests/support/windows_lookup.h"
 
@@ -71,6 +74,50 @@ const std::vector<std::wstring> kOfOneList{L"menu",     L"lengths", L"flags", L"
                                            L"geometry", L"handles", L"paths", L"List of Windows"};
 
 const std::vector<const void*> kReleased(6, nullptr);
+
+// Another window of the class, which takes the state over; null when it did not outlive its creation.
+HWND make_list()
+{
+    return CreateWindowExW(0, L"List of Windows", L"List of windows", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300,
+                           nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+}
+
+// One of the buttons cannot be made, of the first list that is made; something is done below its box.
+class BelowTheBoxOfAButton
+{
+public:
+    BelowTheBoxOfAButton(int button, std::function<void(HWND list)> action)
+        : missing_(button), action_(std::move(action))
+    {
+    }
+    BelowTheBoxOfAButton(const BelowTheBoxOfAButton&) = delete;
+    BelowTheBoxOfAButton& operator=(const BelowTheBoxOfAButton&) = delete;
+
+private:
+    HWND list_ = nullptr;
+    int missing_;
+    std::function<void(HWND)> action_;
+    ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create_{
+        "user32.dll", [this](DWORD extended, LPCWSTR name, LPCWSTR title, DWORD style, int x, int y,
+                             int width, int height, HWND parent, HMENU menu, HINSTANCE instance, void* more) {
+            if (list_ == nullptr && parent != nullptr &&
+                reinterpret_cast<INT_PTR>(menu) == static_cast<INT_PTR>(missing_)) {
+                list_ = parent;
+                return HWND{nullptr};
+            }
+            return create_.call_original(extended, name, title, style, x, y, width, height, parent, menu,
+                                         instance, more);
+        }};
+    ImportHook<"MessageBoxW", decltype(MessageBoxW)> box_{
+        "user32.dll", [this](HWND owner, LPCWSTR text, LPCWSTR title, UINT type) {
+            if (const auto action = std::exchange(action_, nullptr))
+                action(list_);
+            return box_.call_original(owner, text, title, type);
+        }};
+};
+
+const ExpectedBox kBoxes_of_buttons[] = {{L"i", bytes_as_wide("err, hWndBTN01=NULL, func WndProc")},
+                                         {L"i", bytes_as_wide("err, hWndBTN02=NULL, func WndProc")}};
 
 } // namespace
 
@@ -178,4 +225,80 @@ TEST(ListOfWindows, MakesNothingMoreOfItselfWhenItIsDestroyedBelowABox)
     EXPECT_EQ(hwnd_ScanListView, nullptr);
     EXPECT_EQ(FindWindowW(L"List of Windows", nullptr), nullptr);
     EXPECT_EQ(fonts, 0);
+}
+
+TEST(ListOfWindows, MakesAndTellsNothingMoreWhenItIsDestroyedBelowTheBoxOfAButton)
+{
+    TwoRows scan;
+    for (const int button : {1, 2}) {
+        SCOPED_TRACE(button);
+        ASSERT_EQ(scan.fixture.scan(), 1);
+        const HWND older = hwnd_ScanListView;
+        const BelowTheBoxOfAButton below(button, [](HWND list) { DestroyWindow(list); });
+        const BoxWatcher boxes;
+        EXPECT_EQ(make_list(), nullptr);
+        boxes.expect_boxes({kBoxes_of_buttons[button - 1]});
+        DestroyWindow(older);
+    }
+}
+
+TEST(ListOfWindows, LeavesTheButtonsOfTheNextListAlone)
+{
+    TwoRows scan;
+    for (const int button : {1, 2}) {
+        SCOPED_TRACE(button);
+        ASSERT_EQ(scan.fixture.scan(), 1);
+        const HWND older = hwnd_ScanListView;
+        HWND next = nullptr;
+        HWND unfinished = nullptr;
+        {
+            const BelowTheBoxOfAButton below(button, [&](HWND) { next = make_list(); });
+            const BoxWatcher boxes;
+            unfinished = make_list();
+            boxes.expect_boxes({kBoxes_of_buttons[button - 1]});
+        }
+        ASSERT_NE(next, nullptr);
+        std::vector<HWND> placed;
+        const ImportHook<"MoveWindow", decltype(MoveWindow)> move("user32.dll", [&](HWND window, auto... to) {
+            placed.push_back(window);
+            return move.call_original(window, to...);
+        });
+        SendMessageW(next, WM_SIZE, SIZE_RESTORED, MAKELPARAM(500, 300));
+        EXPECT_EQ(placed, (std::vector<HWND>{GetDlgItem(next, 1), GetDlgItem(next, 2), GetDlgItem(next, 4)}));
+        for (const HWND window : {unfinished, older, next})
+            DestroyWindow(window);
+    }
+}
+
+TEST(ListOfWindows, LeavesNoDialogBehindWhenItIsDestroyedWhileTheDialogIsMade)
+{
+    TwoRows scan;
+    for (const bool scanned_again : {false, true}) {
+        SCOPED_TRACE(scanned_again);
+        ASSERT_EQ(scan.fixture.scan(), 1);
+        const HWND window = hwnd_ScanListView;
+        // The dialog itself and both buttons are the first calls, then comes the box of X.
+        const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", 4, nullptr, 8);
+        bool told = false;
+        const ImportHook<"MessageBoxW", decltype(MessageBoxW)> box("user32.dll", [&](auto... arguments) {
+            if (!std::exchange(told, true)) {
+                DestroyWindow(window);
+                if (scanned_again)
+                    scan.fixture.scan();
+            }
+            return box.call_original(arguments...);
+        });
+        const BoxWatcher boxes;
+        SendMessageW(window, WM_COMMAND, 101, 0);
+        boxes.expect_boxes({{L"error", L"err, hEdit = NULL, func WndProc"},
+                            {L"error", L"error, SetWindowLongPtr, GWL_WNDPROC, TAB focus changing"}});
+        EXPECT_FALSE(IsWindow(window));
+        EXPECT_EQ(FindWindowW(L"Modify Cell Window", nullptr), nullptr);
+        EXPECT_EQ(hwnd_ScanListView != nullptr, scanned_again);
+    }
+    // The next list has a dialog of its own, which goes with it.
+    SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+    EXPECT_NE(FindWindowW(L"Modify Cell Window", nullptr), nullptr);
+    DestroyWindow(hwnd_ScanListView);
+    EXPECT_EQ(FindWindowW(L"Modify Cell Window", nullptr), nullptr);
 }

@@ -14,5 +14,6 @@ inline constexpr std::int32_t kLaunch_abandoned = 2;
 // thread is blocked for up to 5 s per program and 10 s for each of the two searches. The user sees an info
 // box, owned by the main window, for programs and for folders that did not start or were not found. Returns
 // 1; kLaunch_folder_check_failed after an error box, with nothing placed; kLaunch_abandoned, quietly, when
-// the main window was closed meanwhile.
+// the main window was closed meanwhile: before the reports nothing is reported or placed then; closed at one
+// of them, the windows that were found are still placed.
 std::int32_t launch_profile(LaunchState* launch);

@@ -86,7 +86,10 @@ TEST(Launching, MinimisesAFolderSavedWithoutAWidthOrAHeight)
                                .name(u"F")
                                .bytes()),
               1);
-    for (const HWND window : {no_width.get(), no_height.get(), neither.get()}) {
+    const HWND windows[] = {no_width, no_height, neither};
+    for (std::uint32_t entry = 0; entry < 3; ++entry) {
+        const HWND window = windows[entry];
+        EXPECT_EQ(fixture.stored_handle(0, entry), window);
         EXPECT_TRUE(IsIconic(window));
         ShowWindow(window, SW_RESTORE);
         EXPECT_EQ(place_of(window), unmoved);

@@ -6,6 +6,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/fixture_programs.h"
+#include "tests/support/text.h"
 
 // What a load leaves behind: the programs that run, where their windows are, the handles in the store.
 
@@ -15,6 +16,8 @@ namespace
 using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::Bytes;
+using test_support::bytes_as_wide;
+using test_support::ExpectedBox;
 using test_support::FixturePrograms;
 using test_support::ProfileEncoder;
 using test_support::units_of;
@@ -181,4 +184,28 @@ TEST(Launching, GoesOnWhenTheProgramsCannotBeSearchedFor)
                    L"Number of Programs in Profile = 1\nPossible reasons:\n"
                    L"Some Programs were deleted, renamed or check your access permissions"}});
     EXPECT_EQ(found[2], nullptr);
+}
+
+TEST(Launching, SearchesTenTimesAlsoWhenTheShellHasNoListOfItsWindows)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    const RecordedSleeps sleeps;
+    fixture.folders.fail_creation(E_FAIL);
+    const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"F").bytes();
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(file), 1);
+    std::vector<ExpectedBox> expected(
+        10, {L"error", gap_text({bytes_as_wide("sources/funcs_layout_windows"),
+                                 bytes_as_wide("GetHWNDS_of_LoadedFolders"), 7756, 8025},
+                                L"one of callable functions returned error\n\nfunction : "
+                                L"CoCreateInstance()\n\nret code hResult = -2147467259")});
+    expected.push_back({L"info", L"Not all Folders of Profile were detected after launching\n"});
+    boxes.expect_boxes(expected);
+    EXPECT_EQ(sleeps.pauses, std::vector<DWORD>(10, 1000));
+    EXPECT_EQ(starts.starts.size(), 1u);
+    ASSERT_EQ(fixture.store.uiN_loaded_prfls, 1u);
+    EXPECT_EQ(fixture.stored_file(0), file);
+    EXPECT_EQ(fixture.stored_handle(0, 0), nullptr);
+    EXPECT_EQ(combo_texts(fixture.profile_combo), std::vector<std::wstring>{L"F"});
 }

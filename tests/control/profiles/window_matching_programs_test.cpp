@@ -134,8 +134,9 @@ TEST(ProgramMatching, PassesOverWindowsThatDoNotQualify)
     const OwnWindow invisible(L"invisible", WS_POPUP, place);
     const OwnWindow untitled(L"", visible, place);
     const OwnWindow empty(L"empty", visible, {10, 0, 10, 0});
+    const OwnWindow empty_below(L"empty", visible, {0, 20, 0, 20});
     Matcher matcher(one_entry(own_image()));
-    for (const HWND window : {HWND{nullptr}, invisible.get(), untitled.get(), empty.get()})
+    for (const HWND window : {HWND{nullptr}, invisible.get(), untitled.get(), empty.get(), empty_below.get()})
         EXPECT_EQ(matcher.ask(window), TRUE);
     for (const wchar_t* name : {L"Tooltips_Class", L"SysShadow", L"RegEdit_RegEdit", L"TaskManagerWindow",
                                 L"ApplicationFrameWindow", L"Windows.UI.Core.CoreWindow", L"Progman"}) {
@@ -144,7 +145,7 @@ TEST(ProgramMatching, PassesOverWindowsThatDoNotQualify)
     }
     EXPECT_EQ(matcher.found.front(), nullptr);
 
-    // Without an area, but at the origin; and without width alone.
+    // Without an area, but at the origin; without width alone; without height alone.
     const OwnWindow at_origin(L"origin", visible, {0, 0, 0, 0});
     EXPECT_EQ(matcher.ask(at_origin), TRUE);
     EXPECT_EQ(matcher.found.front(), at_origin.get());
@@ -152,6 +153,10 @@ TEST(ProgramMatching, PassesOverWindowsThatDoNotQualify)
     const OwnWindow thin(L"thin", visible, {10, 20, 10, 40});
     EXPECT_EQ(matcher.ask(thin), TRUE);
     EXPECT_EQ(matcher.found.front(), thin.get());
+    matcher.found.front() = nullptr;
+    const OwnWindow flat(L"flat", visible, {10, 20, 40, 20});
+    EXPECT_EQ(matcher.ask(flat), TRUE);
+    EXPECT_EQ(matcher.found.front(), flat.get());
 }
 
 TEST(ProgramMatching, PassesOverExplorerWhereverItLies)

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/waiting.h"
 #include "tests/support/windows_lookup.h"
 
@@ -114,6 +115,32 @@ TEST_F(ModifyCell, LetsTheLastCharacterAloneDecide)
     EXPECT_EQ(entry(0), "12,123 300x200");
 }
 
+TEST_F(ModifyCell, AsksTheSystemWhatTheLastCharacterIs)
+{
+    open(0);
+    enter(0, L"12x"); // a system that counts x as alphanumeric and not as alphabetic
+    enter(1, L"123"); // and 3 as no alphanumeric
+    enter(2, L"124"); // and 4 as alphabetic
+    enter(3, L"345");
+    std::wstring asked_alphanumeric;
+    std::wstring asked_alphabetic;
+    const ImportHook<"IsCharAlphaNumericW", decltype(IsCharAlphaNumericW)> alphanumeric(
+        "user32.dll", [&](WCHAR unit) -> BOOL {
+            asked_alphanumeric += unit;
+            return unit != L'3';
+        });
+    const ImportHook<"IsCharAlphaW", decltype(IsCharAlphaW)> alphabetic("user32.dll",
+                                                                        [&](WCHAR unit) -> BOOL {
+                                                                            asked_alphabetic += unit;
+                                                                            return unit == L'4';
+                                                                        });
+    press(4);
+    EXPECT_EQ(cells(0), (Texts{L"12x", L"50", L"300", L"345"}));
+    EXPECT_EQ(entry(0), "12,123 124x345");
+    EXPECT_EQ(asked_alphanumeric, L"x345");
+    EXPECT_EQ(asked_alphabetic, L"x45");
+}
+
 TEST_F(ModifyCell, ReadsAtMostFortyNineUnits)
 {
     open(0);
@@ -170,11 +197,11 @@ TEST_F(ModifyCell, AppliesOnEnterOnOkAndNotOnSpace)
     open(0);
     enter(3, L"333");
     SetFocus(control(4));
-    SendMessageW(control(4), WM_KEYDOWN, VK_SPACE, 0);
+    for (const WPARAM other : {VK_SPACE, VK_ESCAPE, VK_LEFT})
+        EXPECT_EQ(key(4, other), 0);
     SendMessageW(control(4), WM_KEYUP, VK_SPACE, 0);
-    SendMessageW(control(4), WM_KEYDOWN, VK_ESCAPE, 0);
     EXPECT_TRUE(IsWindow(dialog));
-    SendMessageW(control(4), WM_KEYDOWN, VK_RETURN, 0);
+    EXPECT_EQ(key(4, VK_RETURN), 0);
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(entry(0), "10,50 300x333");
 }
@@ -183,7 +210,10 @@ TEST_F(ModifyCell, ClosesOnEnterOnCancel)
 {
     open(0);
     enter(3, L"333");
-    SendMessageW(control(5), WM_KEYDOWN, VK_RETURN, 0);
+    for (const WPARAM other : {VK_SPACE, VK_ESCAPE, VK_LEFT})
+        EXPECT_EQ(key(5, other), 0);
+    EXPECT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(key(5, VK_RETURN), 0);
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(entry(0), "10,50 300x200");
 }

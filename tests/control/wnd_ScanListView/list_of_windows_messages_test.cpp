@@ -63,15 +63,43 @@ TEST(ListOfWindows, PlacesItsControlsInOrderAndRepaintsThem)
 {
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
-    std::vector<int> placed;
+    std::vector<std::wstring> placed;
     const ImportHook<"MoveWindow", decltype(MoveWindow)> move(
         "user32.dll", [&](HWND window, int x, int y, int width, int height, BOOL repaint) {
-            placed.push_back(GetDlgCtrlID(window));
+            placed.push_back(std::to_wstring(GetDlgCtrlID(window)) + L": " + std::to_wstring(x) + L"," +
+                             std::to_wstring(y) + L" " + size_text(width, height));
             EXPECT_EQ(repaint, TRUE);
             return move.call_original(window, x, y, width, height, repaint);
         });
     EXPECT_EQ(SendMessageW(hwnd_ScanListView, WM_SIZE, SIZE_RESTORED, MAKELPARAM(500, 300)), 0);
-    EXPECT_EQ(placed, (std::vector<int>{1, 2, 4}));
+    // The size is the one that was told, whatever size the window has.
+    const int bw = screen_part(0.09F, SM_CXSCREEN);
+    const int bh = screen_part(0.03F, SM_CYSCREEN);
+    EXPECT_EQ(placed, (std::vector<std::wstring>{
+                          L"1: 5,5 " + size_text(bw, bh),
+                          L"2: " + std::to_wstring(bw + 10) + L",5 " + size_text(bw, bh),
+                          L"4: 5," + std::to_wstring(bh + 10) + L" " + size_text(490, 300 - (bh + 10) - 5)}));
+    const RemoteListView list = scan.fixture.list();
+    const int widths[] = {44, 280, 44, 44, 44, 44};
+    for (int column = 0; column < 6; ++column)
+        EXPECT_EQ(list.column_width(column), widths[column]) << column;
+}
+
+TEST(ListOfWindows, InsertsItsRowsByTheirNumbersAlone)
+{
+    TwoRows scan;
+    std::vector<std::wstring> rows;
+    const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+        "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == LVM_INSERTITEMW) {
+                const auto& item = *reinterpret_cast<const LVITEMW*>(lParam);
+                rows.push_back(std::to_wstring(item.iItem) + L": mask " + std::to_wstring(item.mask) +
+                               L", text " + item.pszText + L" of " + std::to_wstring(item.cchTextMax));
+            }
+            return send.call_original(window, message, wParam, lParam);
+        });
+    ASSERT_EQ(scan.fixture.scan(), 1);
+    EXPECT_EQ(rows, (std::vector<std::wstring>{L"0: mask 1, text 1 of 40", L"1: mask 1, text 2 of 40"}));
 }
 
 TEST(ListOfWindows, LeavesNothingToPaint)

@@ -178,9 +178,11 @@ TEST(ListOfWindows, SelectsARowWithItsTickAndDeselectsItAgain)
     list.set_ticked(1, true);
     EXPECT_TRUE(list.is_selected(1));
     EXPECT_FALSE(list.is_selected(0));
-    EXPECT_EQ(list.extended_style() & 0x20, 0x20u);
+    // Whole rows are selected from now on; grid lines, check boxes and the rest stay.
+    EXPECT_EQ(list.extended_style(), 0x10025u);
     list.set_ticked(1, false);
     EXPECT_FALSE(list.is_selected(1));
+    EXPECT_EQ(list.extended_style(), 0x10025u);
 }
 
 TEST(ListOfWindows, ReleasesTheScanAndForgetsItselfWhenItCloses)

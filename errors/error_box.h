@@ -68,7 +68,7 @@ namespace error_box
 {
 
 // True when the placeholder %<conversion> may stand for a Value.
-template <typename Value> consteval bool stands_for(char conversion)
+template <typename Value> constexpr bool stands_for(char conversion)
 {
     if constexpr (std::is_integral_v<Value>)
         return (conversion == 'd' || conversion == 'u') && sizeof(Value) == sizeof(std::int32_t);
@@ -79,7 +79,7 @@ template <typename Value> consteval bool stands_for(char conversion)
 }
 
 // The letter of the first placeholder of `detail`, which is cut off up to it; 0 when there is none.
-consteval char take_placeholder(std::string_view* detail)
+constexpr char take_placeholder(std::string_view* detail)
 {
     const std::size_t percent = detail->find('%');
     if (percent == std::string_view::npos)
@@ -90,7 +90,7 @@ consteval char take_placeholder(std::string_view* detail)
 }
 
 // True when the placeholders of `detail` stand for values of just these types, in this order.
-template <typename... Values> consteval bool values_fit(std::string_view detail)
+template <typename... Values> constexpr bool values_fit(std::string_view detail)
 {
     const bool each_fits = (stands_for<Values>(take_placeholder(&detail)) && ...);
     return each_fits && take_placeholder(&detail) == '\0';

@@ -187,8 +187,8 @@ void place_windows(LaunchState* launch)
             continue;
         const HWND folder = launch->p_arr1D_hwnd_Folders[entry.index];
         launch->pc_arr1D_hwnd_Folders_only[entry.index] = folder;
-        // Quirk: the last program's window is restored, not the folder's; kept so that a profile loads the same
-        // in every version.
+        // Quirk: the last program's window is restored, not the folder's; kept so that a profile loads the
+        // same in every version.
         place_window(folder, entry, last_program);
     }
 }

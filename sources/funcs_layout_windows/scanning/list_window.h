@@ -3,7 +3,9 @@
 
 #include <cstddef>
 
-struct HWND__; // What HWND points to; the columns are used where there is no Windows header.
+// What HWND points to; the columns are used where there is no Windows header.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name is the system's.
+struct HWND__;
 
 inline constexpr wchar_t kClass_ScanListView[] = L"List of Windows";
 

@@ -18,12 +18,15 @@ die() {
     exit 1
 }
 
+# What configuring is told besides the preset; the checks of the tree set it.
+configure_options=()
+
 # Further arguments name the targets; without one everything is built.
 configure_and_build() {
     local preset=$1
     shift
     say "Configuring $preset in build/$preset"
-    cmake --preset "$preset"
+    cmake --preset "$preset" "${configure_options[@]}"
     say "Building $preset"
     cmake --build --preset "$preset" --parallel 2 ${1:+--target "$@"}
 }

@@ -42,6 +42,8 @@ struct STR_GeomEntry {
     std::int32_t width;
 };
 static_assert(sizeof(STR_GeomEntry) == 24 && std::is_trivially_copyable_v<STR_GeomEntry>);
+static_assert(offsetof(STR_GeomEntry, x) == 8 && offsetof(STR_GeomEntry, y) == 12 &&
+              offsetof(STR_GeomEntry, height) == 16 && offsetof(STR_GeomEntry, width) == 20);
 
 // Bytes of the geometry and title block per slot.
 inline constexpr std::size_t kGeomText_slot_bytes =

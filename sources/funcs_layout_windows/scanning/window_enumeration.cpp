@@ -22,8 +22,6 @@ constexpr std::size_t kTitleLimit_filling_units = 1000;
 
 std::span<wchar_t> scratch_buffer(const STR_ENUM_WNDS_DATA* pSTR)
 {
-    if (pSTR->pcTmpBuf_Prg_Folder_Path == nullptr)
-        return {};
     return {pSTR->pcTmpBuf_Prg_Folder_Path, pSTR->uiSize_TmpBuf_Path / sizeof(wchar_t)};
 }
 
@@ -34,8 +32,6 @@ ImagePath read_image_path_of(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, FixedRow
     DWORD process_id = 0;
     GetWindowThreadProcessId(hwnd, &process_id);
     const std::span<wchar_t> buffer = scratch_buffer(pSTR);
-    if (buffer.empty())
-        return ImagePath::UNAVAILABLE;
     const ImagePath result = read_image_path(process_id, buffer, static_cast<DWORD>(buffer.size() - 1));
     if (result == ImagePath::FAILED) {
         const DWORD error = GetLastError();
@@ -78,8 +74,8 @@ void write_window(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot,
                                    .width = rect.right - rect.left};
 }
 
-// Completes slot `slot` from the image path in the scratch buffer. False when the path does not fit the
-// slots: a program with a longer path than any has appeared since they were measured.
+// Completes slot `slot` from the image path in the scratch buffer. False when the path is longer than the
+// longest measured one (see store_path): its program has appeared since.
 bool write_path(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot)
 {
     const std::wstring_view path = text_in(scratch_buffer(pSTR));

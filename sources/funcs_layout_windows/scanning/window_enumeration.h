@@ -9,8 +9,8 @@
 // not be queried (the system's text first).
 BOOL CALLBACK EnumWindowsProc_Calc(HWND hwnd, LPARAM lParam);
 
-// Second pass: fills slot counter_filled of the record and advances it for every window whose process could
-// be read; explorer.exe's windows keep flag 0 and an empty path. The caller has set counter_filled to 0 and
-// allocated the slot blocks. Windows beyond the slots that the first pass counted are skipped. Returns as the
-// first pass, and FALSE after a box when a block is missing.
+// Second pass: fills slot counter_filled of the record and advances it for every window whose image path
+// could be read and is not longer than measured; explorer.exe's windows keep flag 0 and an empty path. The
+// caller has set counter_filled to 0 and allocated the slot blocks. Windows beyond the slots that the first
+// pass counted are skipped. Returns as the first pass, and FALSE after a box when a block is missing.
 BOOL CALLBACK EnumWindowsProc_Calc_02(HWND hwnd, LPARAM lParam);

@@ -102,6 +102,21 @@ TEST(Figures, MakesAMiniatureOfFiveRectangles)
                                                "80,25 to 90,35 FFFFFF", "65,25 to 75,35 FFFFFF"}));
 }
 
+TEST(Figures, MakesAMiniaturesBlackPenAndThenItsWhiteOne)
+{
+    const Canvas canvas(120, 100);
+    std::vector<std::string> pens;
+    ImportHook<"CreatePen", decltype(CreatePen)> create(
+        "gdi32.dll", [&](int style, int width, COLORREF colour) {
+            char text[40];
+            snprintf(text, sizeof text, "%d %d %06lX", style, width, colour);
+            pens.emplace_back(text);
+            return create.call_original(style, width, colour);
+        });
+    EXPECT_EQ(draw_wnd_frame(some_window(), canvas.dc(), 10, 10, 80, 100), 1);
+    EXPECT_EQ(pens, (std::vector<std::string>{"0 1 000000", "0 2 FFFFFF"})); // both solid
+}
+
 TEST(Figures, DrawsTheBoxesOfANarrowMiniatureOutsideItsFrame)
 {
     const Canvas canvas(120, 100);

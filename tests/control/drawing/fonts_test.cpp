@@ -54,6 +54,8 @@ TEST(Fonts, MakesAFontFromItsFieldsWithAFaceNameOfUnconvertedBytes)
     ASSERT_NE(GetObjectW(font, sizeof seen, &seen), 0);
     EXPECT_EQ(seen.lfHeight, 21);
     EXPECT_EQ(seen.lfWidth, 0);
+    EXPECT_EQ(seen.lfEscapement, 0);
+    EXPECT_EQ(seen.lfOrientation, 0);
     EXPECT_EQ(seen.lfWeight, 700);
     EXPECT_EQ(seen.lfItalic, 1);
     EXPECT_EQ(seen.lfUnderline, 0);
@@ -65,6 +67,22 @@ TEST(Fonts, MakesAFontFromItsFieldsWithAFaceNameOfUnconvertedBytes)
     EXPECT_EQ(seen.lfPitchAndFamily, 16);
     EXPECT_EQ(std::wstring(seen.lfFaceName), L"\x6954\x656D\x2073\x654E\x2077\x6F52\x616D\x006E");
     DeleteObject(font);
+}
+
+TEST(Fonts, TakesEachOfItalicUnderlineAndStrikeOutForItself)
+{
+    for (const int set : {0, 1, 2}) {
+        SCOPED_TRACE(set);
+        const HFONT font = vex_CreateFont(21, 700, set == 0, set == 1, set == 2, 16, "Times New Roman");
+        LOGFONTW seen{};
+        ASSERT_NE(GetObjectW(font, sizeof seen, &seen), 0);
+        EXPECT_EQ(seen.lfItalic, set == 0);
+        EXPECT_EQ(seen.lfUnderline, set == 1);
+        EXPECT_EQ(seen.lfStrikeOut, set == 2);
+        EXPECT_EQ(seen.lfEscapement, 0);
+        EXPECT_EQ(seen.lfOrientation, 0);
+        DeleteObject(font);
+    }
 }
 
 TEST(Fonts, ReportsAMissingFaceNameAndMakesAFontAllTheSame)
@@ -154,6 +172,38 @@ TEST(Fonts, MeasuresSixUnitsOfTheProbeAndLeavesNoFontBehind)
     EXPECT_EQ(FindFontSize(canvas.dc(), 9), 9);
     EXPECT_EQ(made, 9);
     EXPECT_EQ(deleted, 9);
+}
+
+TEST(Fonts, MeasuresInAPlainFontOfTheUnconvertedFace)
+{
+    const Canvas canvas(10, 10);
+    std::vector<LONG> heights;
+    ImportHook<"CreateFontIndirectW", decltype(CreateFontIndirectW)> create(
+        "gdi32.dll", [&](const LOGFONTW* font) {
+            heights.push_back(font->lfHeight);
+            EXPECT_EQ(font->lfWidth, 0);
+            EXPECT_EQ(font->lfEscapement, 0);
+            EXPECT_EQ(font->lfOrientation, 0);
+            EXPECT_EQ(font->lfWeight, 400);
+            EXPECT_EQ(font->lfItalic, 0);
+            EXPECT_EQ(font->lfUnderline, 0);
+            EXPECT_EQ(font->lfStrikeOut, 0);
+            EXPECT_EQ(font->lfPitchAndFamily, 16);
+            EXPECT_EQ(std::wstring(font->lfFaceName), L"\x6954\x656D\x2073\x654E\x2077\x6F52\x616D\x006E");
+            return create.call_original(font);
+        });
+    // A line is as high as its font; the text is 20 times as wide.
+    const ImportHook<"DrawTextW", decltype(DrawTextW)> draw("user32.dll",
+                                                            [&](HDC, LPCWSTR, int, LPRECT rect, UINT) -> int {
+                                                                rect->bottom = heights.back();
+                                                                rect->right = 20 * heights.back();
+                                                                return heights.back();
+                                                            });
+    EXPECT_EQ(FindFontSize(canvas.dc(), 3), 3);
+    EXPECT_EQ(heights, (std::vector<LONG>{1, 2, 3}));
+    heights.clear();
+    EXPECT_EQ(FindFontSize_fit_H_and_W(canvas.dc(), L"text", 3, 20), 1);
+    EXPECT_EQ(heights, (std::vector<LONG>{1, 2, 3, 3, 2, 1}));
 }
 
 TEST(Fonts, RefusesBadInput)

@@ -142,6 +142,19 @@ TEST(ErrorBox, StoresTheSiteNumberBeforeItShowsTheBox)
     EXPECT_EQ(site_below_the_box, 11u);
 }
 
+TEST(ErrorBox, StoresTheSiteNumberBeforeItFormatsTheMessage)
+{
+    ErrorRow site = kRow;
+    site.site = 0x00636261; // "abc" in memory
+    site.detail = "site as text: %s";
+    const OneRow row(site);
+    const BoxWatcher boxes;
+    error_box::show(nullptr, row.row(), reinterpret_cast<const char*>(&site_variable));
+    boxes.expect_boxes(
+        {{L"error", L"error\n\nfile:\nsources/some_file\nfunction:\nsome_function\nline:\n6513249\n\n"
+                    L"site as text: abc\nline of error handler:22"}});
+}
+
 TEST(ErrorBox, PrintsPointersAsSixteenUpperCaseDigits)
 {
     ErrorRow site = kRow;

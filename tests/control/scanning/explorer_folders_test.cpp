@@ -224,7 +224,7 @@ TEST(ExplorerFolders, LongerThanTheLongestMeasuredPathAreLeftOut)
     }
 }
 
-TEST(ExplorerFolders, ThatChangeBetweenThePassesNeverOverflowTheirSlot)
+TEST(ExplorerFolders, ThatGrowBeyondTheLongestMeasuredPathBetweenThePassesAreLeftOut)
 {
     ScanFixture fixture;
     const TestWindow window(L"folder");

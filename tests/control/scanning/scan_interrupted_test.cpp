@@ -161,6 +161,33 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileAFolderIsAskedForShowsNoBox)
     EXPECT_EQ(asked, 3);
 }
 
+// The boxes of the folders do not end a scan, yet the closed main window does.
+TEST(ScanInterrupted, ByAClosingMainWindowBelowABoxOfTheFoldersOpensNoList)
+{
+    ClosedOnTheWay scan;
+    const Desktop desktop({scan.window});
+    for (const bool has_shell_list : {true, false}) {
+        SCOPED_TRACE(has_shell_list);
+        scan.open();
+        scan.fixture.folders.clear();
+        scan.fixture.folders.add(nullptr, L"C:\\windows").add(scan.window, L"C:\\windows");
+        scan.fixture.folders.fail_creation(has_shell_list ? S_OK : E_FAIL);
+        std::vector<std::wstring> texts;
+        const ImportHook<"MessageBoxW", decltype(MessageBoxW)> box(
+            "user32.dll", [&](HWND, const wchar_t* text, const wchar_t*, UINT) -> int {
+                texts.emplace_back(text);
+                scan.close();
+                return IDOK;
+            });
+        scan.expect_quiet_end();
+        ASSERT_EQ(texts.size(), 1u);
+        EXPECT_NE(texts[0].find(has_shell_list ? L"hwnd of folder = 0000000000000000"
+                                               : L"function : CoCreateInstance()"),
+                  std::wstring::npos)
+            << testing::PrintToString(texts[0]);
+    }
+}
+
 TEST(ScanInterrupted, ByAClosingMainWindowWhileTheListIsMadeInVainShowsNoBox)
 {
     ClosedOnTheWay scan;

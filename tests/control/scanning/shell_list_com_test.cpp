@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 #include "sources/funcs_layout_windows/scanning/explorer_folders.h"
 #include "tests/control/scanning/scan_fixture.h"
@@ -111,6 +112,31 @@ TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
     EXPECT_EQ(counts.interfaces_given, 2); // the two lists alone
     EXPECT_EQ(counts.interfaces_live, 0);
     EXPECT_EQ(counts.released_too_often, 0);
+}
+
+TEST(ShellList, HasNothingOnLoanWhenAFolderIsVisited)
+{
+    scan_tests::ScanFixture fixture;
+    fixture.folders.add(fixture.host(), L"C:\\").add(fixture.host(), L"C:\\windows");
+    struct Visits {
+        FolderWindowsScript* folders;
+        int count;
+    } visits{.folders = &fixture.folders, .count = 0};
+    ShellWindowsList list;
+    ASSERT_EQ(open_shell_windows(&list), S_OK);
+    walk_shell_windows(
+        &list, 2,
+        [](HWND, std::wstring_view, void* context) {
+            auto* seen = static_cast<Visits*>(context);
+            ++seen->count;
+            const StandInCounts counts = seen->folders->counts();
+            EXPECT_EQ(counts.interfaces_live, 1); // the list itself
+            EXPECT_EQ(counts.id_lists_given, seen->count);
+            EXPECT_EQ(counts.id_lists_live, 0);
+            return true;
+        },
+        &visits);
+    EXPECT_EQ(visits.count, 2);
 }
 
 TEST(ShellList, IsAskedWithAVariantThatIsInitialisedBeforeAndClearedAfter)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/control/scanning/scan_fixture.h"
@@ -197,4 +198,54 @@ TEST(WindowEnumeration, LetsTheLastOfSeveralRefusedWindowsTakeTheFirstSlotThatIs
     EXPECT_EQ(list.cell(2, 1), L"last shut");
     EXPECT_EQ(list.row(3), (std::vector<std::wstring>{L"4", L"", L"0", L"0", L"0", L"0"}));
     EXPECT_EQ(list.row(6), (std::vector<std::wstring>{L"7", L"", L"0", L"0", L"0", L"0"}));
+}
+
+TEST(WindowEnumeration, MakesRoomForTheLongerOfTheProgramsAndTheFoldersPaths)
+{
+    const std::wstring program_path = L"C:\\p.exe";
+    const struct {
+        std::wstring folder;
+        std::uint32_t folder_bytes;
+        std::uint32_t longest_bytes;
+    } cases[] = {{L"C:\\windows\\system32\\drivers", 54, 54}, {L"C:\\", 6, 16}};
+    for (const auto& given : cases) {
+        SCOPED_TRACE(testing::PrintToString(given.folder));
+        ScanFixture fixture;
+        const TestWindow program(L"program");
+        const TestWindow folder(L"folder");
+        fixture.folders.add(folder, given.folder);
+        const Desktop desktop({program, folder});
+        const std::wstring explorer = L"C:\\windows\\explorer.exe";
+        const ImagePaths paths({program_path, explorer, program_path, explorer});
+        const BoxWatcher boxes;
+        ASSERT_EQ(fixture.scan(), 1);
+        boxes.expect_no_boxes();
+        EXPECT_EQ(scan_record.uiMaxLen_inBytes_PrgPath, 16u);
+        EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, given.folder_bytes);
+        EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, given.longest_bytes);
+        expect_program(0, program, L"program", program_path);
+        EXPECT_EQ(scan_record.pcDynMem_WinHndls[1], static_cast<HWND>(folder));
+        EXPECT_EQ(scan_record.arr1D_uc_flag_FP[1], 0);
+        EXPECT_EQ(scan_record.arr1D_ui_LenPath[1], given.folder_bytes);
+        EXPECT_EQ(path_of_slot(1), given.folder);
+    }
+}
+
+TEST(WindowEnumeration, LeavesAProgramOutWhenThereAreNoPathSlots)
+{
+    ScanFixture fixture;
+    const TestWindow window(L"window");
+    const Desktop desktop({window});
+    ASSERT_EQ(fixture.scan(), 1);
+    scan_record.counter_filled = 0;
+    scan_record.arr1D_uc_flag_FP[0] = 0;
+    scan_record.arr1D_ui_LenPath[0] = 0;
+    std::uint8_t* const paths = std::exchange(scan_record.pcDynMem_FullPaths, nullptr);
+    const BoxWatcher boxes;
+    EXPECT_TRUE(EnumWindowsProc_Calc_02(window, reinterpret_cast<LPARAM>(&scan_record)));
+    scan_record.pcDynMem_FullPaths = paths;
+    boxes.expect_no_boxes();
+    EXPECT_EQ(scan_record.counter_filled, 0u);
+    EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 0);
+    EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 0u);
 }

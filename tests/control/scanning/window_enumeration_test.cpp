@@ -26,15 +26,6 @@ using scan_tests::title_of_slot;
 namespace
 {
 
-// Letters that differ, so that a title cut in the wrong place shows.
-std::wstring title_of_length(std::size_t units)
-{
-    std::wstring title;
-    for (std::size_t i = 0; i < units; ++i)
-        title.push_back(static_cast<wchar_t>(L'A' + i % 57));
-    return title;
-}
-
 LPARAM record()
 {
     return reinterpret_cast<LPARAM>(&scan_record);
@@ -68,36 +59,6 @@ private:
 };
 
 } // namespace
-
-TEST(WindowEnumeration, ListsAMinimisedWindowWithZeroPlaceAndSize)
-{
-    ScanFixture fixture;
-    const TestWindow window(L"minimised");
-    ShowWindow(window, SW_MINIMIZE);
-    const Desktop desktop({window});
-    ASSERT_EQ(fixture.scan(), 1);
-    const STR_GeomEntry* entry = geometry_entry(&scan_record, 0);
-    EXPECT_EQ(entry->x, 0);
-    EXPECT_EQ(entry->y, 0);
-    EXPECT_EQ(entry->width, 0);
-    EXPECT_EQ(entry->height, 0);
-    EXPECT_EQ(path_of_slot(0), own_image_path());
-}
-
-TEST(WindowEnumeration, KeepsATitleOf48CharactersWholeAndShortensLongerOnes)
-{
-    for (const std::size_t length : {47u, 48u, 49u, 300u}) {
-        const std::wstring title = title_of_length(length);
-        ScanFixture fixture;
-        const TestWindow window(title);
-        const TestWindow after(L"after"); // its slot follows: nothing may spill over
-        const Desktop desktop({window, after});
-        ASSERT_EQ(fixture.scan(), 1);
-        EXPECT_EQ(title_of_slot(0),
-                  length <= 48 ? title : title.substr(0, 25) + L"..." + title.substr(length - 20));
-        EXPECT_EQ(title_of_slot(1), L"after");
-    }
-}
 
 TEST(WindowEnumeration, GivesTwoWindowsOfOneProgramTwoSlotsWithTheSamePath)
 {

@@ -6,6 +6,7 @@
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/profile_encoder.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
 
@@ -77,20 +78,9 @@ TEST_F(HostileMessages, DataOfWrongSizesKindsAndSendersIsRefused)
     boxes_.expect_no_boxes();
 }
 
-ExpectedBox list_box(const std::wstring& function, int line, const std::wstring& detail, int handler)
+ExpectedBox list_box(const std::wstring& function, int site, const std::wstring& detail, int handler)
 {
-    return {L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\n" + function + L"\nline:\n" +
-                          std::to_wstring(line) + L"\n\n" + detail + L"\nline of error handler:" +
-                          std::to_wstring(handler)};
-}
-
-// As it is printed: 16 digits.
-std::wstring pointer(HWND window)
-{
-    wchar_t digits[17] = {};
-    swprintf(digits, 17, L"%016llX",
-             static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(window)));
-    return digits;
+    return {L"error", compact_text({L"sources/wnd_ScanListView", function, site, handler}, detail)};
 }
 
 TEST_F(HostileMessages, NamesWithoutASenderAreReportedAndNothingElse)

@@ -12,6 +12,7 @@
 #include "tests/support/loading_boxes.h"
 #include "tests/support/profile_encoder.h"
 #include "tests/support/remote_imports.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
 
@@ -24,12 +25,11 @@ namespace
 
 constexpr int kPage_bytes = 4096;
 
-ExpectedBox save_box(int line, int handler, const std::wstring& detail)
+ExpectedBox save_box(int site, int handler, const std::wstring& detail)
 {
-    return {L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\n"
-                      L"on_WM_COPYDATA_on_wnd_NameOfProfile\nline:\n" +
-                          std::to_wstring(line) + L"\n\n" + detail + L"\nline of error handler:" +
-                          std::to_wstring(handler)};
+    return {L"error",
+            compact_text({L"sources/wnd_ScanListView", L"on_WM_COPYDATA_on_wnd_NameOfProfile", site, handler},
+                         detail)};
 }
 
 ExpectedBox not_created_box(DWORD code)

@@ -1,5 +1,6 @@
 #include "tests/support/loading_boxes.h"
 
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 
 namespace loading_boxes
@@ -11,13 +12,11 @@ using test_support::ExpectedBox;
 namespace
 {
 
-ExpectedBox load_box(int line, int handler, const std::wstring& detail)
+ExpectedBox load_box(int site, int handler, const std::wstring& detail)
 {
     return {L"error",
-            L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nonButton_LoadProfile_clicked\n\n"
-            L"line:\n" +
-                std::to_wstring(line) + L"\n\n" + detail + L"\n\nline of error handler:\n" +
-                std::to_wstring(handler)};
+            test_support::gap_text(
+                {L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
 }
 
 } // namespace
@@ -58,9 +57,10 @@ ExpectedBox past_end_box(std::uint64_t entry, const std::wstring& field)
 
 ExpectedBox command_box(std::int32_t result)
 {
-    return {L"error", L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n951\n\none of callable "
-                      L"functions returned error onButton_LoadProfile_clicked(), RetCode = " +
-                          std::to_wstring(result) + L"\nline of error handler:1269"};
+    return {L"error", test_support::compact_text({L"sources/main_prg", L"WndProc", 951, 1269},
+                                                 L"one of callable functions returned error "
+                                                 L"onButton_LoadProfile_clicked(), RetCode = " +
+                                                     std::to_wstring(result))};
 }
 
 ExpectedBox drop_box()

@@ -10,10 +10,10 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
 
 using namespace test_support;
 using drawing_tests::Canvas;
-using scan_tests::pointer;
 
 namespace
 {

@@ -10,20 +10,17 @@
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/files.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 
 // What the main window does with the commands of its menu, its buttons and its lists.
 
 using namespace test_support;
 using main_tests::MainWindow;
-using profile_tests::compact_text;
-using profile_tests::gap_text;
-using profile_tests::handler_first_text;
 
 namespace
 {
@@ -167,9 +164,8 @@ TEST(MainWindowCommands, ReportAFailedScan)
     const BoxWatcher boxes;
     main.press(1);
     boxes.expect_boxes(
-        {{L"error",
-          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n1017"
-          L"\n\nERROR <- EnumWindows()\nline of error handler:1382"},
+        {{L"error", compact_text({L"sources/funcs_layout_windows", L"onButton_Scan_Clicked", 1017, 1382},
+                                 L"ERROR <- EnumWindows()")},
          {L"error", compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
                                  L"ERROR <- onButton_Scan_Click()\nret code = -2")}});
 }

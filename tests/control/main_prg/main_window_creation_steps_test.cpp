@@ -9,14 +9,14 @@
 #include <vector>
 
 #include "sources/main_prg/main_window.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
 // What the main window asks of the system when it is created, step by step.
 
 using namespace test_support;
-using profile_tests::OwnWindow;
 using Steps = std::vector<std::string>;
 
 namespace
@@ -52,7 +52,7 @@ public:
     Creation(const Creation&) = delete;
     Creation& operator=(const Creation&) = delete;
 
-    const OwnWindow window{L"stands for the main window"};
+    const TestWindow window{L"stands for the main window"};
     Steps steps;
     LRESULT result = -1;
 
@@ -190,9 +190,8 @@ TEST(MainWindowCreation, ReleasesItsContextAlsoWhenNothingFits)
     // A button without height.
     const Creation creation(3000, 20, 0);
     ASSERT_EQ(boxes.count(), 2u);
-    EXPECT_EQ(boxes.boxes().at(1).text,
-              L"error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n580\n\n"
-              L"ERROR while get font size for buttons\nline of error handler:1248");
+    EXPECT_EQ(boxes.boxes().at(1).text, compact_text({L"sources/main_prg", L"WndProc", 580, 1248},
+                                                     L"ERROR while get font size for buttons"));
     EXPECT_EQ(creation.result, 0);
     EXPECT_EQ(creation.steps.at(creation.steps.size() - 2), "context");
     EXPECT_EQ(creation.steps.back(), "context released");

@@ -7,9 +7,9 @@
 
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/main_prg/main_creation_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
 
 // What the main window cannot make of itself, and what is there all the same.
 
@@ -18,9 +18,6 @@ using main_tests::ComStart;
 using main_tests::expect_controls;
 using main_tests::expect_profile_list_set_up;
 using main_tests::MainWindow;
-using profile_tests::compact_text;
-using profile_tests::handler_first_text;
-using profile_tests::pointer;
 
 namespace
 {

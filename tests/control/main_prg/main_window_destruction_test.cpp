@@ -13,16 +13,15 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/main_prg/main_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/test_window.h"
 
 // What the main window gives back when it is destroyed, step by step.
 
 using namespace test_support;
 using main_tests::MainWindow;
-using profile_tests::OwnWindow;
 using Steps = std::vector<std::string>;
 
 namespace
@@ -90,7 +89,7 @@ template <typename Type> void take_block(Type*& block)
 TEST(MainWindowDestruction, GivesEverythingBackInOrder)
 {
     scan_tests::ScanFixture fixture; // registers the list's class
-    const scan_tests::TestWindow other(L"other");
+    const TestWindow other(L"other");
     const scan_tests::Desktop desktop({other});
     const MainWindow main;
     {
@@ -116,7 +115,7 @@ TEST(MainWindowDestruction, GivesEverythingBackInOrder)
 
 TEST(MainWindowDestruction, LeavesTheFlagsOfAScanWithoutAList)
 {
-    const OwnWindow window(L"stands for the main window");
+    const TestWindow window(L"stands for the main window");
     main_window = {};
     main_window.hFont_controls = CreateFontW(15, 0, 0, 0, 700, 0, 0, 0, 0, 0, 0, 0, 16, L"");
     hwnd_ScanListView = nullptr;
@@ -138,7 +137,7 @@ TEST(MainWindowDestruction, LeavesTheFlagsOfAScanWithoutAList)
 TEST(MainWindowDestruction, ReleasesEachBlockOnce)
 {
     scan_tests::ScanFixture fixture; // registers the list's class
-    const scan_tests::TestWindow other(L"other");
+    const TestWindow other(L"other");
     const MainWindow main;
     {
         // Sets the two areas of the store up; the dialog is cancelled.

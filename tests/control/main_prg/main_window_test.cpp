@@ -11,18 +11,15 @@
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
 using main_tests::MainWindow;
-using profile_tests::handler_first_text;
-using profile_tests::pointer;
-using profile_tests::spaced_text;
 
 TEST(MainWindow, BuildsItsFiveControls)
 {

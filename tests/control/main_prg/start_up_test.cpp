@@ -8,14 +8,13 @@
 #include "sources/main_prg/main_window.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 #include "tests/control/main_prg/start_up_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/test_window.h"
 
 // What the entry point asks of the system, and in which order.
 
 using namespace test_support;
 using main_tests::StartUp;
-using profile_tests::OwnWindow;
 using Steps = std::vector<std::string>;
 
 namespace
@@ -178,7 +177,7 @@ TEST(StartUp, GoesOnWithoutClassesAndWithoutAWindow)
 
 TEST(StartUp, RestoresARunningInstanceOnlyFromItsMinimisedState)
 {
-    const OwnWindow first(L"first");
+    const TestWindow first(L"first");
     for (const int state : {SW_SHOWNORMAL, SW_SHOWMAXIMIZED, SW_HIDE, SW_SHOWMINIMIZED}) {
         SCOPED_TRACE(state);
         ShowWindow(first, state);

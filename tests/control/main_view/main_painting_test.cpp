@@ -12,10 +12,10 @@
 #include "tests/support/box_watcher.h"
 #include "tests/support/counters.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
 using namespace test_support;
-using scan_tests::pointer;
-using scan_tests::TestWindow;
 
 namespace
 {

@@ -9,12 +9,12 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
-using scan_tests::pointer;
-using scan_tests::TestWindow;
 
 namespace
 {

@@ -84,9 +84,9 @@ TEST(Apply, AsksForAProfile)
 TEST(Apply, MinimisesEveryWindowOfTheProfile)
 {
     ProfileFixture fixture;
-    const OwnWindow first(L"first");
-    const OwnWindow second(L"second");
-    const OwnWindow other(L"of another profile");
+    const TestWindow first(L"first");
+    const TestWindow second(L"second");
+    const TestWindow other(L"of another profile");
     store_profile(fixture, {other}, ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\o.exe").name(u"other"),
                   L"other");
     store_profile(fixture, {first, second},
@@ -105,11 +105,11 @@ TEST(Apply, MinimisesEveryWindowOfTheProfile)
 TEST(Apply, RestoresToTheSavedRectangleAndLeavesWindowsSavedWithoutASizeAlone)
 {
     ProfileFixture fixture;
-    const OwnWindow minimised(L"minimised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
-    const OwnWindow moved(L"moved");
-    const OwnWindow maximised(L"maximised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MAXIMIZE);
-    const OwnWindow no_width(L"no width", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
-    const OwnWindow no_height(L"no height");
+    const TestWindow minimised(L"minimised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const TestWindow moved(L"moved");
+    const TestWindow maximised(L"maximised", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MAXIMIZE);
+    const TestWindow no_width(L"no width", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const TestWindow no_height(L"no height");
     const std::string unmoved = place_of(no_height);
     // Five windows: every number of the file is unaligned.
     store_profile(fixture, {minimised, moved, maximised, no_width, no_height},
@@ -138,7 +138,7 @@ TEST(Apply, AsksWindowsToCloseWithoutWaitingAndTakesTheNameOffTheList)
     programs.add(L"unwilling", {.refuse_close = true});
     const HWND willing = programs.start(L"willing");
     const HWND unwilling = programs.start(L"unwilling");
-    const OwnWindow later(L"of the next profile");
+    const TestWindow later(L"of the next profile");
     store_profile(fixture, {willing, unwilling},
                   ProfileEncoder()
                       .add_program(0, 0, 9, 9, u"C:\\a.exe")
@@ -168,9 +168,9 @@ TEST(Apply, AsksWindowsToCloseWithoutWaitingAndTakesTheNameOffTheList)
 TEST(Apply, ActsOnTheWindowsInTheOrderOfTheirEntries)
 {
     ProfileFixture fixture;
-    const OwnWindow a(L"a");
-    const OwnWindow b(L"b");
-    const OwnWindow c(L"c");
+    const TestWindow a(L"a");
+    const TestWindow b(L"b");
+    const TestWindow c(L"c");
     const auto profile = [](const std::u16string& name) {
         return ProfileEncoder()
             .add_program(1, 2, 301, 201, u"C:\\a.exe")
@@ -204,7 +204,7 @@ TEST(Apply, ActsOnTheWindowsInTheOrderOfTheirEntries)
 TEST(Apply, TakesTheNameOffTheListAfterTheWindowsWereAsked)
 {
     ProfileFixture fixture;
-    const OwnWindow window(L"window");
+    const TestWindow window(L"window");
     store_profile(fixture, {window}, ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\a.exe").name(u"a"), L"a");
     std::size_t names_when_asked = 0;
     const ImportHook<"PostMessageW", decltype(PostMessageW)> post("user32.dll", [&](auto...) {
@@ -219,7 +219,7 @@ TEST(Apply, TakesTheNameOffTheListAfterTheWindowsWereAsked)
 TEST(Apply, IsDoneAlsoWhenRestoringIsRefused)
 {
     ProfileFixture fixture;
-    const OwnWindow window(L"window");
+    const TestWindow window(L"window");
     store_profile(fixture, {window}, ProfileEncoder().add_program(1, 2, 301, 201, u"C:\\a.exe").name(u"a"),
                   L"a");
     std::uint8_t* const files = std::exchange(fixture.store.pc_raw_FilesProfile, nullptr);
@@ -233,7 +233,7 @@ TEST(Apply, IsDoneAlsoWhenRestoringIsRefused)
 TEST(Apply, ReachesAFolderWindowOfTheProfile)
 {
     ProfileFixture fixture;
-    const OwnWindow folder(L"windows");
+    const TestWindow folder(L"windows");
     fixture.folders.add(folder, L"C:\\windows");
     const RecordedSleeps no_pauses;
     const NothingStarts nothing;
@@ -255,7 +255,7 @@ TEST(Apply, ReachesAFolderWindowOfTheProfile)
 TEST(Apply, PostsNoCloseToAWindowThatWasNeverFound)
 {
     ProfileFixture fixture;
-    const OwnWindow found(L"found");
+    const TestWindow found(L"found");
     store_profile(fixture, {nullptr, found},
                   ProfileEncoder()
                       .add_program(0, 0, 9, 9, u"C:\\a.exe")
@@ -276,7 +276,7 @@ TEST(Apply, UsesTheHandlesOfWindowsThatAreGoneAsTheyAre)
     ProfileFixture fixture;
     HWND gone = nullptr;
     {
-        const OwnWindow window(L"soon gone");
+        const TestWindow window(L"soon gone");
         gone = window;
     }
     store_profile(fixture, {gone}, ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\a.exe").name(u"a"), L"a");
@@ -291,8 +291,8 @@ TEST(Apply, TouchesNoFurtherWindowOnceTheStoreIsEmptied)
     for (const int action : {kMinimize, kRestore}) {
         SCOPED_TRACE(action);
         ProfileFixture fixture;
-        const OwnWindow first(L"first");
-        const OwnWindow second(L"second");
+        const TestWindow first(L"first");
+        const TestWindow second(L"second");
         store_profile(fixture, {first, second},
                       ProfileEncoder()
                           .add_program(10, 20, 300, 200, u"C:\\a.exe")

@@ -139,7 +139,7 @@ TEST(DroppedFiles, LoadsTheFirstOfThree)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     fixture.folders.add(folder, L"C:\\windows");
     const Drop dropped({write_profile(fixture, L"b.txt", u"Second by name"),
                         write_profile(fixture, L"a.txt", u"First by name"),

@@ -77,7 +77,7 @@ TEST(Launching, EndsTheLoadWhenTheFoldersCannotBeChecked)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     const std::string unmoved = place_of(folder);
     fixture.folders.add(folder, L"C:\\windows");
     const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"F").bytes();
@@ -169,7 +169,7 @@ TEST(Launching, TellsAndPlacesNothingOnceTheMainWindowIsClosed)
     ClosedInTheMiddle closed;
     RecordedFolderStarts starts;
     starts.failing = {L"C:\\gone"}; // of which a box would tell
-    const OwnWindow program(L"program");
+    const TestWindow program(L"program");
     const std::string unmoved = place_of(program);
     const ImportHook<"EnumWindows", decltype(EnumWindows)> enumerate(
         "user32.dll", [&](WNDENUMPROC callback, LPARAM parameter) {
@@ -190,7 +190,7 @@ TEST(Launching, ShowsNoFurtherBoxAndStoresNothingWhenTheMainWindowIsClosedAtABox
     closed.programs.answer = FALSE;
     RecordedFolderStarts starts;
     starts.failing = {L"C:\\gone"};
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     closed.fixture.folders.add(folder, L"C:\\windows");
     // The first box goes with the main window. Others come up if the system lets them.
     bool told = false;
@@ -215,8 +215,8 @@ TEST(Launching, StoresNothingWhenTheMainWindowIsClosedWhileTheWindowsArePlaced)
 {
     ClosedInTheMiddle closed;
     RecordedFolderStarts starts;
-    const OwnWindow first(L"first");
-    const OwnWindow second(L"second");
+    const TestWindow first(L"first");
+    const TestWindow second(L"second");
     closed.fixture.folders.add(first, L"C:\\windows").add(second, L"C:\\windows\\system32");
     const ImportHook<"MoveWindow", decltype(MoveWindow)> move(
         "user32.dll", [&](HWND window, int x, int y, int width, int height, BOOL repaint) {
@@ -236,9 +236,9 @@ TEST(Launching, PlacesTheOthersWhenAWindowIsGoneBeforeItsTurn)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow first(L"first");
-    const OwnWindow gone(L"gone");
-    const OwnWindow last(L"last");
+    const TestWindow first(L"first");
+    const TestWindow gone(L"gone");
+    const TestWindow last(L"last");
     fixture.folders.add(first, L"C:\\windows").add(gone, L"C:\\windows\\system32").add(last, L"C:\\");
     const ImportHook<"MoveWindow", decltype(MoveWindow)> move(
         "user32.dll", [&](HWND window, int x, int y, int width, int height, BOOL repaint) {
@@ -274,7 +274,7 @@ TEST(Launching, SearchesAgainWhenAnImagePathCouldNotBeQueried)
     ProfileFixture fixture;
     const PretendedPrograms programs;
     const RecordedSleeps sleeps;
-    const OwnWindow program(L"program");
+    const TestWindow program(L"program");
     const Bytes file = ProfileEncoder().add_program(5, 6, 310, 210, own_image()).name(u"P").bytes();
     const FailingImport<"K32GetModuleFileNameExW", DWORD WINAPI(HANDLE, HMODULE, LPWSTR, DWORD)> fails(
         "kernel32.dll", 1, 0, ERROR_PARTIAL_COPY);

@@ -25,8 +25,8 @@ TEST(Launching, PlacesProgramsFirstAndRestoresTheLastOneForAMinimisedFolder)
     ProfileFixture fixture;
     RecordedFolderStarts starts;
     FixturePrograms programs;
-    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
-    const OwnWindow plain(L"plain folder");
+    const TestWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const TestWindow plain(L"plain folder");
     fixture.folders.add(minimised, L"C:\\windows").add(plain, L"C:\\windows\\system32");
     ASSERT_TRUE(IsIconic(minimised));
     const HWND first = [&] {
@@ -59,7 +59,7 @@ TEST(Launching, RestoresNoWindowForAMinimisedFolderOfAProfileWithoutPrograms)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const TestWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
     fixture.folders.add(minimised, L"C:\\windows");
     const RecordedPlacing placing({minimised});
     BoxWatcher boxes;
@@ -72,9 +72,9 @@ TEST(Launching, MinimisesAFolderSavedWithoutAWidthOrAHeight)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow no_width(L"no width");
-    const OwnWindow no_height(L"no height");
-    const OwnWindow neither(L"neither");
+    const TestWindow no_width(L"no width");
+    const TestWindow no_height(L"no height");
+    const TestWindow neither(L"neither");
     const std::string unmoved = place_of(neither);
     fixture.folders.add(no_width, L"C:\\windows")
         .add(no_height, L"C:\\windows\\system32")
@@ -103,7 +103,7 @@ TEST(Launching, PlacesWindowsThatWereNotFoundAsNone)
     RecordedFolderStarts starts;
     starts.failing = {L"C:\\gone", L"C:\\gone too"};
     FixturePrograms programs;
-    const OwnWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    const TestWindow minimised(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
     fixture.folders.add(minimised, L"C:\\windows");
     const std::u16string there_path = units_of(programs.add(L"there"));
     const HWND there = programs.start(L"there");

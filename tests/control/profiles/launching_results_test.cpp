@@ -57,7 +57,7 @@ TEST(Launching, GivesTwoEntriesOfOneFolderTheSameWindow)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     fixture.folders.add(folder, L"C:\\windows");
     BoxWatcher boxes;
     EXPECT_EQ(fixture.load(ProfileEncoder()
@@ -121,8 +121,8 @@ TEST(Launching, KeepsAFolderThatWasFoundInAnEarlierPass)
     ProfileFixture fixture;
     RecordedFolderStarts starts;
     const RecordedSleeps sleeps;
-    const OwnWindow first(L"first");
-    const OwnWindow second(L"second");
+    const TestWindow first(L"first");
+    const TestWindow second(L"second");
     test_support::FolderWindow early;
     early.window = first;
     early.path = L"C:\\windows";
@@ -147,7 +147,7 @@ TEST(Launching, KeepsAFolderThatWasFoundInAnEarlierPass)
 
 TEST(Launching, GoesOnWhenTheProgramsCannotBeSearchedFor)
 {
-    const OwnWindow owner(L"owner");
+    const TestWindow owner(L"owner");
     const NothingStarts nothing;
     const Bytes file = ProfileEncoder().add_program(1, 2, 3, 4, u"C:\\gone.exe").name(u"F").bytes();
     HWND found[4] = {};

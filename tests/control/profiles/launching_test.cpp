@@ -214,7 +214,7 @@ TEST(Launching, OpensFoldersWithTheShell)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     fixture.folders.add(folder, L"C:\\windows");
     EXPECT_EQ(fixture.load(ProfileEncoder().add_folder(11, 22, 333, 222, u"C:\\Windows").name(u"F").bytes()),
               1);
@@ -269,7 +269,7 @@ TEST(Launching, FindsAFolderThatAppearsInTheThirdPass)
     ProfileFixture fixture;
     RecordedFolderStarts starts;
     const RecordedSleeps sleeps;
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     test_support::FolderWindow late;
     late.window = folder;
     late.path = L"C:\\windows";
@@ -336,7 +336,7 @@ TEST(Launching, RunsOnlyTheSearchesThatTheProfileNeeds)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"folder");
+    const TestWindow folder(L"folder");
     fixture.folders.add(folder, L"C:\\windows");
     {
         const test_support::FailingImport<"EnumWindows", decltype(EnumWindows)> enumerations(

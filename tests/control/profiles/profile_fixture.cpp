@@ -14,63 +14,13 @@ using test_support::becomes_true_pumping;
 namespace
 {
 
-std::wstring spaced_head(const Where& where)
-{
-    return L"error\n\nfile:\n" + where.file + L"\n\nfunction:\n" + where.function + L"\n\nline:\n" +
-           std::to_wstring(where.site);
-}
-
 HWND create_combo(HWND parent, UINT_PTR id)
 {
     return CreateWindowExW(0, L"ComboBox", L"", WS_CHILD | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0, 0, 150, 200,
                            parent, reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
 }
 
-void register_once(const std::wstring& class_name)
-{
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof(description);
-    description.lpfnWndProc = DefWindowProcW;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.lpszClassName = class_name.c_str();
-    RegisterClassExW(&description); // fails for a class that is there already
-}
-
 } // namespace
-
-std::wstring pointer(const void* value)
-{
-    constexpr wchar_t digits[] = L"0123456789ABCDEF";
-    auto rest = reinterpret_cast<std::uintptr_t>(value);
-    std::wstring text(16, L'0');
-    for (std::size_t i = 16; i-- > 0; rest /= 16)
-        text[i] = digits[rest % 16];
-    return text;
-}
-
-std::wstring compact_text(const Where& where, const std::wstring& detail)
-{
-    return L"error\n\nfile:\n" + where.file + L"\nfunction:\n" + where.function + L"\nline:\n" +
-           std::to_wstring(where.site) + L"\n\n" + detail + L"\nline of error handler:" +
-           std::to_wstring(where.handler);
-}
-
-std::wstring spaced_text(const Where& where, const std::wstring& detail)
-{
-    return spaced_head(where) + L"\n\n" + detail + L"\nline of error handler:\n" +
-           std::to_wstring(where.handler);
-}
-
-std::wstring gap_text(const Where& where, const std::wstring& detail)
-{
-    return spaced_text(where, detail + L"\n");
-}
-
-std::wstring handler_first_text(const Where& where, const std::wstring& detail)
-{
-    return spaced_head(where) + L"\nline of error handler:\n" + std::to_wstring(where.handler) + L"\n" +
-           detail;
-}
 
 std::string place_of(HWND window)
 {
@@ -88,16 +38,6 @@ std::string place_once_it_is(HWND window, const std::string& expected)
 bool becomes_iconic(HWND window)
 {
     return becomes_true_pumping([&] { return IsIconic(window) != FALSE; });
-}
-
-OwnWindow::OwnWindow(const std::wstring& title, DWORD style, RECT place, const std::wstring& class_name)
-{
-    register_once(class_name);
-    window_ = CreateWindowExW(0, class_name.c_str(), title.c_str(), style, place.left, place.top,
-                              place.right - place.left, place.bottom - place.top, nullptr, nullptr,
-                              GetModuleHandleW(nullptr), nullptr);
-    if (!window_)
-        throw test_support::Failure("no window of this process");
 }
 
 std::vector<std::wstring> combo_texts(HWND combo)

@@ -16,49 +16,28 @@
 #include "tests/support/folder_windows_script.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/profile_encoder.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
-// What the tests of profiles share: the texts of the boxes, a main window with its two lists and a
-// store, windows of this process, and the system calls that start programs and folders.
+// What the tests of profiles share: a main window with its two lists and a store, and the system calls that
+// start programs and folders.
 
 namespace profile_tests
 {
 
-// A pointer or handle as %p prints it.
-std::wstring pointer(const void* value);
-
-// The texts around a detail, each written as it is shown.
-struct Where {
-    std::wstring file;
-    std::wstring function;
-    int site;
-    int handler;
-};
-std::wstring compact_text(const Where& where, const std::wstring& detail);
-std::wstring spaced_text(const Where& where, const std::wstring& detail);
-std::wstring gap_text(const Where& where, const std::wstring& detail);
-std::wstring handler_first_text(const Where& where, const std::wstring& detail);
+using test_support::compact_text;
+using test_support::gap_text;
+using test_support::handler_first_text;
+using test_support::pointer;
+using test_support::spaced_text;
+using test_support::TestWindow;
+using test_support::Where;
 
 // "x,y widthxheight" of a window's rectangle.
 std::string place_of(HWND window);
 // The same once it is `expected`, or what it is after some seconds.
 std::string place_once_it_is(HWND window, const std::string& expected);
 bool becomes_iconic(HWND window);
-
-// A window of this process, destroyed at the end.
-class OwnWindow
-{
-public:
-    explicit OwnWindow(const std::wstring& title, DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE,
-                       RECT place = {100, 100, 400, 300}, const std::wstring& class_name = L"ProfileTest");
-    ~OwnWindow() { DestroyWindow(window_); }
-    OwnWindow(const OwnWindow&) = delete;
-    OwnWindow& operator=(const OwnWindow&) = delete;
-    operator HWND() const { return window_; }
-    HWND get() const { return window_; }
-
-private:
-    HWND window_;
-};
 
 // The texts of a combo box's list.
 std::vector<std::wstring> combo_texts(HWND combo);
@@ -89,7 +68,7 @@ public:
     test_support::StandInRegistration stand_in;
     test_support::FolderWindowsScript folders;
     test_support::TemporaryFolder files;
-    OwnWindow window;
+    TestWindow window;
     HWND profile_combo;
     HWND action_combo;
     CB_mng_STR profiles{};

@@ -82,7 +82,7 @@ TEST(ProfileLoading, LoadsTheFileThatIsChosenInTheOpenDialog)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     const std::wstring path = fixture.files.file(L"chosen.txt");
     test_support::write_file(path,

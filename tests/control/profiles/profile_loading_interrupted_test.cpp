@@ -42,7 +42,7 @@ TEST(ProfileLoading, WithinAnotherLoadGivesEachProfileItsPlaceInTheList)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     const ProfileEncoder second = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"Second");
     const Bytes first = file_without_a_zero_unit();

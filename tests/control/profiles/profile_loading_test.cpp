@@ -127,7 +127,7 @@ TEST(ProfileLoading, ABadFileLeavesTheProfilesLoadedBeforeAsTheyAre)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     const Bytes good = ProfileEncoder().add_folder(1, 2, 300, 200, u"C:\\windows").name(u"Good").bytes();
     ASSERT_EQ(fixture.load(good), 1);
@@ -243,7 +243,7 @@ TEST(ProfileLoading, TakesItsWorkingMemoryInOneOrderAndGivesItBack)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     const Bytes file = ProfileEncoder()
                            .add_folder(1, 2, 300, 200, u"C:\\windows")
@@ -281,7 +281,7 @@ TEST(ProfileLoading, StoresTheSameFileTwiceWhenItIsLoadedTwice)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     const Bytes file = ProfileEncoder().add_folder(1, 2, 300, 200, u"C:\\windows").name(u"Again").bytes();
     BoxWatcher boxes;
@@ -301,7 +301,7 @@ TEST(ProfileLoading, AddsTheLastStoredNameOnceMoreWhenTheStoreIsFull)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     ASSERT_EQ(fixture.load(ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"Last").bytes()), 1);
     fixture.store.uiMax_num_loaded_prfls = 1;
@@ -322,7 +322,7 @@ TEST(ProfileLoading, AddsTheNameOfThe1024thProfileOnceMoreInsteadOfThe1025th)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     const auto profile = [](const std::u16string& name) {
         return ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(name).bytes();
@@ -354,7 +354,7 @@ TEST(ProfileLoading, AddsNoNameWhenTheVeryFirstProfileIsRefused)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     fixture.store.uiSize_DynMem_files = 20;
     BoxWatcher boxes;
@@ -369,7 +369,7 @@ TEST(ProfileLoading, StartsTheProfileEvenWhenTheStoreWasNeverSetUp)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
-    const OwnWindow folder(L"stand-in folder");
+    const TestWindow folder(L"stand-in folder");
     fixture.folders.add(folder, L"C:\\windows");
     std::uint8_t* const area = std::exchange(fixture.store.pc_raw_FilesProfile, nullptr);
     BoxWatcher boxes;

@@ -26,8 +26,8 @@ const auto kKept = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
 TEST(FolderMatching, GivesTheLastWindowOfAFolderToEveryEntryThatIsNoProgram)
 {
     ProfileFixture fixture;
-    const OwnWindow earlier(L"earlier");
-    const OwnWindow later(L"later");
+    const TestWindow earlier(L"earlier");
+    const TestWindow later(L"later");
     fixture.folders.add(earlier, L"C:\\windows").add(later, L"C:\\windows");
     const Bytes file = ProfileEncoder()
                            .add_folder(0, 0, 9, 9, u"c:\\WINDOWS")
@@ -54,8 +54,8 @@ TEST(FolderMatching, PassesOverWindowsThatDoNotTellTheirFolderAndReleasesEveryth
           Missing::kItemIdList, Missing::kItemIdListNull, Missing::kFileSystemPath}) {
         SCOPED_TRACE(static_cast<int>(missing));
         fixture.folders.clear();
-        const OwnWindow broken(L"broken");
-        const OwnWindow whole(L"whole");
+        const TestWindow broken(L"broken");
+        const TestWindow whole(L"whole");
         test_support::FolderWindow window;
         window.window = broken;
         window.path = L"C:\\windows";

@@ -77,7 +77,7 @@ private:
 
 TEST(ProgramMatching, GivesAWindowToEveryEntryOfItsExecutableInAnyCase)
 {
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     Matcher matcher(ProfileEncoder()
                         .add_program(0, 0, 9, 9, units_of(upper_case(own_image())))
                         .add_program(0, 0, 9, 9, u"C:\\other.exe")
@@ -90,8 +90,8 @@ TEST(ProgramMatching, GivesAWindowToEveryEntryOfItsExecutableInAnyCase)
 
 TEST(ProgramMatching, KeepsTheFirstWindowUntilOneOfAStartedThreadComes)
 {
-    const OwnWindow first(L"first");
-    const OwnWindow second(L"second");
+    const TestWindow first(L"first");
+    const TestWindow second(L"second");
     Matcher matcher(one_entry(own_image()));
     EXPECT_EQ(matcher.ask(first), TRUE);
     EXPECT_EQ(matcher.ask(second), TRUE);
@@ -110,8 +110,8 @@ TEST(ProgramMatching, KeepsTheFirstWindowUntilOneOfAStartedThreadComes)
 
 TEST(ProgramMatching, TakesTheRecordOfAnotherEntryForAStartedThreadToo)
 {
-    const OwnWindow first(L"first");
-    const OwnWindow second(L"second");
+    const TestWindow first(L"first");
+    const TestWindow second(L"second");
     Matcher matcher(one_entry(own_image()));
     const STR_InfoLoadedPrg records[] = {
         {.uiIndex_wnd = 0, .hProcess = nullptr, .hThread = nullptr, .dwProcessId = 1, .dwThreadId = 1},
@@ -131,37 +131,37 @@ TEST(ProgramMatching, PassesOverWindowsThatDoNotQualify)
 {
     constexpr DWORD visible = WS_POPUP | WS_VISIBLE;
     const RECT place{10, 20, 110, 120};
-    const OwnWindow invisible(L"invisible", WS_POPUP, place);
-    const OwnWindow untitled(L"", visible, place);
-    const OwnWindow empty(L"empty", visible, {10, 0, 10, 0});
-    const OwnWindow empty_below(L"empty", visible, {0, 20, 0, 20});
+    const TestWindow invisible(L"invisible", WS_POPUP, place);
+    const TestWindow untitled(L"", visible, place);
+    const TestWindow empty(L"empty", visible, {10, 0, 10, 0});
+    const TestWindow empty_below(L"empty", visible, {0, 20, 0, 20});
     Matcher matcher(one_entry(own_image()));
     for (const HWND window : {HWND{nullptr}, invisible.get(), untitled.get(), empty.get(), empty_below.get()})
         EXPECT_EQ(matcher.ask(window), TRUE);
     for (const wchar_t* name : {L"Tooltips_Class", L"SysShadow", L"RegEdit_RegEdit", L"TaskManagerWindow",
                                 L"ApplicationFrameWindow", L"Windows.UI.Core.CoreWindow", L"Progman"}) {
-        const OwnWindow excluded(L"excluded", visible, place, name);
+        const TestWindow excluded(L"excluded", visible, place, name);
         EXPECT_EQ(matcher.ask(excluded), TRUE);
     }
     EXPECT_EQ(matcher.found.front(), nullptr);
 
     // Without an area, but at the origin; without width alone; without height alone.
-    const OwnWindow at_origin(L"origin", visible, {0, 0, 0, 0});
+    const TestWindow at_origin(L"origin", visible, {0, 0, 0, 0});
     EXPECT_EQ(matcher.ask(at_origin), TRUE);
     EXPECT_EQ(matcher.found.front(), at_origin.get());
     matcher.found.front() = nullptr;
-    const OwnWindow thin(L"thin", visible, {10, 20, 10, 40});
+    const TestWindow thin(L"thin", visible, {10, 20, 10, 40});
     EXPECT_EQ(matcher.ask(thin), TRUE);
     EXPECT_EQ(matcher.found.front(), thin.get());
     matcher.found.front() = nullptr;
-    const OwnWindow flat(L"flat", visible, {10, 20, 40, 20});
+    const TestWindow flat(L"flat", visible, {10, 20, 40, 20});
     EXPECT_EQ(matcher.ask(flat), TRUE);
     EXPECT_EQ(matcher.found.front(), flat.get());
 }
 
 TEST(ProgramMatching, PassesOverExplorerWhereverItLies)
 {
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     for (const wchar_t* image : {L"C:\\Windows\\EXPLORER.exe", L"C:\\my explorer.exe"}) {
         const GivenImage given(image);
         Matcher matcher(one_entry(image));
@@ -178,7 +178,7 @@ TEST(ProgramMatching, PassesOverExplorerWhereverItLies)
 
 TEST(ProgramMatching, PassesOverAProcessThatCannotBeOpened)
 {
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     Matcher matcher(one_entry(own_image()));
     const ImportHook<"OpenProcess", decltype(OpenProcess)> refuse(
         "kernel32.dll", [](DWORD access, BOOL inherit, DWORD process) -> HANDLE {
@@ -195,7 +195,7 @@ TEST(ProgramMatching, PassesOverAProcessThatCannotBeOpened)
 
 TEST(ProgramMatching, EndsThePassWhenAnImagePathCannotBeQueried)
 {
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     Matcher matcher(one_entry(own_image()));
     const GivenImage nothing(L"");
     // The handle of the process stays open.
@@ -249,7 +249,7 @@ TEST(ProgramMatching, EndsThePassWithoutARecordOrWithAnEmptyOne)
 
 TEST(ProgramMatching, CopiesTheWindowsOfProgramEntriesOnly)
 {
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     Matcher matcher(ProfileEncoder()
                         .add_program(0, 0, 9, 9, units_of(own_image()))
                         .add({.flag = 9, .path = units_of(own_image())})
@@ -279,7 +279,7 @@ TEST(ProgramMatching, KeepsWhatItFoundAlsoWhenLaterPassesBreakOff)
 {
     Matcher matcher(one_entry(own_image()));
     std::vector<HWND> programs(1);
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 1, programs.data()), 1);
     EXPECT_EQ(programs.front(), window.get());
     ShowWindow(window, SW_HIDE);
@@ -293,7 +293,7 @@ TEST(ProgramMatching, KeepsWhatItFoundAlsoWhenLaterPassesBreakOff)
 
 TEST(ProgramMatching, AsksForTitlesOfAThousandUnits)
 {
-    const OwnWindow window(L"mine");
+    const TestWindow window(L"mine");
     Matcher matcher(one_entry(own_image()));
     std::vector<WPARAM> capacities;
     const ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> ask(

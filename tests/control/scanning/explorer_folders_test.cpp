@@ -12,14 +12,14 @@
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::path_of_slot;
-using scan_tests::pointer;
 using scan_tests::RecordCopy;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {
@@ -200,10 +200,9 @@ TEST(ExplorerFolders, StopAtAWindowWithoutHandleWhenFilling)
     EXPECT_EQ(scan_record.counter_folders, 3u);
     boxes.expect_no_boxes();
     EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -5);
-    boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/"
-                    L"funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\nline:\n"
-                    L"2216\n\nhwnd of folder = 0000000000000000\n\nline of error handler:\n2388"}});
+    boxes.expect_boxes({{L"error", spaced_text({L"sources/funcs_layout_windows",
+                                                L"GetCurrentExplorerFolders_02", 2216, 2388},
+                                               L"hwnd of folder = 0000000000000000\n")}});
     EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
     EXPECT_NE(scan_record.arr1D_ui_LenPath[1], 20u);
     expect_released(scanned.fixture.folders);
@@ -273,11 +272,10 @@ TEST(ExplorerFolders, GoOnWithoutTheShellsListWhenCounting)
     boxes.expect_no_boxes();
     EXPECT_TRUE(RecordCopy() == before);
     EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -4);
-    boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/"
-                    L"funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\nline:\n"
-                    L"2095\n\none of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
-                    L"ret code hResult = -2147024882\n\nline of error handler:\n2361"}});
+    boxes.expect_boxes({{L"error", spaced_text({L"sources/funcs_layout_windows",
+                                                L"GetCurrentExplorerFolders_02", 2095, 2361},
+                                               L"one of callable functions returned error\n\nfunction : "
+                                               L"CoCreateInstance()\n\nret code hResult = -2147024882\n")}});
     EXPECT_TRUE(RecordCopy() == before);
 }
 

@@ -12,14 +12,14 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
 // Scans that come to nothing: what is shown, and what of the record stays behind.
 
 using namespace test_support;
 using scan_tests::Desktop;
-using scan_tests::pointer;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {
@@ -211,10 +211,9 @@ TEST(ScanCommand, OpensItsListWhenTheShellGivesNoList)
     const TestWindow window(L"window", {100, 120, 420, 360});
     const Desktop desktop({window});
     const ExpectedBox no_list{
-        L"error",
-        L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\n"
-        L"line:\n2095\n\none of callable functions returned error\n\nfunction : CoCreateInstance()\n\n"
-        L"ret code hResult = -2147024882\n\nline of error handler:\n2361"};
+        L"error", spaced_text({L"sources/funcs_layout_windows", L"GetCurrentExplorerFolders_02", 2095, 2361},
+                              L"one of callable functions returned error\n\nfunction : "
+                              L"CoCreateInstance()\n\nret code hResult = -2147024882\n")};
     for (const int failing : {kEveryCall, 1, 2}) {
         SCOPED_TRACE(failing);
         fixture.folders.clear();

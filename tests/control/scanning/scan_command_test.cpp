@@ -10,12 +10,12 @@
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/test_window.h"
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {

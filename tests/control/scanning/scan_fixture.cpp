@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <utility>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
@@ -18,51 +17,6 @@ using namespace test_support;
 
 namespace scan_tests
 {
-namespace
-{
-
-void register_class(const wchar_t* name, WNDPROC procedure)
-{
-    WNDCLASSEXW window_class{};
-    window_class.cbSize = sizeof window_class;
-    window_class.lpfnWndProc = procedure;
-    window_class.hInstance = GetModuleHandleW(nullptr);
-    window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-    window_class.lpszClassName = name;
-    RegisterClassExW(&window_class);
-}
-
-HWND make_window(const std::wstring& title, RECT place, const std::wstring& class_name, DWORD style)
-{
-    register_class(class_name.c_str(), DefWindowProcW);
-    const HWND window = CreateWindowExW(0, class_name.c_str(), title.c_str(), style, place.left, place.top,
-                                        place.right - place.left, place.bottom - place.top, nullptr, nullptr,
-                                        GetModuleHandleW(nullptr), nullptr);
-    if (window == nullptr)
-        throw Failure("a window of the test could not be created");
-    return window;
-}
-
-} // namespace
-
-std::wstring pointer(const void* value)
-{
-    wchar_t text[20]{};
-    _snwprintf(text, 19, L"%016llX",
-               static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(value)));
-    return text;
-}
-
-TestWindow::TestWindow(const std::wstring& title, RECT place, const std::wstring& class_name, DWORD style)
-    : window_(make_window(title, place, class_name, style))
-{
-}
-
-TestWindow::~TestWindow()
-{
-    DestroyWindow(window_);
-}
-
 Desktop::Desktop(std::vector<HWND> windows_given)
     : windows(std::move(windows_given)),
       hook_("user32.dll", [this](WNDENUMPROC procedure, LPARAM lParam) -> BOOL {
@@ -80,7 +34,7 @@ Desktop::Desktop(std::vector<HWND> windows_given)
 {
 }
 
-ScanFixture::ScanFixture() : host_(make_window(L"", {0, 0, 10, 10}, L"ScanFixtureHost", WS_POPUP))
+ScanFixture::ScanFixture() : host_(L"", WS_POPUP, {0, 0, 10, 10}, L"ScanFixtureHost")
 {
     InitCommonControls();
     register_class(L"List of Windows", WndProc_ScanListView);
@@ -90,7 +44,6 @@ ScanFixture::~ScanFixture()
 {
     if (hwnd_ScanListView != nullptr)
         DestroyWindow(hwnd_ScanListView);
-    DestroyWindow(host_);
     release_scan_blocks(&scan_record);
 }
 

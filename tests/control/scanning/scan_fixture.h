@@ -11,31 +11,17 @@
 #include "tests/support/folder_windows_script.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/remote_list_view.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
-// What the tests of scanning, of the list and of Modify Cell share: windows to list, a desktop of
-// chosen windows, a scan in this process, and the texts of the boxes.
+// What the tests of scanning, of the list and of Modify Cell share: a desktop of chosen windows and a scan in
+// this process.
 
 namespace scan_tests
 {
 
-// A pointer or handle as %p prints it.
-std::wstring pointer(const void* value);
-
-// A visible top-level window of this process, destroyed at the end.
-class TestWindow
-{
-public:
-    explicit TestWindow(const std::wstring& title, RECT place = {100, 120, 420, 360},
-                        const std::wstring& class_name = L"TestWindow",
-                        DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE);
-    ~TestWindow();
-    TestWindow(const TestWindow&) = delete;
-    TestWindow& operator=(const TestWindow&) = delete;
-    operator HWND() const { return window_; }
-
-private:
-    HWND window_;
-};
+using test_support::pointer;
+using test_support::TestWindow;
 
 // While it lives, EnumWindows of this process gives these windows, in this order.
 class Desktop
@@ -78,7 +64,7 @@ public:
     test_support::FolderWindowsScript folders;
 
 private:
-    HWND host_;
+    TestWindow host_;
 };
 
 std::wstring own_image_path();

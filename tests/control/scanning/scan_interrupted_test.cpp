@@ -17,6 +17,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/test_window.h"
 #include "tests/support/text.h"
 
 // The main window is closed while a scan is under way: calls to other windows, to the shell and boxes let
@@ -26,7 +27,6 @@ using namespace test_support;
 using main_tests::MainWindow;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {

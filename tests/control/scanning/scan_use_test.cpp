@@ -18,6 +18,8 @@
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
 // Messages come in while a scan is on its way. Another Scan does nothing while the record is used, and works
 // below the boxes with which the first one ends.
@@ -28,7 +30,6 @@ using scan_tests::Desktop;
 using scan_tests::press_scan;
 using scan_tests::RecordCopy;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {
@@ -84,9 +85,9 @@ std::function<void(Desktop*, const std::function<void()>&)> with_failing(const c
 
 std::wstring failed(int result)
 {
-    return L"error: error\n\nfile:\nsources/main_prg\nfunction:\nWndProc\nline:\n888\n\n"
-           L"ERROR <- onButton_Scan_Click()\nret code = " +
-           std::to_wstring(result) + L"\nline of error handler:1187";
+    return L"error: " +
+           compact_text({L"sources/main_prg", L"WndProc", 888, 1187},
+                        L"ERROR <- onButton_Scan_Click()\nret code = " + std::to_wstring(result));
 }
 
 std::vector<Ending> endings()

@@ -14,19 +14,19 @@
 #include "tests/support/files.h"
 #include "tests/support/folder_windows_script.h"
 #include "tests/support/profile_encoder.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 
 // Whole scans and loads over lists of folder windows as the shell gives them on a busy desktop: many,
 // vanishing, without a handle, of no place on the disk. Nothing obtained on the way is kept.
 
 using namespace test_support;
-using profile_tests::OwnWindow;
 using profile_tests::ProfileFixture;
 using profile_tests::RecordedFolderStarts;
 using profile_tests::RecordedSleeps;
 using scan_tests::Desktop;
 using scan_tests::path_of_slot;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {
@@ -35,8 +35,8 @@ constexpr int kPathColumn = 8;
 constexpr int kManyWindows = 64;
 
 const ExpectedBox kNoHandle{
-    L"error", L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\n"
-              L"line:\n2216\n\nhwnd of folder = 0000000000000000\n\nline of error handler:\n2388"};
+    L"error", spaced_text({L"sources/funcs_layout_windows", L"GetCurrentExplorerFolders_02", 2216, 2388},
+                          L"hwnd of folder = 0000000000000000\n")};
 const ExpectedBox kFoldersNotDetected{L"info", L"Not all Folders of Profile were detected after launching\n"};
 
 // That much was handed out, and none of it is kept or was given back twice.
@@ -195,12 +195,12 @@ TEST(ShellFolders, AreFoundAmongManyOthersByALoad)
     ProfileFixture fixture;
     const RecordedFolderStarts starts;
     const TemporaryFolder place;
-    std::vector<std::unique_ptr<OwnWindow>> others;
-    const OwnWindow wanted(L"wanted");
+    std::vector<std::unique_ptr<TestWindow>> others;
+    const TestWindow wanted(L"wanted");
     for (int i = 0; i < kManyWindows - 1; ++i) {
         if (i == 40)
             fixture.folders.add(wanted, L"C:\\windows");
-        others.push_back(std::make_unique<OwnWindow>(L"other", WS_OVERLAPPEDWINDOW));
+        others.push_back(std::make_unique<TestWindow>(L"other", WS_OVERLAPPEDWINDOW));
         fixture.folders.add(*others.back(), place.make_folder(std::to_wstring(i)));
     }
     const BoxWatcher boxes;
@@ -215,7 +215,7 @@ TEST(ShellFolders, NeverSeenWholeAreSearchedForTenTimes)
 {
     ProfileFixture fixture;
     const RecordedFolderStarts starts;
-    const OwnWindow window(L"folder");
+    const TestWindow window(L"folder");
     const std::string place = profile_tests::place_of(window);
     for (const Missing missing :
          {Missing::kNothing, Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp,
@@ -242,7 +242,7 @@ TEST(ShellFolders, VanishingWhileALoadSearchesAreStillPlacedOnceTheyCome)
     ProfileFixture fixture;
     const RecordedFolderStarts starts;
     const RecordedSleeps sleeps;
-    const OwnWindow window(L"folder");
+    const TestWindow window(L"folder");
     FolderWindow late = folder_window(window, L"C:\\windows");
     late.first_pass = 3;
     fixture.folders.add(late).claim_more(3);

@@ -9,6 +9,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/test_window.h"
 
 // How the shell's list is asked for, and COM, which the main window uninitialises when it is closed; a
 // message may close it while the shell is asked.
@@ -87,7 +88,7 @@ TEST(ShellList, IsAskedForFromAnyServerWithoutOuterObject)
 TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
 {
     scan_tests::ScanFixture fixture;
-    const scan_tests::TestWindow window(L"window");
+    const TestWindow window(L"window");
     const scan_tests::Desktop desktop({window});
     ASSERT_EQ(fixture.scan(), 1);
     ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(

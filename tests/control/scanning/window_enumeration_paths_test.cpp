@@ -12,6 +12,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/test_window.h"
 
 // The image paths that a scan reads: of which windows, into what, and where they are kept.
 
@@ -19,7 +20,6 @@ using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::path_of_slot;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 using scan_tests::title_of_slot;
 
 namespace

@@ -12,15 +12,15 @@
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 #include "tests/support/waiting.h"
 
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::own_image_path;
 using scan_tests::path_of_slot;
-using scan_tests::pointer;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 using scan_tests::title_of_slot;
 
 namespace
@@ -275,12 +275,10 @@ TEST(WindowEnumeration, RefusesANullRecord)
     EXPECT_FALSE(EnumWindowsProc_Calc(window, 0));
     EXPECT_FALSE(EnumWindowsProc_Calc_02(window, 0));
     boxes.expect_boxes(
-        {{L"error",
-          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nEnumWindowsProc_Calc\nline:\n118\n\n"
-          L"error, incorrect input parameters\nlParam = 0000000000000000\nline of error handler:364"},
-         {L"error",
-          L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nEnumWindowsProc_Calc_02\nline:\n437\n\n"
-          L"error, incorrect input parameters\nlParam = 0000000000000000\nline of error handler:742"}});
+        {{L"error", compact_text({L"sources/funcs_layout_windows", L"EnumWindowsProc_Calc", 118, 364},
+                                 L"error, incorrect input parameters\nlParam = 0000000000000000")},
+         {L"error", compact_text({L"sources/funcs_layout_windows", L"EnumWindowsProc_Calc_02", 437, 742},
+                                 L"error, incorrect input parameters\nlParam = 0000000000000000")}});
 }
 
 TEST(WindowEnumeration, RefusesARecordWithAMissingBlock)

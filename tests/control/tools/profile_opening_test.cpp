@@ -43,7 +43,7 @@ protected:
     TemporaryFolder files;
     NothingStarts starts; // of the program, and of the tool
     FolderWindowsScript folders;
-    OwnWindow folder_window{L"folder"};
+    TestWindow folder_window{L"folder"};
 
 private:
     static std::wstring current_folder()
@@ -114,7 +114,7 @@ TEST_F(ProfileOpening, SaysThatAWindowIsGone)
 {
     HWND gone = nullptr;
     {
-        const OwnWindow window(L"gone");
+        const TestWindow window(L"gone");
         gone = window.get();
     }
     EXPECT_FALSE(profile_tool::post_drop(gone, L"C:\\p.txt"));

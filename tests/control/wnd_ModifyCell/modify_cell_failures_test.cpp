@@ -12,11 +12,11 @@
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
 
 using namespace test_support;
 using modify_cell_tests::ModifyCell;
 using modify_cell_tests::Texts;
-using scan_tests::pointer;
 
 TEST_F(ModifyCell, CopesWithARowThatWasNotHit)
 {
@@ -25,9 +25,8 @@ TEST_F(ModifyCell, CopesWithARowThatWasNotHit)
     const BoxWatcher boxes;
     press(4);
     boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
-                    L"incorrect input parameters:\nrow = -1, counter_valid = 2\n"
-                    L"line of error handler:845"}});
+        {{L"error", compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 668, 845},
+                                 L"incorrect input parameters:\nrow = -1, counter_valid = 2")}});
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(entry(0), "10,50 300x200");
     EXPECT_EQ(entry(1), "-20,60 200x150");
@@ -299,9 +298,8 @@ TEST_F(ModifyCell, KeepsTheSystemFontWithoutADeviceContext)
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
     const BoxWatcher boxes;
     open(0);
-    boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n251\n\n"
-                    L"one of callable functions returned error : GetDC()\nline of error handler:547"}});
+    boxes.expect_boxes({{L"error", compact_text({L"sources/wnd_ModifyCell", L"WndProc_ModifyCell", 251, 547},
+                                                L"one of callable functions returned error : GetDC()")}});
     expect_system_font_and_no_subclassing();
 }
 
@@ -311,9 +309,8 @@ TEST_F(ModifyCell, KeepsTheSystemFontWithoutRoomForItsText)
     const BoxWatcher boxes;
     open(0);
     screen_tests::expect_no_room_and(
-        boxes,
-        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n264\n\n"
-        L"one of callable functions returned error : FindFontSize_fit_H_and_W()\nline of error handler:569");
+        boxes, compact_text({L"sources/wnd_ModifyCell", L"WndProc_ModifyCell", 264, 569},
+                            L"one of callable functions returned error : FindFontSize_fit_H_and_W()"));
     expect_system_font_and_no_subclassing();
 }
 
@@ -324,9 +321,8 @@ TEST_F(ModifyCell, ReportsAFontThatCannotBeMade)
     const BoxWatcher boxes;
     open(0);
     boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\nWndProc_ModifyCell\nline:\n283\n\n"
-                    L"one of callable functions returned error : vex_CreateFont()\n"
-                    L"line of error handler:591"}});
+        {{L"error", compact_text({L"sources/wnd_ModifyCell", L"WndProc_ModifyCell", 283, 591},
+                                 L"one of callable functions returned error : vex_CreateFont()")}});
     expect_system_font_and_no_subclassing();
 }
 

@@ -12,13 +12,14 @@
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "tests/control/scanning/scan_fixture.h"
+#include "tests/support/test_window.h"
 
 namespace modify_cell_tests
 {
 
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
+using test_support::TestWindow;
 
 using Texts = std::vector<std::wstring>;
 

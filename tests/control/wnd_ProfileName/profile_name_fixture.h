@@ -45,7 +45,7 @@ private:
         return TRUE;
     }
 
-    OwnWindow window_;
+    TestWindow window_;
 };
 
 // The window as Create Profile opens it.

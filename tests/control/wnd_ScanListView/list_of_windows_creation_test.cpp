@@ -7,20 +7,19 @@
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/drawing/screen_of_size.h"
-#include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 #include "tests/support/text.h"
 
 // What the List of Windows window cannot make of itself, and what is there all the same.
 
 using namespace test_support;
 using scan_tests::Desktop;
-using scan_tests::pointer;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 using scan_tests::TwoRows;
 
 namespace
@@ -108,9 +107,8 @@ TEST(ListOfWindows, StaysWithItsButtonsWhenThereIsNoFont)
     const BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);
     boxes.expect_boxes(
-        {{L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\n"
-                    L"line:\n218\n\none of callable functions returned error, vex_CreateFont()\n"
-                    L"line of error handler:475"}});
+        {{L"error", compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 218, 475},
+                                 L"one of callable functions returned error, vex_CreateFont()")}});
     ASSERT_NE(hwnd_ScanListView, nullptr);
     for (const int button : {1, 2}) {
         EXPECT_NE(GetDlgItem(hwnd_ScanListView, button), nullptr);
@@ -126,9 +124,8 @@ TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
     const BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);
     boxes.expect_boxes(
-        {{L"error",
-          L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\nline:\n189\n\n"
-          L"one of callable functions returned error, GetDC( )\nline of error handler:431"}});
+        {{L"error", compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 189, 431},
+                                 L"one of callable functions returned error, GetDC( )")}});
     EXPECT_EQ(scan.fixture.list().row_count(), 2);
     // The buttons have a font of the default height.
     for (const int button : {1, 2}) {
@@ -258,9 +255,8 @@ TEST(ListOfWindows, IsShownAlsoWithoutRoomForTheTextOfItsButtons)
     const BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);
     screen_tests::expect_no_room_and(
-        boxes,
-        profile_tests::compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 203, 453},
-                                    L"one of callable functions returned error, FindFontSize_fit_H_and_W()"));
+        boxes, compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 203, 453},
+                            L"one of callable functions returned error, FindFontSize_fit_H_and_W()"));
     EXPECT_EQ(scan.fixture.list().row_count(), 2);
     for (const int button : {1, 2}) {
         LOGFONTW font{};

@@ -11,6 +11,8 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
+#include "tests/support/report_texts.h"
+#include "tests/support/test_window.h"
 #include "tests/support/text.h"
 #include "tests/support/waiting.h"
 #include "tests/support/windows_lookup.h"
@@ -18,7 +20,6 @@
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
-using scan_tests::TestWindow;
 
 namespace
 {
@@ -29,9 +30,9 @@ constexpr wchar_t kNothingTicked[] =
 
 ExpectedBox refusal_box()
 {
-    return {L"error", L"error\n\nfile:\n" + bytes_as_wide("sources/wnd_ScanListView") + L"\nfunction:\n" +
-                          bytes_as_wide("onButton_Move") +
-                          L"\nline:\n1018\n\nERROR, incorrect input parameters\nline of error handler:1127"};
+    return {L"error", compact_text({bytes_as_wide("sources/wnd_ScanListView"), bytes_as_wide("onButton_Move"),
+                                    1018, 1127},
+                                   L"ERROR, incorrect input parameters")};
 }
 
 // One scanned window of this process with its row.
@@ -307,6 +308,6 @@ TEST(MoveCommand, IsReportedByTheListAgainWhenItFails)
     row.fixture.press(1);
     boxes.expect_boxes(
         {refusal_box(),
-         {L"error", L"error\n\nfile:\nsources/wnd_ScanListView\nfunction:\nWndProc_ScanListView\n"
-                    L"line:\n287\n\niRetCode = -1 <- onButton_Move()\nline of error handler:497"}});
+         {L"error", compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 287, 497},
+                                 L"iRetCode = -1 <- onButton_Move()")}});
 }

@@ -158,7 +158,7 @@ TEST(SaveProfile, TakesTheNameFromWhicheverWindowSendsIt)
     const ListOfWindows list;
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"saved.txt");
-    const OwnWindow other(L"other");
+    const TestWindow other(L"other");
     BoxWatcher boxes;
     const HWND senders[] = {list.window, list.list, other, GetDesktopWindow(),
                             reinterpret_cast<HWND>(std::uintptr_t{0xDEAD'BEEF})};

@@ -9,6 +9,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 #include "tests/control/profiles/profile_fixture.h"
+#include "tests/support/test_window.h"
 #include "tests/support/waiting.h"
 
 namespace profile_tests
@@ -113,14 +114,9 @@ ListOfWindows::ListOfWindows()
 {
     INITCOMMONCONTROLSEX controls{.dwSize = sizeof(controls), .dwICC = ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&controls);
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof(description);
-    description.lpfnWndProc = WndProc_ScanListView;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.lpszClassName = L"List of Windows";
-    RegisterClassExW(&description);
+    test_support::register_class(L"List of Windows", WndProc_ScanListView);
     window = CreateWindowExW(0, L"List of Windows", L"List of Windows", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50,
-                             60, 700, 400, nullptr, nullptr, description.hInstance, nullptr);
+                             60, 700, 400, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     list = FindWindowExW(window, nullptr, WC_LISTVIEWW, nullptr);
     if (!list)
         throw test_support::Failure("no List of Windows with a list");

@@ -34,18 +34,9 @@ std::wstring line(const std::wstring& key, long long value)
 
 std::wstring settings_text(const FixtureOptions& options)
 {
-    return L"\xFEFF[fixture]\r\n" + line(L"title", options.title) + line(L"class_name", options.class_name) +
-           line(L"x", options.x) + line(L"y", options.y) + line(L"width", options.width) +
-           line(L"height", options.height) + line(L"style", options.style) +
-           line(L"extended_style", options.extended_style) + line(L"visible", options.visible) +
-           line(L"minimised", options.minimised) + line(L"window_count", options.window_count) +
-           line(L"no_window", options.no_window) + line(L"delay_milliseconds", options.delay_milliseconds) +
-           line(L"idle_delay_milliseconds", options.idle_delay_milliseconds) +
-           line(L"hang_after_start", options.hang_after_start) +
-           line(L"hang_on_get_text", options.hang_on_get_text) + line(L"refuse_close", options.refuse_close) +
-           line(L"window_of_second_thread", options.window_of_second_thread) +
-           line(L"use_startup", options.use_startup) + line(L"minimum_width", options.minimum_width) +
-           line(L"minimum_height", options.minimum_height);
+    std::wstring text = L"\xFEFF[fixture]\r\n";
+    for_each_option(options, [&](const wchar_t* key, const auto& value) { text += line(key, value); });
+    return text;
 }
 
 Bytes as_bytes(const std::wstring& text)

@@ -7,45 +7,13 @@
 #include <vector>
 
 #include "tests/support/files.h"
+#include "tests/support/fixture_options.h"
 #include "tests/support/waiting.h"
 
 // Small programs of a chosen behaviour for the program under test to list, start and place.
 
 namespace test_support
 {
-
-struct FixtureOptions {
-    std::wstring title = L"Fixture";
-    std::wstring class_name = L"WendlowFixture";
-    int x = 100;
-    int y = 120;
-    int width = 320;
-    int height = 240;
-    DWORD style = WS_OVERLAPPEDWINDOW;
-    DWORD extended_style = 0;
-    bool visible = true;
-    bool minimised = false;
-    // Each window after the first is 30 pixels further right and down and has " 2", " 3"... added to
-    // its title.
-    int window_count = 1;
-    bool no_window = false;
-    // Waited before the window is created, without handling messages.
-    unsigned delay_milliseconds = 0;
-    // The same, but handling messages, so that the program counts as ready meanwhile.
-    unsigned idle_delay_milliseconds = 0;
-    // Handles no message any more once the window is shown.
-    bool hang_after_start = false;
-    // Never answers the first question for its title (WM_GETTEXT) that comes from elsewhere.
-    bool hang_on_get_text = false;
-    bool refuse_close = false;
-    // The window belongs to a second thread instead of the program's first.
-    bool window_of_second_thread = false;
-    // Takes place, size and show command from what it was started with, where these were given.
-    bool use_startup = false;
-    // Smallest size the window accepts; 0 = the system's.
-    int minimum_width = 0;
-    int minimum_height = 0;
-};
 
 // What a fixture program was started with.
 struct StartupRecord {

@@ -3,38 +3,19 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/fixture_options.h"
+
 // A program of chosen behaviour. It is started without arguments and reads what to do from the file
 // beside it that bears its own path with .ini in place of .exe; what it was started with it writes
 // to the same path with .startup.
 
+using test_support::FixtureOptions;
+using test_support::for_each_option;
+
 namespace
 {
 
-struct Settings {
-    std::wstring title;
-    std::wstring class_name;
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-    DWORD style = 0;
-    DWORD extended_style = 0;
-    bool visible = false;
-    bool minimised = false;
-    int window_count = 1;
-    bool no_window = false;
-    DWORD delay = 0;
-    DWORD idle_delay = 0;
-    bool hang_after_start = false;
-    bool hang_on_get_text = false;
-    bool refuse_close = false;
-    bool window_of_second_thread = false;
-    bool use_startup = false;
-    int minimum_width = 0;
-    int minimum_height = 0;
-};
-
-Settings settings;
+FixtureOptions settings;
 int windows_open = 0;
 
 std::wstring path_without_ending()
@@ -51,44 +32,27 @@ class IniFile
 public:
     explicit IniFile(std::wstring path) : path_(std::move(path)) {}
 
-    std::wstring text(const wchar_t* key) const
+    void read(const wchar_t* key, std::wstring* value) const
     {
-        wchar_t value[1024] = {};
-        GetPrivateProfileStringW(L"fixture", key, L"", value, 1024, path_.c_str());
-        return value;
+        wchar_t text[1024] = {};
+        GetPrivateProfileStringW(L"fixture", key, L"", text, 1024, path_.c_str());
+        *value = text;
     }
-    int number(const wchar_t* key) const { return static_cast<int>(wcstol(text(key).c_str(), nullptr, 10)); }
-    DWORD mask(const wchar_t* key) const { return wcstoul(text(key).c_str(), nullptr, 10); }
-    bool flag(const wchar_t* key) const { return number(key) != 0; }
+    template <typename Number> void read(const wchar_t* key, Number* value) const
+    {
+        std::wstring text;
+        read(key, &text);
+        *value = static_cast<Number>(wcstoll(text.c_str(), nullptr, 10));
+    }
 
 private:
     std::wstring path_;
 };
 
-Settings read_settings(const IniFile& file)
+FixtureOptions read_settings(const IniFile& file)
 {
-    Settings read;
-    read.title = file.text(L"title");
-    read.class_name = file.text(L"class_name");
-    read.x = file.number(L"x");
-    read.y = file.number(L"y");
-    read.width = file.number(L"width");
-    read.height = file.number(L"height");
-    read.style = file.mask(L"style");
-    read.extended_style = file.mask(L"extended_style");
-    read.visible = file.flag(L"visible");
-    read.minimised = file.flag(L"minimised");
-    read.window_count = file.number(L"window_count");
-    read.no_window = file.flag(L"no_window");
-    read.delay = file.mask(L"delay_milliseconds");
-    read.idle_delay = file.mask(L"idle_delay_milliseconds");
-    read.hang_after_start = file.flag(L"hang_after_start");
-    read.hang_on_get_text = file.flag(L"hang_on_get_text");
-    read.refuse_close = file.flag(L"refuse_close");
-    read.window_of_second_thread = file.flag(L"window_of_second_thread");
-    read.use_startup = file.flag(L"use_startup");
-    read.minimum_width = file.number(L"minimum_width");
-    read.minimum_height = file.number(L"minimum_height");
+    FixtureOptions read;
+    for_each_option(read, [&](const wchar_t* key, auto& value) { file.read(key, &value); });
     return read;
 }
 
@@ -275,8 +239,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
     if (settings.use_startup)
         take_place_from(startup);
 
-    Sleep(settings.delay);
-    idle_for(settings.idle_delay);
+    Sleep(settings.delay_milliseconds);
+    idle_for(settings.idle_delay_milliseconds);
     if (settings.no_window) {
         idle_for(INFINITE);
     } else if (settings.window_of_second_thread) {

@@ -10,7 +10,8 @@
 namespace test_support::stand_in
 {
 
-class UnusedShellWindows : public IShellWindows
+// Those of IDispatch, for an interface that inherits it.
+template <typename Interface> class UnusedDispatchOf : public Interface
 {
 public:
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
@@ -24,6 +25,16 @@ public:
     {
         return E_NOTIMPL;
     }
+
+protected:
+    ~UnusedDispatchOf() = default;
+};
+
+using UnusedDispatch = UnusedDispatchOf<IDispatch>;
+
+class UnusedShellWindows : public UnusedDispatchOf<IShellWindows>
+{
+public:
     HRESULT STDMETHODCALLTYPE _NewEnum(IUnknown**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Register(IDispatch*, LONG, int, LONG*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE RegisterPending(LONG, VARIANT*, VARIANT*, int, LONG*) override
@@ -44,39 +55,9 @@ protected:
     ~UnusedShellWindows() = default;
 };
 
-class UnusedDispatch : public IDispatch
+class UnusedWebBrowserApp : public UnusedDispatchOf<IWebBrowserApp>
 {
 public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
-    {
-        return E_NOTIMPL;
-    }
-
-protected:
-    ~UnusedDispatch() = default;
-};
-
-class UnusedWebBrowserApp : public IWebBrowserApp
-{
-public:
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
-    {
-        return E_NOTIMPL;
-    }
     HRESULT STDMETHODCALLTYPE GoBack() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GoForward() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GoHome() override { return E_NOTIMPL; }

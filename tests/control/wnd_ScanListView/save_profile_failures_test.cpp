@@ -76,48 +76,40 @@ TEST(SaveProfile, LeavesAFileThatExistsAsItIs)
 
 TEST(SaveProfile, DeletesAHalfWrittenFileAndSaysSo)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"half.txt");
-    AnsweredSaveDialog dialog(path);
+    Saving saving(L"half.txt");
     for (const int part : {1, 8, 10}) {
-        const HWND name = list.ask_name_for({1});
+        const HWND name = saving.list.ask_name_for({1});
         const FailingImport<"WriteFile", decltype(WriteFile)> fails("kernel32.dll", part, FALSE,
                                                                     ERROR_DISK_FULL);
         const Releases releases("kernel32.dll", -1, TRUE, 0);
         BoxWatcher boxes;
-        EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+        EXPECT_EQ(send_name(saving.list, name, 0, L"x", 2), TRUE);
         boxes.expect_boxes({not_written_box(L"112")});
-        EXPECT_FALSE(file_exists(path));
+        EXPECT_FALSE(file_exists(saving.path));
         EXPECT_EQ(releases.calls(), 8);
     }
-    const HWND name = list.ask_name_for({1});
+    const HWND name = saving.list.ask_name_for({1});
     const FailingImport<"FlushFileBuffers", decltype(FlushFileBuffers)> fails("kernel32.dll", 1, FALSE,
                                                                               ERROR_WRITE_FAULT);
     BoxWatcher boxes;
-    EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+    EXPECT_EQ(send_name(saving.list, name, 0, L"x", 2), TRUE);
     boxes.expect_boxes({not_written_box(L"29")});
-    EXPECT_FALSE(file_exists(path));
+    EXPECT_FALSE(file_exists(saving.path));
 }
 
 TEST(SaveProfile, SaysThatAFileCannotBeCreated)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const HWND name = list.ask_name_for({1});
-    const std::wstring path = folder.file(L"no folder\\x.txt");
-    AnsweredSaveDialog dialog(path);
+    Saving saving(L"no folder\\x.txt");
+    const HWND name = saving.list.ask_name_for({1});
     const Releases releases("kernel32.dll", -1, TRUE, 0);
     BoxWatcher boxes;
-    EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+    EXPECT_EQ(send_name(saving.list, name, 0, L"x", 2), TRUE);
     boxes.expect_boxes({arrival_box(1983, 2087,
                                     L"file of profile was not created, profile is not saved\n"
                                     L"GetLastError = 3 <- CreateFile()")});
     EXPECT_EQ(releases.calls(), 8);
     EXPECT_FALSE(IsWindow(name));
-    EXPECT_FALSE(file_exists(path));
+    EXPECT_FALSE(file_exists(saving.path));
 }
 
 TEST(SaveProfile, ReportsAWriterThatRefusesAndAnswersFalse)
@@ -215,25 +207,21 @@ TEST(SaveProfile, RefusesMissingArgumentsNamingThem)
 
 TEST(SaveProfile, TellsWhenAHalfWrittenFileCannotBeDeleted)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"left.txt");
-    AnsweredSaveDialog dialog(path);
-    const HWND name = list.ask_name_for({1});
+    Saving saving(L"left.txt");
+    const HWND name = saving.list.ask_name_for({1});
     const FailingImport<"WriteFile", decltype(WriteFile)> full("kernel32.dll", 2, FALSE, ERROR_DISK_FULL);
     const FailingImport<"DeleteFileW", decltype(DeleteFileW)> kept("kernel32.dll", 1, FALSE,
                                                                    ERROR_SHARING_VIOLATION);
     BoxWatcher boxes;
-    EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+    EXPECT_EQ(send_name(saving.list, name, 0, L"x", 2), TRUE);
     boxes.expect_boxes(
         {arrival_box(2017, 2131,
                      L"file of profile was not wholly written and cannot be deleted, profile is not saved\n"
                      L"GetLastError = 112 <- WriteFile() or FlushFileBuffers()\n"
                      L"GetLastError = 32 <- DeleteFile()")});
     EXPECT_EQ(kept.calls(), 1);
-    EXPECT_EQ(hex(read_file(path)), ""); // emptied: no reader takes it for a profile
-    EXPECT_EQ(error_of_writing_to(path), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(hex(read_file(saving.path)), ""); // emptied: no reader takes it for a profile
+    EXPECT_EQ(error_of_writing_to(saving.path), DWORD{ERROR_SUCCESS});
 }
 
 // A record that is not there is noticed before it is released, so nothing brings this one about.

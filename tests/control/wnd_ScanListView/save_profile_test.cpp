@@ -22,16 +22,12 @@ using test_support::TemporaryFolder;
 
 TEST(SaveProfile, WritesTheTickedRowsUnderTheEnteredName)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"saved.txt");
-    const HWND name = list.ask_name_for({4, 1, 7, 0});
-    AnsweredSaveDialog dialog(path);
-    dialog.look = [&](const OPENFILENAMEW& settings) {
+    Saving saving;
+    const HWND name = saving.list.ask_name_for({4, 1, 7, 0});
+    saving.dialog.look = [&](const OPENFILENAMEW& settings) {
         EXPECT_FALSE(IsWindow(name)) << "the name window goes first";
         EXPECT_EQ(settings.lStructSize, 152u);
-        EXPECT_EQ(settings.hwndOwner, list.window);
+        EXPECT_EQ(settings.hwndOwner, saving.list.window);
         EXPECT_EQ(settings.lpstrFilter, nullptr);
         EXPECT_STREQ(settings.lpstrFile, L"Profile_01");
         EXPECT_EQ(settings.nMaxFile, 260u);
@@ -45,8 +41,8 @@ TEST(SaveProfile, WritesTheTickedRowsUnderTheEnteredName)
     BoxWatcher boxes;
     enter_name(name, L"My profile");
     boxes.expect_no_boxes();
-    EXPECT_EQ(dialog.asked, 1);
-    EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {0, 1, 4, 7}, u"My profile")));
+    EXPECT_EQ(saving.dialog.asked, 1);
+    EXPECT_EQ(hex(read_file(saving.path)), hex(profile_of(ten_windows(), {0, 1, 4, 7}, u"My profile")));
     EXPECT_EQ(releases.calls(), 8);
 }
 
@@ -68,17 +64,13 @@ TEST(SaveProfile, SavesWhatTheScanRecordSaysNotWhatTheListShowed)
 
 TEST(SaveProfile, CreatesANewFileOnlyForItselfAndClosesIt)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"saved.txt");
-    const HWND name = list.ask_name_for({1});
-    AnsweredSaveDialog dialog(path);
+    Saving saving;
+    const HWND name = saving.list.ask_name_for({1});
     ImportHook<"CreateFileW", decltype(CreateFileW)>* original = nullptr;
     ImportHook<"CreateFileW", decltype(CreateFileW)> hook(
         "kernel32.dll", [&](LPCWSTR file, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
                             DWORD disposition, DWORD attributes, HANDLE pattern) {
-            EXPECT_EQ(file, path);
+            EXPECT_EQ(file, saving.path);
             EXPECT_EQ(access, 0xC0000000u);
             EXPECT_EQ(share, 0u);
             EXPECT_EQ(disposition, 1u);
@@ -87,7 +79,7 @@ TEST(SaveProfile, CreatesANewFileOnlyForItselfAndClosesIt)
         });
     original = &hook;
     enter_name(name, L"x");
-    EXPECT_TRUE(DeleteFileW(path.c_str()));
+    EXPECT_TRUE(DeleteFileW(saving.path.c_str()));
 }
 
 TEST(SaveProfile, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
@@ -108,17 +100,13 @@ TEST(SaveProfile, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
 
 TEST(SaveProfile, TakesAtMost256UnitsAndWholeUnitsOnly)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"long.txt");
-    AnsweredSaveDialog dialog(path);
+    Saving saving(L"long.txt");
     const std::wstring long_name(5000, L'n');
-    EXPECT_EQ(send_name(list, list.ask_name_for({1}), 0, long_name, 10'000), TRUE);
-    EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, std::u16string(256, u'n'))));
-    DeleteFileW(path.c_str());
-    EXPECT_EQ(send_name(list, list.ask_name_for({1}), 0, long_name, 7), TRUE);
-    EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"nnn")));
+    EXPECT_EQ(send_name(saving.list, saving.list.ask_name_for({1}), 0, long_name, 10'000), TRUE);
+    EXPECT_EQ(hex(read_file(saving.path)), hex(profile_of(ten_windows(), {1}, std::u16string(256, u'n'))));
+    DeleteFileW(saving.path.c_str());
+    EXPECT_EQ(send_name(saving.list, saving.list.ask_name_for({1}), 0, long_name, 7), TRUE);
+    EXPECT_EQ(hex(read_file(saving.path)), hex(profile_of(ten_windows(), {1}, u"nnn")));
 }
 
 TEST(SaveProfile, CreatesNoFileAfterEitherCancel)
@@ -177,22 +165,18 @@ TEST(SaveProfile, TakesTheNameFromWhicheverWindowSendsIt)
 
 TEST(SaveProfile, TakesANameThatIsNowhereForAnEmptyOne)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
-    const TemporaryFolder folder;
-    const std::wstring path = folder.file(L"saved.txt");
-    AnsweredSaveDialog dialog(path);
+    Saving saving;
     BoxWatcher boxes;
     for (const DWORD bytes : {0U, 2U, 512U, 0xFFFF'FFFFU}) {
         SCOPED_TRACE(bytes);
-        EXPECT_EQ(send_name(list, list.ask_name_for({1}), 0, L"Before", 12), TRUE);
-        DeleteFileW(path.c_str());
-        EXPECT_EQ(send_name_at(list, list.ask_name_for({1}), 0, nullptr, bytes), TRUE);
-        EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"")));
-        DeleteFileW(path.c_str());
+        EXPECT_EQ(send_name(saving.list, saving.list.ask_name_for({1}), 0, L"Before", 12), TRUE);
+        DeleteFileW(saving.path.c_str());
+        EXPECT_EQ(send_name_at(saving.list, saving.list.ask_name_for({1}), 0, nullptr, bytes), TRUE);
+        EXPECT_EQ(hex(read_file(saving.path)), hex(profile_of(ten_windows(), {1}, u"")));
+        DeleteFileW(saving.path.c_str());
     }
-    EXPECT_EQ(send_name(list, list.ask_name_for({1}), 0, L"x", 0), TRUE);
-    EXPECT_EQ(hex(read_file(path)), hex(profile_of(ten_windows(), {1}, u"")));
+    EXPECT_EQ(send_name(saving.list, saving.list.ask_name_for({1}), 0, L"x", 0), TRUE);
+    EXPECT_EQ(hex(read_file(saving.path)), hex(profile_of(ten_windows(), {1}, u"")));
     boxes.expect_no_boxes();
 }
 
@@ -214,18 +198,14 @@ TEST(SaveProfile, IgnoresDataOfOtherKindsAndMissingData)
 TEST(SaveProfile, TakesAFileSystemThatHasNoFlushing)
 {
     for (const DWORD code : {DWORD{ERROR_INVALID_FUNCTION}, DWORD{ERROR_NOT_SUPPORTED}}) {
-        const FilledScan scan(ten_windows());
-        const ListOfWindows list;
-        const TemporaryFolder folder;
-        const std::wstring path = folder.file(L"saved.txt");
-        const HWND name = list.ask_name_for({1});
-        AnsweredSaveDialog dialog(path);
+        Saving saving;
+        const HWND name = saving.list.ask_name_for({1});
         const FailingImport<"FlushFileBuffers", decltype(FlushFileBuffers)> failing(
             "kernel32.dll", test_support::kEveryCall, FALSE, code);
         BoxWatcher boxes;
-        EXPECT_EQ(send_name(list, name, 0, L"x", 2), TRUE);
+        EXPECT_EQ(send_name(saving.list, name, 0, L"x", 2), TRUE);
         boxes.expect_no_boxes();
-        EXPECT_TRUE(file_exists(path));
+        EXPECT_TRUE(file_exists(saving.path));
     }
 }
 

@@ -111,6 +111,19 @@ private:
         "comdlg32.dll", [this](OPENFILENAMEW* settings) { return answer(settings); }};
 };
 
+// A list of ten scanned windows, and a save dialog that is answered with a path in a folder of its own.
+struct Saving {
+    explicit Saving(const std::wstring& file_name = L"saved.txt") : path(folder.file(file_name)), dialog(path)
+    {
+    }
+
+    const FilledScan scan{ten_windows()};
+    const ListOfWindows list;
+    const test_support::TemporaryFolder folder;
+    const std::wstring path;
+    AnsweredSaveDialog dialog;
+};
+
 // The record's eight arrays, in the order in which they are allocated.
 std::vector<const void*> arrays_of(const STR_RW_PRFL& record);
 bool has_arrays(const STR_RW_PRFL& record);

@@ -252,7 +252,15 @@ TEST(HostileWindows, MayDieWhileTheyAreLoaded)
     fixtures.wait_for_window(L"late");
     fixtures.wait_for_window(L"stays");
     fixtures.stop(L"late");
-    EXPECT_EQ(boxes.wait_for_box(0, kLongWait).text,
+    // A window that dies just when it is looked at ends that pass with a box of its own; a later one finds it
+    // gone.
+    std::size_t passes_ended = 0;
+    while (boxes.wait_for_box(passes_ended, kLongWait).text ==
+           L"error\n\nfile:\nsources/"
+           L"funcs_layout_windows\nfunction:\nGetHWNDS_of_LoadedPrograms\nline:\n8405\n\n"
+           L"ERROR <- GetModuleFileNameEx()\nline of error handler:8713")
+        ++passes_ended;
+    EXPECT_EQ(boxes.wait_for_box(passes_ended, kLongWait).text,
               L"Not all Programs of Profile were detected after launching\n");
     wendlow.wait_until_idle();
     const HWND window = fixtures.wait_for_window(L"stays");
@@ -269,7 +277,7 @@ TEST(HostileWindows, MayDieWhileTheyAreLoaded)
     EXPECT_TRUE(becomes_true([&] { return IsIconic(window) == FALSE; }));
     wendlow.apply(L"Close");
     fixtures.wait_for_end(L"stays");
-    EXPECT_EQ(boxes.count(), 1u);
+    EXPECT_EQ(boxes.count(), passes_ended + 1);
 }
 
 // It has a title, but never tells it: scanning and loading go on without it.

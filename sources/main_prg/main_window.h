@@ -1,53 +1,13 @@
-// The main window: its class, its state and its window procedure.
+// The main window: its class and its window procedure.
 #pragma once
 
 #include <windows.h>
 
-#include <shellapi.h>
-
-#include <cstdint>
-
-#include "sources/funcs_layout_windows/main_view/main_layout.h"
-#include "sources/funcs_layout_windows/profiles/combo_boxes.h"
-#include "sources/funcs_layout_windows/profiles/loaded_profiles.h"
+#include "sources/main_prg/main_window_state.h"
 
 // The class name also tells a running instance from none.
 inline constexpr wchar_t kClass_MainWindow[] = L"prg_wnds_layout";
 inline constexpr wchar_t kTitle_MainWindow[] = L"Wendlow";
-
-// Identifiers of the main window's controls.
-enum MainControl : unsigned {
-    ID_BTN_SCAN = 1,
-    ID_BTN_LOAD_PROFILE = 2,
-    ID_CB_PROFILE = 4,
-    ID_CB_ACTION = 5,
-    ID_BTN_APPLY = 6,
-};
-
-// Commands kept for menu items that the menu does not have, from the first to the last.
-inline constexpr unsigned kReservedCommand_first = 3;
-inline constexpr unsigned kReservedCommand_last = 8;
-
-// The process-wide state of the main window. Fields called unread are there for whoever looks at it in a
-// debugger or a dump: the program itself is handed the value.
-struct MainWindowState {
-    HWND hwnd_MW;    // unread: every message names the window
-    HINSTANCE hInst; // of the module that made the window; used for every child
-    HWND hWndBTN00;  // Scan
-    HWND hWndBTN_LoadProfile;
-    HWND hwnd_CB_Profile;
-    HWND hwnd_CB_Action;
-    HWND hWndBTN_Apply;
-    HFONT hFont_controls;
-    bool flag_store_initialised; // set before the one attempt to set the store up
-    HDROP hDrop;                 // of the last WM_DROPFILES; unread: the drop is done when its message is
-    STR_GeomLt STR_GeomLt_MW;
-    CB_mng_STR CB_Profile;
-    CB_Action_mng_STR CB_Action;
-    LoadedProfiles_STR LoadedProfiles;
-};
-
-extern MainWindowState main_window;
 
 // The main window's procedure.
 LRESULT CALLBACK WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "sources/main_prg/main_window.h"
+#include "sources/main_prg/main_window_state.h"
 
 // Builds the main window's contents: layout constants, five controls, lists' records, control font, COM on
 // this thread. What cannot be made is shown in a box and the window goes on without it.

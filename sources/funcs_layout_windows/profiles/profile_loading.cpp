@@ -5,7 +5,7 @@
 
 #include <commdlg.h>
 
-#include "sources/funcs_layout_windows/profiles/launching.h"
+#include "sources/funcs_layout_windows/launching/launching.h"
 #include "sources/funcs_layout_windows/profiles/profiles_errors.h"
 #include "sources/profile_file/profile_file.h"
 #include "sources/win32/memory_block.h"

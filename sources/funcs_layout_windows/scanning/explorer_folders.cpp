@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <string_view>
 
+#include "sources/funcs_layout_windows/open_windows/shell_folder_walk.h"
 #include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/funcs_layout_windows/scanning/scanning_errors.h"
-#include "sources/funcs_layout_windows/scanning/shell_folder_walk.h"
 
 namespace
 {

@@ -8,7 +8,7 @@
 #include <span>
 #include <type_traits>
 
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
 
 // Process-wide; every block comes from VirtualAlloc and is zero-filled. Slots are numbered from 0 in the
 // order of the second enumeration pass. Slots from counter_filled on are empty; the first of them may hold

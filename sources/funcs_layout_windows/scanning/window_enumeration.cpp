@@ -7,11 +7,11 @@
 #include <string_view>
 
 #include "errors/system_error_box.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_inspection.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/funcs_layout_windows/scanning/scanning_errors.h"
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
-#include "sources/funcs_layout_windows/scanning/window_inspection.h"
 
 namespace
 {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "sources/funcs_layout_windows/profiles/window_matching.h"
+#include "sources/funcs_layout_windows/launching/window_matching.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"

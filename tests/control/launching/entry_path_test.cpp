@@ -1,4 +1,4 @@
-#include "sources/funcs_layout_windows/profiles/entry_path.h"
+#include "sources/funcs_layout_windows/launching/entry_path.h"
 
 #include <gtest/gtest.h>
 

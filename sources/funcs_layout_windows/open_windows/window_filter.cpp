@@ -1,4 +1,4 @@
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
-#include "sources/funcs_layout_windows/scanning/window_inspection.h"
+#include "sources/funcs_layout_windows/open_windows/window_inspection.h"
 
 #include <algorithm>
 #include <array>
 
 #include <psapi.h>
 
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
 
 namespace
 {

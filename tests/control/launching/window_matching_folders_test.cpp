@@ -1,4 +1,4 @@
-#include "sources/funcs_layout_windows/profiles/window_matching.h"
+#include "sources/funcs_layout_windows/launching/window_matching.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Which windows are dealt with, and how their titles are shortened.
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "sources/funcs_layout_windows/profiles/launching.h"
+#include "sources/funcs_layout_windows/launching/launching.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "sources/funcs_layout_windows/profiles/launch_state.h"
+#include "sources/funcs_layout_windows/launching/launch_state.h"
 
-#include "sources/funcs_layout_windows/profiles/profiles_errors.h"
+#include "sources/funcs_layout_windows/launching/launching_errors.h"
 #include "sources/profile_file/profile_file.h"
 #include "sources/win32/memory_block.h"
 

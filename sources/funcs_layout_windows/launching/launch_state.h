@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <span>
 
-#include "sources/funcs_layout_windows/profiles/entry_path.h"
-#include "sources/funcs_layout_windows/profiles/window_matching.h"
+#include "sources/funcs_layout_windows/launching/entry_path.h"
+#include "sources/funcs_layout_windows/launching/window_matching.h"
 
 // The arrays are zero-filled blocks with one element per entry of the profile, unless said otherwise.
 struct LaunchState {

@@ -1,10 +1,10 @@
-#include "sources/funcs_layout_windows/scanning/shell_folder_walk.h"
+#include "sources/funcs_layout_windows/open_windows/shell_folder_walk.h"
 
 #include <array>
 
 #include <servprov.h>
 
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
 
 namespace
 {

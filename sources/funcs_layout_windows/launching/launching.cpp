@@ -1,11 +1,11 @@
-#include "sources/funcs_layout_windows/profiles/launching.h"
+#include "sources/funcs_layout_windows/launching/launching.h"
 
 #include <shellapi.h>
 
 #include <algorithm>
 
-#include "sources/funcs_layout_windows/profiles/profiles_errors.h"
-#include "sources/funcs_layout_windows/profiles/profiles_notices.h"
+#include "sources/funcs_layout_windows/launching/launching_errors.h"
+#include "sources/funcs_layout_windows/launching/launching_notices.h"
 #include "sources/profile_file/profile_file.h"
 
 namespace

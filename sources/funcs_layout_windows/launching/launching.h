@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "sources/funcs_layout_windows/profiles/launch_state.h"
+#include "sources/funcs_layout_windows/launching/launch_state.h"
 
 // Results of launch_profile besides 1.
 inline constexpr std::int32_t kLaunch_folder_check_failed = -15;

@@ -1,14 +1,14 @@
-#include "sources/funcs_layout_windows/profiles/window_matching.h"
+#include "sources/funcs_layout_windows/launching/window_matching.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-#include "sources/funcs_layout_windows/profiles/entry_path.h"
-#include "sources/funcs_layout_windows/profiles/profiles_errors.h"
-#include "sources/funcs_layout_windows/scanning/shell_folder_walk.h"
-#include "sources/funcs_layout_windows/scanning/window_filter.h"
-#include "sources/funcs_layout_windows/scanning/window_inspection.h"
+#include "sources/funcs_layout_windows/launching/entry_path.h"
+#include "sources/funcs_layout_windows/launching/launching_errors.h"
+#include "sources/funcs_layout_windows/open_windows/shell_folder_walk.h"
+#include "sources/funcs_layout_windows/open_windows/window_filter.h"
+#include "sources/funcs_layout_windows/open_windows/window_inspection.h"
 #include "sources/profile_file/profile_file.h"
 
 namespace

@@ -1,4 +1,4 @@
-#include "sources/funcs_layout_windows/scanning/shell_folder_walk.h"
+#include "sources/funcs_layout_windows/open_windows/shell_folder_walk.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstring>
 #include <memory>
 
@@ -26,6 +27,25 @@ ExpectedBox store_box(const std::wstring& function, int site, int handler, const
 }
 
 } // namespace
+
+TEST(LoadedProfiles, HaveTheirFieldsInOrder)
+{
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, uiN_loaded_prfls), 0u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_size_file), 4u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, uiMax_num_loaded_prfls), 4100u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_N_Folders), 4104u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_N_Programs), 8200u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, uiSize_DynMem_hwnds_wnds_prfl), 12'296u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, uiSize_DynMem_files), 12'300u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, pc_hwnds_wnds_of_prfl), 12'304u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, pc_raw_FilesProfile), 12'312u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_off_PrfName_beg), 12'320u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_off_PrfName_last), 16'416u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_off_hwnds_beg), 20'512u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_off_hwnds_end), 24'608u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_off_file_beg), 28'704u);
+    EXPECT_EQ(offsetof(LoadedProfiles_STR, arr1D_ui_off_file_end), 32'800u);
+}
 
 TEST(LoadedProfiles, AreSetUpWithTheirCapacitiesAndZeroedAreas)
 {

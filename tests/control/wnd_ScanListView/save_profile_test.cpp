@@ -28,11 +28,15 @@ TEST(SaveProfile, WritesTheTickedRowsUnderTheEnteredName)
         EXPECT_FALSE(IsWindow(name)) << "the name window goes first";
         EXPECT_EQ(settings.lStructSize, 152u);
         EXPECT_EQ(settings.hwndOwner, saving.list.window);
+        EXPECT_EQ(settings.hInstance, nullptr);
         EXPECT_EQ(settings.lpstrFilter, nullptr);
+        EXPECT_EQ(settings.lpstrCustomFilter, nullptr);
+        EXPECT_EQ(settings.nFilterIndex, 0u);
         EXPECT_STREQ(settings.lpstrFile, L"Profile_01");
         EXPECT_EQ(settings.nMaxFile, 260u);
         EXPECT_NE(settings.lpstrFileTitle, nullptr);
         EXPECT_EQ(settings.nMaxFileTitle, 260u);
+        EXPECT_EQ(settings.lpstrInitialDir, nullptr);
         EXPECT_STREQ(settings.lpstrTitle, L"Save Profile");
         EXPECT_STREQ(settings.lpstrDefExt, L"txt");
         EXPECT_EQ(settings.Flags, 0x81006u);
@@ -73,8 +77,10 @@ TEST(SaveProfile, CreatesANewFileOnlyForItselfAndClosesIt)
             EXPECT_EQ(file, saving.path);
             EXPECT_EQ(access, 0xC0000000u);
             EXPECT_EQ(share, 0u);
+            EXPECT_EQ(security, nullptr);
             EXPECT_EQ(disposition, 1u);
             EXPECT_EQ(attributes, 0x80u);
+            EXPECT_EQ(pattern, nullptr);
             return original->call_original(file, access, share, security, disposition, attributes, pattern);
         });
     original = &hook;

@@ -17,6 +17,14 @@ void say(const std::string& line)
     std::cout << line << std::endl;
 }
 
+void ask_for_picture(const std::string& name, const std::string& part)
+{
+    say("PICTURE " + name + part);
+    std::string answer;
+    if (!std::getline(std::cin, answer) || !answer.starts_with("done"))
+        throw test_support::Failure("no picture " + name + " was taken");
+}
+
 } // namespace
 
 void step(const std::string& text)
@@ -26,10 +34,14 @@ void step(const std::string& text)
 
 void picture(const std::string& name)
 {
-    say("PICTURE " + name);
-    std::string answer;
-    if (!std::getline(std::cin, answer) || !answer.starts_with("done"))
-        throw test_support::Failure("no picture " + name + " was taken");
+    ask_for_picture(name, "");
+}
+
+void picture(const std::string& name, const RECT& part)
+{
+    ask_for_picture(name, " " + std::to_string(part.right - part.left) + "x" +
+                              std::to_string(part.bottom - part.top) + "+" + std::to_string(part.left) + "+" +
+                              std::to_string(part.top));
 }
 
 void row(const std::string& window, const std::string& saved, const std::string& found)

@@ -1,6 +1,7 @@
 // The main job on real programs, done as a user does it: lay out, scan, tick, save, close, load. The
 // script that runs this shows the steps, takes the pictures and prints the table. With the argument
-// --for-user it only opens everything and leaves the rest to the user.
+// --for-user it only opens everything and leaves the rest to the user; with --pictures it takes the pictures
+// of the guide.
 #include <windows.h>
 
 #include <algorithm>
@@ -8,7 +9,9 @@
 
 #include "tests/demo/demo_desktop.h"
 #include "tests/demo/demo_for_user.h"
+#include "tests/demo/demo_pictures.h"
 #include "tests/demo/demo_script.h"
+#include "tests/demo/demo_user.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
@@ -28,9 +31,6 @@ namespace
 const std::wstring kDemoFolder = L"C:\\wendlow-demo";
 const std::wstring kLettersFolder = kDemoFolder + L"\\Letters";
 const std::wstring kProfile = kDemoFolder + L"\\Office.txt";
-
-// Positions in the Action list.
-enum Action { kMinimize, kRestore, kClose };
 
 std::vector<DesktopWindow> windows_to_lay_out()
 {
@@ -135,20 +135,6 @@ void compare_profile(const std::vector<SavedWindow>& profile, const Desktop& des
     }
 }
 
-// While a load goes on the program does not answer.
-void wait_for_profile_names(const WendlowProcess& wendlow, std::size_t count)
-{
-    wait_until(
-        [&] {
-            DWORD_PTR names = 0;
-            return SendMessageTimeoutW(wendlow.profile_combo(), CB_GETCOUNT, 0, 0, SMTO_NORMAL, 100,
-                                       &names) &&
-                   names == count;
-        },
-        2 * kLongWait, "the profile to be loaded");
-    wendlow.wait_until_idle();
-}
-
 void load_profile(const WendlowProcess& wendlow)
 {
     step("Load Profile is pressed");
@@ -200,12 +186,9 @@ void modify_and_move(const WendlowProcess& wendlow, const Desktop& desktop)
     const int row = wendlow.row_of(title_of(notepad.window));
     list.click_check_box(row);
     bring_to_front(wendlow.list_window());
-    right_click(list.cell_centre(row, 2));
-    const HWND menu = wait_for([&] { return find_window(wendlow.process_id(), L"#32768"); }, kShortWait,
-                               "the popup menu of the list");
+    const HWND menu = open_cell_menu(wendlow, row, 2);
     picture("11-popup-menu");
-    click(centre_of(menu));
-    const HWND cell = wait_for([&] { return wendlow.modify_cell_window(); }, kShortWait, "Modify Cell");
+    const HWND cell = choose_modify_cell(wendlow, menu);
     picture("12-modify-cell");
     bring_to_front(cell);
     double_click(centre_of(GetDlgItem(cell, 0)));
@@ -222,29 +205,13 @@ void modify_and_move(const WendlowProcess& wendlow, const Desktop& desktop)
     picture("14-notepad-moved");
 }
 
-// Drops the Action list down with the mouse, chooses with the keyboard and presses Apply.
-void apply_action(const WendlowProcess& wendlow, int position, const std::string& picture_name = "")
-{
-    const HWND actions = wendlow.action_combo();
-    click(actions);
-    press_key(VK_HOME);
-    for (int i = 0; i < position; ++i)
-        press_key(VK_DOWN);
-    wait_until([&] { return wendlow.combo_selection(actions) == position; }, kShortWait,
-               "the action to be chosen");
-    if (!picture_name.empty())
-        picture(picture_name);
-    press_key(VK_RETURN);
-    wendlow.wait_until_idle();
-    click(wendlow.apply_button());
-    wendlow.wait_until_idle();
-}
-
 void apply_actions(const WendlowProcess& wendlow, const std::vector<SavedWindow>& profile,
                    const Desktop& desktop)
 {
     step("Apply: Minimize");
-    apply_action(wendlow, kMinimize, "15-actions");
+    choose_action(wendlow, kMinimize);
+    picture("15-actions");
+    press_apply(wendlow);
     for (const DesktopWindow& window : desktop.windows())
         expect(becomes_placed(window.window, {.minimised = true}), window.name + " was not minimised");
     picture("16-minimised");
@@ -309,6 +276,8 @@ int main(int argc, char** argv)
     try {
         if (argc == 2 && std::string_view(argv[1]) == "--for-user")
             open_for_user();
+        else if (argc == 2 && std::string_view(argv[1]) == "--pictures")
+            take_pictures_of_guide();
         else
             run_demo();
     } catch (const std::exception& failure) {

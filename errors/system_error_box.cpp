@@ -1,6 +1,7 @@
 #include "errors/system_error_box.h"
 
 #include "sources/win32/bytes_as_wide.h"
+#include "sources/win32/memory_block.h"
 
 DWORD last_system_error;
 
@@ -9,11 +10,11 @@ void show_system_error(DWORD code, ErrorEncoding title_encoding)
     static constexpr auto kTitle_bytes = bytes_as_wide("GetLastError");
 
     last_system_error = code;
-    wchar_t* text = nullptr;
+    LocalText text;
     FormatMessageW(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-        code, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<wchar_t*>(&text), 0, nullptr);
-    MessageBoxW(nullptr, text, title_encoding == ErrorEncoding::BYTES ? kTitle_bytes.data() : L"GetLastError",
+        code, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<wchar_t*>(text.out()), 0, nullptr);
+    MessageBoxW(nullptr, text.get(),
+                title_encoding == ErrorEncoding::BYTES ? kTitle_bytes.data() : L"GetLastError",
                 MB_ICONINFORMATION);
-    LocalFree(text);
 }

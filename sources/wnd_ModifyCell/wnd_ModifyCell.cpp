@@ -13,7 +13,9 @@
 #include "sources/funcs_layout_windows/scanning/scan_command.h"
 #include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
+#include "sources/win32/list_view_text.h"
 #include "sources/win32/own_window.h"
+#include "sources/win32/text_in.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
 #include "sources/wnd_ModifyCell/modify_cell_layout.h"
 #include "sources/wnd_ModifyCell/modify_cell_rules.h"
@@ -227,12 +229,7 @@ void on_WM_COPYDATA(HWND sender, const COPYDATASTRUCT* data, ModifyCellState* st
     std::memcpy(&state->cell, data->lpData, sizeof state->cell);
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
         EditText text{};
-        LVITEMW item{};
-        item.iSubItem = kColumns[i];
-        item.pszText = text.data();
-        item.cchTextMax = static_cast<int>(text.size());
-        SendMessageW(state->cell.hwndListView, LVM_GETITEMTEXTW, state->cell.uiRow,
-                     reinterpret_cast<LPARAM>(&item));
+        read_cell_text(state->cell.hwndListView, state->cell.uiRow, kColumns[i], text);
         SetWindowTextW(state->controls[i], text.data());
     }
 }
@@ -297,13 +294,8 @@ void show_valid_texts(HWND hwndListView, std::uint32_t row, EditTexts* texts)
 {
     for (std::size_t i = 0; i < kModifyCell_edits; ++i) {
         EditText& text = (*texts)[i];
-        if (!is_edit_valid(text_in(text), is_alphanumeric, is_alphabetic))
-            continue;
-        LVITEMW item{};
-        item.iSubItem = kColumns[i];
-        item.pszText = text.data();
-        item.cchTextMax = static_cast<int>(text.size());
-        SendMessageW(hwndListView, LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+        if (is_edit_valid(text_in(text), is_alphanumeric, is_alphabetic))
+            set_cell_text(hwndListView, row, kColumns[i], text);
     }
 }
 

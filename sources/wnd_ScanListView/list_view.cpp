@@ -5,6 +5,7 @@
 
 #include "errors/system_error_box.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
+#include "sources/win32/list_view_text.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
 
@@ -201,11 +202,7 @@ bool is_row_ticked(HWND hwndLV, std::uint32_t row)
 CellText read_cell(HWND hwndLV, std::uint32_t row, int column)
 {
     CellText text{};
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text.data();
-    item.cchTextMax = static_cast<int>(text.size());
-    SendMessageW(hwndLV, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(&item));
+    read_cell_text(hwndLV, row, column, text);
     return text;
 }
 

@@ -10,6 +10,7 @@
 #include "sources/funcs_layout_windows/open_windows/window_filter.h"
 #include "sources/funcs_layout_windows/open_windows/window_inspection.h"
 #include "sources/profile_file/profile_file.h"
+#include "sources/win32/text_in.h"
 
 namespace
 {

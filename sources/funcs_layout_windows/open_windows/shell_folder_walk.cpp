@@ -5,6 +5,7 @@
 #include <servprov.h>
 
 #include "sources/funcs_layout_windows/open_windows/window_filter.h"
+#include "sources/win32/text_in.h"
 
 namespace
 {

@@ -67,9 +67,3 @@ void shorten_title(std::wstring_view title, std::size_t announced_units,
     }
     std::fill(out, slot.end(), L'\0');
 }
-
-std::wstring_view text_in(std::span<const wchar_t> buffer)
-{
-    const auto end = std::find(buffer.begin(), buffer.end(), L'\0');
-    return {buffer.data(), static_cast<std::size_t>(end - buffer.begin())};
-}

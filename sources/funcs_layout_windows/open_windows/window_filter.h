@@ -28,6 +28,3 @@ bool is_explorer_image(std::wstring_view path);
 // believed.
 void shorten_title(std::wstring_view title, std::size_t announced_units,
                    std::span<wchar_t, kTitle_slot_units> slot);
-
-// The text in `buffer` up to its first zero, or all of it.
-std::wstring_view text_in(std::span<const wchar_t> buffer);

@@ -6,6 +6,7 @@
 #include <psapi.h>
 
 #include "sources/funcs_layout_windows/open_windows/window_filter.h"
+#include "sources/win32/kernel_handle.h"
 
 namespace
 {
@@ -43,14 +44,13 @@ bool window_qualifies(HWND hwnd, std::span<wchar_t> title)
 
 ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD limit_units)
 {
-    const HANDLE process =
-        OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_VM_READ, FALSE, process_id);
-    if (process == nullptr)
+    KernelHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_VM_READ, FALSE, process_id));
+    if (!process)
         return ImagePath::UNAVAILABLE;
     std::fill(buffer.begin(), buffer.end(), L'\0');
-    // Quirk: on failure the handle stays open; it is one for each pass, which ends there.
-    if (K32GetModuleFileNameExW(process, nullptr, buffer.data(), limit_units) == 0)
+    if (K32GetModuleFileNameExW(process.get(), nullptr, buffer.data(), limit_units) == 0) {
+        process.leave_open(); // Quirk: stays open; it is one for each pass, which ends there.
         return ImagePath::FAILED;
-    CloseHandle(process);
+    }
     return buffer.front() == L'\0' ? ImagePath::UNAVAILABLE : ImagePath::READ;
 }

@@ -55,12 +55,27 @@ ReadableList readable_list(const std::uint8_t* bytes)
 // is given.
 ReadableList look_at_drop(HDROP hDrop)
 {
-    const auto* bytes = static_cast<const std::uint8_t*>(GlobalLock(hDrop));
-    if (bytes == nullptr)
+    const LockedMemory list(hDrop);
+    if (list.get() == nullptr)
         return ReadableList::NOTHING;
-    const ReadableList readable = readable_list(bytes);
-    GlobalUnlock(hDrop);
-    return readable;
+    return readable_list(static_cast<const std::uint8_t*>(list.get()));
+}
+
+// What came of a drop.
+enum class DropOutcome { LOADED, NO_MEMORY, NO_PATH, NOT_LOADED };
+
+// Loads the first file of the list.
+DropOutcome load_first_file(HWND hwnd_MW, HDROP hDrop, ReadableList list,
+                            LoadedProfiles_STR* p_LoadedProfiles_STR, CB_mng_STR* p_CB_Profile_mng_STR)
+{
+    const MemoryBlock<wchar_t> path(kDroppedPath_units);
+    if (!path)
+        return DropOutcome::NO_MEMORY;
+    if (list == ReadableList::NOTHING || DragQueryFileW(hDrop, 0, path.get(), kDroppedPath_units) == 0)
+        return DropOutcome::NO_PATH;
+    const std::int32_t loaded =
+        onButton_LoadProfile_clicked(hwnd_MW, 1, path.get(), p_LoadedProfiles_STR, p_CB_Profile_mng_STR);
+    return loaded < 0 ? DropOutcome::NOT_LOADED : DropOutcome::LOADED;
 }
 
 } // namespace
@@ -75,15 +90,14 @@ std::int32_t on_wm_dropfiles(HWND hwnd_MW, HDROP hDrop, LoadedProfiles_STR* p_Lo
     [[maybe_unused]] UINT uiN_files = 0;
     if (list == ReadableList::WHOLE)
         uiN_files = DragQueryFileW(hDrop, kCountFiles, nullptr, 0);
-    auto* path = allocate_block<wchar_t>(kDroppedPath_units * sizeof(wchar_t));
-    if (path == nullptr)
+    switch (load_first_file(hwnd_MW, hDrop, list, p_LoadedProfiles_STR, p_CB_Profile_mng_STR)) {
+    case DropOutcome::NO_MEMORY:
         return report<kDropMemory>();
-    if (list == ReadableList::NOTHING || DragQueryFileW(hDrop, 0, path, kDroppedPath_units) == 0) {
-        release_block(path);
+    case DropOutcome::NO_PATH:
         return report<kDropQuery>();
+    case DropOutcome::NOT_LOADED:
+        return report<kDropLoad>();
+    default:
+        return 1;
     }
-    const std::int32_t loaded =
-        onButton_LoadProfile_clicked(hwnd_MW, 1, path, p_LoadedProfiles_STR, p_CB_Profile_mng_STR);
-    release_block(path);
-    return loaded < 0 ? report<kDropLoad>() : 1;
 }

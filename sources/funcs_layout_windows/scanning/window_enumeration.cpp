@@ -12,6 +12,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/funcs_layout_windows/scanning/scanning_errors.h"
+#include "sources/win32/text_in.h"
 
 namespace
 {

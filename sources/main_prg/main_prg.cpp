@@ -97,6 +97,8 @@ int run_message_loop()
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPWSTR /*lpCmdLine*/, int nShowCmd)
 {
+    // Before any call that may load a library: none is taken from beside the program or the current folder.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (show_running_instance())
         return 0;
     initialise_common_controls();

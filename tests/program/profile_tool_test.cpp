@@ -17,12 +17,6 @@ using namespace test_support;
 namespace
 {
 
-std::wstring path_beside_wendlow(const std::wstring& name)
-{
-    const std::wstring wendlow = wendlow_path();
-    return wendlow.substr(0, wendlow.find_last_of(L'\\') + 1) + name;
-}
-
 // A console program with its output and error stream in one pipe.
 class ToolRun
 {

@@ -33,9 +33,8 @@ DWORD_PTR ask(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
     return answer;
 }
 
-HANDLE start(DWORD& process_id)
+HANDLE start(const std::wstring& path, DWORD& process_id)
 {
-    const std::wstring path = wendlow_path();
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process{};
@@ -85,11 +84,19 @@ std::wstring wendlow_path()
 #endif
 }
 
-WendlowProcess::WendlowProcess()
+std::wstring path_beside_wendlow(const std::wstring& name)
+{
+    const std::wstring wendlow = wendlow_path();
+    return wendlow.substr(0, wendlow.find_last_of(L'\\') + 1) + name;
+}
+
+WendlowProcess::WendlowProcess() : WendlowProcess(wendlow_path()) {}
+
+WendlowProcess::WendlowProcess(const std::wstring& path)
 {
     if (FindWindowW(kMainClass, nullptr))
         throw Failure("another copy of the program is running already");
-    process_ = start(process_id_);
+    process_ = start(path, process_id_);
     try {
         wait_until(
             [&] {
@@ -405,7 +412,7 @@ void WendlowProcess::apply(const std::wstring& action) const
 DWORD run_second_copy(unsigned milliseconds)
 {
     DWORD process_id = 0;
-    const HANDLE process = start(process_id);
+    const HANDLE process = start(wendlow_path(), process_id);
     try {
         const DWORD code = exit_code_after(process, milliseconds);
         CloseHandle(process);

@@ -20,12 +20,16 @@ namespace test_support
 
 // The path of the program that was built with these tests.
 std::wstring wendlow_path();
+// The path of another program in its folder; nothing says that it is there.
+std::wstring path_beside_wendlow(const std::wstring& name);
 
 class WendlowProcess
 {
 public:
     // Starts the program and waits for its main window.
     WendlowProcess();
+    // The same with a copy of the program that lies elsewhere.
+    explicit WendlowProcess(const std::wstring& path);
     // Closes the main window; ends the process when it does not end by itself within 5 s. A program that
     // has crashed fails the test.
     ~WendlowProcess();

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tools/wendlow_profile/opening.h"
+#include "tools/wendlow_profile/system_libraries.h"
 
 namespace
 {
@@ -24,6 +25,7 @@ int say(const std::wstring& text, ExitCode code)
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
 {
+    profile_tool::take_libraries_from_windows_only();
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (arguments == nullptr || count != 2)

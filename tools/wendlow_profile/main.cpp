@@ -9,6 +9,7 @@
 
 #ifdef _WIN32
 #include "tools/wendlow_profile/console.h"
+#include "tools/wendlow_profile/system_libraries.h"
 #endif
 
 namespace
@@ -44,6 +45,7 @@ int run(const std::vector<std::string>& arguments)
 #ifdef _WIN32
 int wmain(int, wchar_t** argv)
 {
+    profile_tool::take_libraries_from_windows_only();
     return run(profile_tool::utf8_arguments(argv));
 }
 #else

@@ -65,5 +65,6 @@ void fill_background(HWND hwnd, HDC hdc)
         {.x = client.right, .y = client.bottom, .Red = 0xBB00, .Green = 0xFD00, .Blue = 0xFD00, .Alpha = 0},
     }};
     GRADIENT_RECT whole{.UpperLeft = 0, .LowerRight = 1};
-    GradientFill(hdc, corners.data(), static_cast<ULONG>(corners.size()), &whole, 1, GRADIENT_FILL_RECT_V);
+    // GradientFill of gdi32: msimg32, which has it too, would be looked for beside the program first.
+    GdiGradientFill(hdc, corners.data(), static_cast<ULONG>(corners.size()), &whole, 1, GRADIENT_FILL_RECT_V);
 }

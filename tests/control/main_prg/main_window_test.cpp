@@ -116,8 +116,8 @@ TEST(MainWindow, PaintsItsGradientAndThenItsLabelsInTheControlsFont)
     RECT client{};
     GetClientRect(main.window, &client);
     std::vector<std::wstring> drawn;
-    const ImportHook<"GradientFill", decltype(GradientFill)> gradient(
-        "msimg32.dll",
+    const ImportHook<"GdiGradientFill", decltype(GdiGradientFill)> gradient(
+        "gdi32.dll",
         [&](HDC dc, PTRIVERTEX corners, ULONG n_corners, PVOID mesh, ULONG n_mesh, ULONG mode) -> BOOL {
             drawn.push_back(L"gradient");
             EXPECT_EQ(WindowFromDC(dc), main.window);

@@ -80,6 +80,12 @@ private:
         return handle == running_instance ? "the other" : handle == window ? "main" : "?";
     }
 
+    // Not carried out: the test's own process would stay so.
+    test_support::ImportHook<"SetDefaultDllDirectories", decltype(SetDefaultDllDirectories)> libraries_{
+        "kernel32.dll", [this](DWORD folders) -> BOOL {
+            step("libraries from %lX", folders);
+            return TRUE;
+        }};
     test_support::ImportHook<"GetSystemMetrics", decltype(GetSystemMetrics)> screen_{
         "user32.dll", [this](int metric) {
             return metric == SM_CXSCREEN ? 1366 : metric == SM_CYSCREEN ? 768 : screen_.call_original(metric);

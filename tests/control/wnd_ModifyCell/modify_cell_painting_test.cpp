@@ -46,8 +46,8 @@ public:
     std::vector<Label> labels;
 
 private:
-    ImportHook<"GradientFill", decltype(GradientFill)> fill_{
-        "msimg32.dll",
+    ImportHook<"GdiGradientFill", decltype(GdiGradientFill)> fill_{
+        "gdi32.dll",
         [this](HDC dc, TRIVERTEX* corners, ULONG n_corners, void* mesh, ULONG n_mesh, ULONG mode) {
             ++gradients;
             EXPECT_EQ(mode, 1u); // from top to bottom

@@ -97,6 +97,24 @@ private:
     std::size_t first_section_ = 0;
 };
 
+// A setting of the program's manifest, as the system reads it when it starts the program.
+std::wstring setting_of_manifest(const wchar_t* space, const wchar_t* name)
+{
+    const std::wstring path = wendlow_path();
+    ACTCTXW manifest{};
+    manifest.cbSize = sizeof(manifest);
+    manifest.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    manifest.lpSource = path.c_str();
+    manifest.lpResourceName = MAKEINTRESOURCEW(1);
+    const HANDLE context = CreateActCtxW(&manifest);
+    if (context == INVALID_HANDLE_VALUE)
+        throw Failure("the program has no manifest that the system can read");
+    wchar_t value[64]{};
+    QueryActCtxSettingsW(0, context, space, name, value, std::size(value), nullptr);
+    ReleaseActCtx(context);
+    return value;
+}
+
 TEST(ReleaseBinary, IsA64BitGuiProgram)
 {
     const Image image;
@@ -119,13 +137,14 @@ TEST(ReleaseBinary, IsLoadedAnywhereAndItsDataCannotBeRun)
 }
 
 // What the image names is loaded before its first instruction. Windows takes these from its own folder in any
-// case (its list of known libraries), and comctl32 from where the manifest says; all others it looks for
-// beside the program first.
+// case (its list of known libraries, and the set that stands for a part of one of them), and comctl32 from
+// where the manifest says; all others it looks for beside the program first.
 TEST(ReleaseBinary, NeedsNothingThatWindowsLooksForBesideTheProgram)
 {
     const std::set<std::string> taken_from_windows{
-        "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",   "kernel32.dll",
-        "msvcrt.dll",   "ole32.dll",    "oleaut32.dll", "shell32.dll", "user32.dll"};
+        "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",
+        "kernel32.dll", "msvcrt.dll",   "ole32.dll",    "oleaut32.dll",
+        "shcore.dll",   "shell32.dll",  "user32.dll",   "api-ms-win-shcore-scaling-l1-1-1.dll"};
     for (const wchar_t* program : {L"wendlow.exe", L"wendlow-open.exe", L"wendlow-profile.exe"}) {
         const std::wstring path = path_beside_wendlow(program);
         if (!file_exists(path))
@@ -133,6 +152,15 @@ TEST(ReleaseBinary, NeedsNothingThatWindowsLooksForBesideTheProgram)
         for (const std::string& module : Image(path).imported_modules())
             EXPECT_TRUE(taken_from_windows.count(module)) << module << " of " << printable(program);
     }
+}
+
+// Its own windows are scaled by the system on monitors of another scale than the primary one's.
+TEST(ReleaseBinary, DeclaresTheScaleOfTheSystemForItsWindows)
+{
+    EXPECT_EQ(setting_of_manifest(L"http://schemas.microsoft.com/SMI/2005/WindowsSettings", L"dpiAware"),
+              L"true");
+    EXPECT_EQ(setting_of_manifest(L"http://schemas.microsoft.com/SMI/2016/WindowsSettings", L"dpiAwareness"),
+              L"system");
 }
 
 TEST(ReleaseBinary, IsSmallAndWithoutSymbols)

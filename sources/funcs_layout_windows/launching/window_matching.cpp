@@ -10,6 +10,7 @@
 #include "sources/funcs_layout_windows/open_windows/window_filter.h"
 #include "sources/funcs_layout_windows/open_windows/window_inspection.h"
 #include "sources/profile_file/profile_file.h"
+#include "sources/win32/real_pixels.h"
 #include "sources/win32/text_in.h"
 
 namespace
@@ -28,8 +29,7 @@ bool fields_present(const HWNDs_loadedPrgsProfile_STR* record)
 // A window without area that is not at the origin belongs to no entry.
 bool is_empty_off_origin(HWND hwnd)
 {
-    RECT rect{};
-    GetWindowRect(hwnd, &rect);
+    const RECT rect = real_window_rect(hwnd);
     return (rect.left != 0 || rect.top != 0) && rect.right == rect.left && rect.bottom == rect.top;
 }
 

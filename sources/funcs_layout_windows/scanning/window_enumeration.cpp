@@ -12,6 +12,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/funcs_layout_windows/scanning/scanning_errors.h"
+#include "sources/win32/real_pixels.h"
 #include "sources/win32/text_in.h"
 
 namespace
@@ -61,8 +62,7 @@ void write_window(HWND hwnd, const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot,
                   std::size_t announced_units)
 {
     pSTR->pcDynMem_WinHndls[slot] = hwnd;
-    RECT rect{};
-    GetWindowRect(hwnd, &rect);
+    RECT rect = real_window_rect(hwnd);
     if (IsIconic(hwnd) != FALSE)
         rect = {};
 

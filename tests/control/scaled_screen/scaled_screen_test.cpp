@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "sources/funcs_layout_windows/profiles/apply_command.h"
+#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/support/fixture_programs.h"
+#include "tests/support/text.h"
+#include "tests/support/thread_scale.h"
+#include "tests/support/windows_lookup.h"
+
+// Numbers on a screen at another scale than 96 dots per inch; scripts/wine-session --scale makes one. The
+// thread of the tests has the scale of a program that knows of none, so that the system converts what it is
+// told and what it tells, other than inside the program's own commands.
+
+namespace
+{
+
+using namespace profile_tests;
+using scan_tests::Desktop;
+using scan_tests::ScanFixture;
+using test_support::FixturePrograms;
+using test_support::hex;
+using test_support::ProfileEncoder;
+using test_support::read_file;
+using test_support::TemporaryFolder;
+using test_support::ThreadScale;
+using test_support::units_of;
+
+struct RealScale : ThreadScale {
+    RealScale() : ThreadScale(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE) {}
+};
+
+int screen_width()
+{
+    return GetSystemMetrics(SM_CXSCREEN);
+}
+
+std::string real_place_of(HWND window)
+{
+    const RealScale real;
+    return place_of(window);
+}
+
+std::string real_place_once_it_is(HWND window, const std::string& expected)
+{
+    const RealScale real;
+    return place_once_it_is(window, expected);
+}
+
+struct ScaledScreen : testing::Test {
+    void SetUp() override
+    {
+        const int width = screen_width();
+        const RealScale real;
+        if (width == screen_width())
+            GTEST_SKIP() << "the screen is not scaled";
+    }
+
+    // Sides that are no multiples of the scale: converted there and back they would be others.
+    static TestWindow window_at_151_182()
+    {
+        const RealScale real;
+        return TestWindow(L"real", RECT{151, 182, 151 + 481, 182 + 361});
+    }
+
+    const ThreadScale own{DPI_AWARENESS_CONTEXT_UNAWARE};
+};
+
+} // namespace
+
+TEST_F(ScaledScreen, ConvertsWhatAThreadWithoutRealPixelsSees)
+{
+    const TestWindow window = window_at_151_182();
+    EXPECT_EQ(real_place_of(window), "151,182 481x361");
+    EXPECT_NE(place_of(window), "151,182 481x361");
+}
+
+TEST_F(ScaledScreen, ListsRealPixelsAndSavesThem)
+{
+    ScanFixture fixture;
+    const TestWindow window = window_at_151_182();
+    const Desktop desktop({window});
+    ASSERT_EQ(fixture.scan(), 1);
+    const std::vector<std::wstring> row = fixture.list().row(0);
+    EXPECT_EQ(std::vector(row.begin() + 2, row.begin() + 6),
+              (std::vector<std::wstring>{L"151", L"182", L"481", L"361"}));
+
+    const TemporaryFolder folder;
+    const std::wstring path = folder.file(L"saved.txt");
+    AnsweredSaveDialog dialog(path);
+    fixture.list().set_ticked(0, true);
+    fixture.press(2);
+    enter_name(name_window(), L"Scaled");
+    EXPECT_EQ(hex(read_file(path)),
+              hex(ProfileEncoder()
+                      .add_program(151, 182, 481, 361, units_of(scan_tests::own_image_path()))
+                      .name(u"Scaled")
+                      .bytes()));
+}
+
+TEST_F(ScaledScreen, MovesToRealPixels)
+{
+    ScanFixture fixture;
+    const TestWindow window = window_at_151_182();
+    const Desktop desktop({window});
+    ASSERT_EQ(fixture.scan(), 1);
+    fixture.list().set_ticked(0, true);
+    {
+        const RealScale real;
+        MoveWindow(window, 10, 20, 700, 300, TRUE);
+    }
+    fixture.press(1);
+    EXPECT_EQ(real_place_once_it_is(window, "151,182 481x361"), "151,182 481x361");
+}

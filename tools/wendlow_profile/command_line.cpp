@@ -133,7 +133,9 @@ ExitCode run_command_line(const std::vector<std::string>& arguments, const Surro
     Arguments parsed;
     Command chosen;
     CLI::App app(kDescription, "wendlow-profile");
+    app.allow_windows_style_options(false); // A path may begin with a slash there, too.
     app.footer(kFooter);
+    app.set_version_flag("--version", "wendlow-profile " WENDLOW_VERSION, "Print the version and exit");
     app.require_subcommand(0, 1);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
     add_show(&app, &parsed, output, &chosen);

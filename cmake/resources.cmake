@@ -4,11 +4,16 @@ string(REPLACE . , WENDLOW_VERSION_NUMBERS ${WENDLOW_VERSION})
 set(WENDLOW_RESOURCES ${PROJECT_BINARY_DIR}/resources)
 configure_file(resources/wendlow.manifest.in ${WENDLOW_RESOURCES}/wendlow.manifest @ONLY)
 
-# For a target with resources/wendlow.rc, which takes the manifest in.
-function(wendlow_take_manifest target)
+# What resources/wendlow.rc takes in; no scan for dependencies finds it.
+file(GLOB WENDLOW_RESOURCE_FILES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/resources/icons/*.ico)
+list(APPEND WENDLOW_RESOURCE_FILES ${WENDLOW_RESOURCES}/wendlow.manifest)
+
+# Menus, icons and manifest of the program.
+function(wendlow_take_resources target)
+  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/resources/wendlow.rc)
   target_include_directories(${target} PRIVATE $<$<COMPILE_LANGUAGE:RC>:${WENDLOW_RESOURCES}>)
   set_source_files_properties(${PROJECT_SOURCE_DIR}/resources/wendlow.rc PROPERTIES
-    OBJECT_DEPENDS ${WENDLOW_RESOURCES}/wendlow.manifest)
+    OBJECT_DEPENDS "${WENDLOW_RESOURCE_FILES}")
 endfunction()
 
 # Gives a program its version as Windows shows it.

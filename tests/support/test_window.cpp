@@ -9,6 +9,10 @@ void register_class(const wchar_t* name, WNDPROC procedure)
 {
     WNDCLASSEXW window_class{};
     window_class.cbSize = sizeof window_class;
+    if (GetClassInfoExW(GetModuleHandleW(nullptr), name, &window_class) != FALSE)
+        return;
+    window_class = {};
+    window_class.cbSize = sizeof window_class;
     window_class.lpfnWndProc = procedure;
     window_class.hInstance = GetModuleHandleW(nullptr);
     window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));

@@ -7,7 +7,8 @@
 namespace test_support
 {
 
-// Registers a window class of this process; nothing happens when it is there already.
+// Registers a window class of this process; nothing happens when it is there already, as one of the system's:
+// message boxes are made of those.
 void register_class(const wchar_t* name, WNDPROC procedure);
 
 // A top-level window of this process, destroyed at the end.

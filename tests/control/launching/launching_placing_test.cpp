@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <objbase.h>
+
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_placing.h"
 #include "tests/support/fixture_programs.h"
 
-// The order in which a load places its windows, and which window it restores.
+// The order in which a load starts, searches and places, and which window it restores.
 
 namespace
 {
@@ -19,6 +21,42 @@ using test_support::ProfileEncoder;
 using test_support::units_of;
 
 } // namespace
+
+TEST(Launching, StartsInTheOrderOfTheEntriesThenSearchesForFoldersThenForPrograms)
+{
+    ProfileFixture fixture;
+    std::string order;
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> program("kernel32.dll", [&](auto...) {
+        order += "program ";
+        return FALSE;
+    });
+    const ImportHook<"ShellExecuteExW", decltype(ShellExecuteExW)> folder("shell32.dll", [&](auto...) {
+        order += "folder ";
+        return FALSE;
+    });
+    const ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> shell(
+        "ole32.dll", [&](auto... arguments) {
+            order += "shell ";
+            return shell.call_original(arguments...);
+        });
+    const ImportHook<"EnumWindows", decltype(EnumWindows)> windows(
+        "user32.dll", [&](WNDENUMPROC callback, LPARAM parameter) {
+            if (callback == GetHWNDS_of_LoadedPrograms) // others ask for all windows as well
+                order += "windows ";
+            return windows.call_original(callback, parameter);
+        });
+    const BoxWatcher boxes; // tells of each kind that not all were loaded
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_program(0, 0, 9, 9, u"C:\\gone.exe")
+                               .add_folder(0, 0, 9, 9, u"C:\\gone")
+                               .add_folder(0, 0, 9, 9, u"C:\\gone too")
+                               .add_program(0, 0, 9, 9, u"C:\\gone too.exe")
+                               .name(u"Order")
+                               .bytes()),
+              1);
+    EXPECT_EQ(boxes.count(), 2u);
+    EXPECT_EQ(order, "program folder folder program shell windows ");
+}
 
 TEST(Launching, PlacesProgramsFirstAndRestoresTheLastOneForAMinimisedFolder)
 {

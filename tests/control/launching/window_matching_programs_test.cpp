@@ -4,6 +4,8 @@
 
 #include <psapi.h>
 
+#include <cstddef>
+
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/windows_lookup.h"
 
@@ -74,6 +76,35 @@ private:
 };
 
 } // namespace
+
+TEST(ProgramMatching, HasARecordWithItsFieldsInOrder)
+{
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, p_hwnd_arr), 0u);
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, ptcBuf), 8u);
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, uiSize_chars), 16u);
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, uiSize_bytes), 20u);
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, pcFileData), 24u);
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, pc_arr_STRs_InfoLoadedPrg), 32u);
+    EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, N_prgs), 40u);
+}
+
+TEST(ProgramMatching, ClosesTheProcessThatItHasAsked)
+{
+    const TestWindow window(L"mine");
+    Matcher matcher(one_entry(own_image()));
+    HANDLE opened = nullptr;
+    const ImportHook<"OpenProcess", decltype(OpenProcess)> open(
+        "kernel32.dll",
+        [&](auto... arguments) -> HANDLE { return opened = open.call_original(arguments...); });
+    std::vector<HANDLE> closed;
+    const ImportHook<"CloseHandle", decltype(CloseHandle)> close("kernel32.dll", [&](HANDLE handle) {
+        closed.push_back(handle);
+        return close.call_original(handle);
+    });
+    EXPECT_EQ(matcher.ask(window), TRUE);
+    EXPECT_EQ(closed, std::vector<HANDLE>{opened});
+    EXPECT_EQ(matcher.found.front(), window.get());
+}
 
 TEST(ProgramMatching, GivesAWindowToEveryEntryOfItsExecutableInAnyCase)
 {

@@ -152,6 +152,20 @@ TEST(DroppedFiles, LoadsTheFirstOfThree)
     EXPECT_TRUE(dropped.alive());
 }
 
+TEST(DroppedFiles, GiveThePathsMemoryBackAfterTheLoad)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    const TestWindow folder(L"folder");
+    fixture.folders.add(folder, L"C:\\windows");
+    const Drop dropped({write_profile(fixture, L"a.txt", u"A")});
+    const RecordedBlocks blocks;
+    EXPECT_EQ(drop(fixture, dropped), 1);
+    ASSERT_GT(blocks.taken.size(), 1u); // the load's come after it, and go before it
+    EXPECT_EQ(blocks.given_back.size(), blocks.taken.size());
+    EXPECT_EQ(blocks.given_back.back(), blocks.taken.front());
+}
+
 TEST(DroppedFiles, ShowsTheLoadsBoxAndThenAnUnreadableOneForAFileThatIsNoProfile)
 {
     ProfileFixture fixture;

@@ -37,9 +37,11 @@ TEST(ProfileLoading, AsksForAFileThatExists)
             EXPECT_EQ(settings->lStructSize, 152u);
             EXPECT_EQ(settings->hwndOwner, fixture.window.get());
             EXPECT_EQ(std::wstring(settings->lpstrFilter, 15), std::wstring(L"All Files\0*.*\0\0", 15));
+            EXPECT_EQ(settings->lpstrCustomFilter, nullptr);
             EXPECT_EQ(settings->nFilterIndex, 0u);
             EXPECT_EQ(std::wstring(settings->lpstrFile), L"");
             EXPECT_EQ(settings->nMaxFile, 260u);
+            EXPECT_NE(settings->lpstrFileTitle, nullptr);
             EXPECT_EQ(settings->nMaxFileTitle, 260u);
             EXPECT_EQ(std::wstring(settings->lpstrInitialDir), current);
             EXPECT_EQ(settings->lpstrTitle, nullptr);

@@ -48,6 +48,29 @@ TEST(CreateProfile, CountsEveryStateImageAboveTheFirstOfTheScansRows)
     FreeDynMem_wnds_Profile(&record);
 }
 
+// Other programs may tick a row between the two walks.
+TEST(CreateProfile, StoresNoMoreRowsThanItHasCounted)
+{
+    const FilledScan scan(ten_windows());
+    const ListOfWindows list;
+    int asked = 0;
+    STR_RW_PRFL record{};
+    HWND opened = nullptr;
+    {
+        const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
+            "user32.dll", [&](HWND target, UINT message, WPARAM row, LPARAM mask) {
+                if (message != LVM_GETITEMSTATE)
+                    return send.call_original(target, message, row, mask);
+                return LRESULT{++asked <= 10 && row != 4 ? 0x1000 : 0x2000};
+            });
+        EXPECT_EQ(onButton_Create_Profile(list.window, list.list, &opened, &record, &scan_record), 1);
+    }
+    ASSERT_EQ(record.N_wnds_in_profile, 1u);
+    EXPECT_EQ(record.p_arr1D_ui_indexes_wnds_profile[0], 0u); // the first that was ticked then
+    EXPECT_EQ(record.p_arr1D_ui_indexes_wnds_profile[1], 0u);
+    FreeDynMem_wnds_Profile(&record);
+}
+
 TEST(CreateProfile, ShowsAndUpdatesTheNameWindowAlsoWhenItIsMissing)
 {
     const FilledScan scan(ten_windows());

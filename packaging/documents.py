@@ -66,6 +66,8 @@ def main(docs, out, *documents):
         with open(os.path.join(docs, document), encoding="utf-8") as file:
             text = file.read()
         body = markdown.markdown(text, extensions=["tables", "fenced_code", "toc", "sane_lists"], output_format="html5")
+        # In a cell the bar of a table is written with a stroke before it, also within code.
+        body = re.sub(r"<td>.*?</td>", lambda cell: cell[0].replace(r"\|", "|"), body, flags=re.DOTALL)
         title = re.search(r"^# (.*)$", text, re.MULTILINE)[1].replace("`", "")
         page = PAGE.format(title=title, body=rewrite_links(body, docs, out, documents))
         with open(os.path.join(out, document.removesuffix(".md") + ".html"), "w", encoding="utf-8") as file:

@@ -163,6 +163,12 @@ TEST(ReleaseBinary, DeclaresTheScaleOfTheSystemForItsWindows)
               L"system");
 }
 
+TEST(ReleaseBinary, TakesPathsOfAnyLength)
+{
+    EXPECT_EQ(setting_of_manifest(L"http://schemas.microsoft.com/SMI/2016/WindowsSettings", L"longPathAware"),
+              L"true");
+}
+
 TEST(ReleaseBinary, IsSmallAndWithoutSymbols)
 {
     const Image image;

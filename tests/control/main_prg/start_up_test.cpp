@@ -31,18 +31,18 @@ SIZE size_of(HICON icon)
     return {colours.bmWidth, colours.bmHeight};
 }
 
-// The icon drawn 32 pixels wide and high on white.
-std::vector<COLORREF> picture_of(HICON icon)
+// The icon drawn so many pixels wide and high on white.
+std::vector<COLORREF> picture_of(HICON icon, int size = 32)
 {
     const HDC screen = GetDC(nullptr);
     const HDC dc = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 32, 32);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, size, size);
     const HGDIOBJ before = SelectObject(dc, bitmap);
-    PatBlt(dc, 0, 0, 32, 32, WHITENESS);
-    DrawIconEx(dc, 0, 0, icon, 32, 32, 0, nullptr, DI_NORMAL);
+    PatBlt(dc, 0, 0, size, size, WHITENESS);
+    DrawIconEx(dc, 0, 0, icon, size, size, 0, nullptr, DI_NORMAL);
     std::vector<COLORREF> pixels;
-    for (int y = 0; y < 32; ++y) {
-        for (int x = 0; x < 32; ++x)
+    for (int y = 0; y < size; ++y) {
+        for (int x = 0; x < size; ++x)
             pixels.push_back(GetPixel(dc, x, y));
     }
     SelectObject(dc, before);
@@ -60,6 +60,25 @@ std::vector<COLORREF> picture_of_resource(WORD id)
     const std::vector<COLORREF> picture = picture_of(icon);
     DestroyIcon(icon);
     return picture;
+}
+
+// The widths of the pictures that the icon has in the resources; each is as high as it is wide.
+std::vector<int> sizes_of_icon(WORD id)
+{
+    const HMODULE module = GetModuleHandleW(nullptr);
+    const auto bytes_of = [&](const wchar_t* type, WORD resource) {
+        const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(resource), type);
+        return static_cast<const BYTE*>(LockResource(LoadResource(module, found)));
+    };
+    const BYTE* group = bytes_of(RT_GROUP_ICON, id);
+    std::vector<int> sizes;
+    // Behind six bytes, the last two of which are the count, fourteen for each picture.
+    for (int i = 0; i < group[4]; ++i) {
+        const BYTE* entry = group + 6 + i * 14;
+        EXPECT_EQ(entry[0], entry[1]);
+        sizes.push_back(entry[0] == 0 ? 256 : entry[0]);
+    }
+    return sizes;
 }
 
 // What both classes have alike.
@@ -112,18 +131,33 @@ TEST(StartUp, RegistersTheMainWindowsClass)
     EXPECT_EQ(size_of(seen.hIconSm).cy, 32);
 }
 
-TEST(StartUp, HasOneIconOfEachSize)
+TEST(StartUp, HasItsIconInEverySize)
 {
-    const struct {
-        WORD id;
-        int size;
-    } icons[] = {{200, 32}, {201, 16}};
-    for (const auto& [id, size] : icons) {
-        // Without a size asked for: as it is in the resources.
-        const auto icon = static_cast<HICON>(
-            LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR));
-        EXPECT_EQ(size_of(icon).cx, size) << id;
-        EXPECT_EQ(size_of(icon).cy, size) << id;
+    EXPECT_EQ(sizes_of_icon(200), (std::vector<int>{16, 20, 24, 32, 48, 64, 256}));
+    EXPECT_EQ(sizes_of_icon(201), std::vector<int>{16});
+}
+
+TEST(StartUp, HasPicturesOfOneDrawingInItsIcon)
+{
+    for (const int size : {16, 20, 24, 32, 48, 64, 256}) {
+        SCOPED_TRACE(size);
+        const auto icon = static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(200),
+                                                        IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+        ASSERT_NE(icon, nullptr);
+        EXPECT_EQ(size_of(icon).cx, size);
+        EXPECT_EQ(size_of(icon).cy, size);
+        // A window's white in the middle of the left half, the frame's dark blue at the left edge.
+        const std::vector<COLORREF> picture = picture_of(icon, size);
+        const auto pixel = [&](int x, int y) {
+            return picture[static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
+                           static_cast<std::size_t>(x)];
+        };
+        EXPECT_EQ(pixel(size * 9 / 32, size * 14 / 32), RGB(255, 255, 255));
+        EXPECT_LT(GetRValue(pixel(0, size / 2)), 64);
+        EXPECT_LT(GetGValue(pixel(0, size / 2)), 160);
+        EXPECT_LT(GetBValue(pixel(0, size / 2)), 160);
+        // Nothing at the corner, which is round.
+        EXPECT_GT(GetRValue(pixel(0, 0)), 64);
         DestroyIcon(icon);
     }
 }

@@ -1,5 +1,5 @@
-// A program without any care for where its libraries come from: it needs msimg32.dll from the start, and loads
-// those that its command line names.
+// A program without any care for where its libraries come from: it needs msimg32.dll from the start, and
+// loads those that its command line names.
 #include <windows.h>
 
 #include <shellapi.h>

@@ -13,7 +13,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_command.h"
 #include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
-#include "sources/win32/list_view_text.h"
+#include "sources/win32/list_view_cells.h"
 #include "sources/win32/own_window.h"
 #include "sources/win32/text_in.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"

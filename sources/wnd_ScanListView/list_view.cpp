@@ -5,7 +5,7 @@
 
 #include "errors/system_error_box.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "sources/win32/list_view_text.h"
+#include "sources/win32/list_view_cells.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
 
@@ -190,13 +190,6 @@ std::int32_t on_WM_NOTIFY_ListView(HWND hwndThis, HWND hwndLV, WPARAM /*wParam*/
         break;
     }
     return 1;
-}
-
-bool is_row_ticked(HWND hwndLV, std::uint32_t row)
-{
-    const auto state = static_cast<int>(SendMessageW(hwndLV, LVM_GETITEMSTATE, row, LVIS_STATEIMAGEMASK));
-    // State image 1 is an empty check box, 2 a ticked one.
-    return (state >> 12) - 1 > 0;
 }
 
 CellText read_cell(HWND hwndLV, std::uint32_t row, int column)

@@ -26,9 +26,6 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM wParam, LPARAM lPara
 std::int32_t on_WM_NOTIFY_ListView(HWND hwndThis, HWND hwndLV, WPARAM wParam, LPARAM lParam,
                                    const NMHDR* pNMHDR, HMENU popup, STR_HitCell* hit_cell);
 
-// True when the check box of row `row` is ticked. A row without a check box is not.
-bool is_row_ticked(HWND hwndLV, std::uint32_t row);
-
 // The text of a cell, at most 19 units.
 using CellText = std::array<wchar_t, 20>;
 CellText read_cell(HWND hwndLV, std::uint32_t row, int column);

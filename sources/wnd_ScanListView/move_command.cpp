@@ -1,5 +1,6 @@
 #include "sources/wnd_ScanListView/move_command.h"
 
+#include "sources/win32/list_view_cells.h"
 #include "sources/win32/pixel_rect.h"
 #include "sources/win32/real_pixels.h"
 #include "sources/wnd_ModifyCell/modify_cell_rules.h"

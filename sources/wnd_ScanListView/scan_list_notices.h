@@ -1,7 +1,8 @@
-// Notices of the List of Windows window and its commands: boxes that report no failure.
+// Notices of Move: boxes that report no failure.
 #pragma once
 
-#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "errors/error_box.h"
+#include "sources/wnd_ScanListView/saving/error_sources.h"
 
 // clang-format off
 inline constexpr ErrorRow kMoveNothingTicked{
@@ -10,13 +11,4 @@ inline constexpr ErrorRow kMoveNothingTicked{
     .detail = "There are no selected items.\nSelect any item, change its position (or/and dimensions)\n"
               "and then press button Move.",
     .result = 1, .title = "info"};
-inline constexpr ErrorRow kCreateProfileNothingTicked{
-    .source = &kSource_scan_list, .site = 1246, .function = "onButton_Create_Profile",
-    .layout = ErrorLayout::PLAIN,
-    .detail = "There are no selected items.\nTo create profile - select items you want to include\n"
-              "and then press button Create Profile.",
-    .result = 1, .title = "info"};
-inline constexpr ErrorRow kSaveFileExists{
-    .source = &kSource_scan_list, .site = 1972, .function = "on_WM_COPYDATA_on_wnd_NameOfProfile",
-    .layout = ErrorLayout::PLAIN, .detail = "File already exists", .result = 1, .title = "information"};
 // clang-format on

@@ -12,11 +12,11 @@
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/own_window.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
-#include "sources/wnd_ScanListView/create_profile.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/move_command.h"
-#include "sources/wnd_ScanListView/save_profile.h"
+#include "sources/wnd_ScanListView/saving/create_profile.h"
+#include "sources/wnd_ScanListView/saving/save_profile.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
 

@@ -11,7 +11,7 @@
 #include "sources/main_prg/main_errors.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
-#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "sources/wnd_ScanListView/saving/error_sources.h"
 #include "tests/control/errors/listed_reports.h"
 #include "tests/support/import_patch.h"
 
@@ -227,7 +227,7 @@ const SystemErrorShownBy kSystemErrorShownBy[] = {
     {"sources/funcs_layout_windows/scanning/window_enumeration.cpp",
      "WindowEnumeration.EndsInEitherPassWhenAPathCannotBeRead"},
     {"sources/main_prg/main_prg.cpp", "MessageLoop.IsReachedAlsoWithoutAMainWindow"},
-    {"sources/wnd_ScanListView/create_profile.cpp",
+    {"sources/wnd_ScanListView/saving/create_profile.cpp",
      "CreateProfile.ReportsThatTheNameWindowCannotBeCreatedAndWhy"},
     {"sources/wnd_ScanListView/create_wnd_ModifyCell.cpp",
      "ModifyCell.ShowsTheSystemsTextWhenItCannotBeOpened"},

@@ -6,7 +6,7 @@
 #include "sources/funcs_layout_windows/profiles/apply_command.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/text.h"
 #include "tests/support/thread_scale.h"

@@ -9,7 +9,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_blocks.h"
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 
 // A save from the arrival of its name to its end: what comes in which order, and what is refused meanwhile.
 

@@ -1,4 +1,4 @@
-#include "sources/wnd_ScanListView/create_profile.h"
+#include "sources/wnd_ScanListView/saving/create_profile.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 
 // What Create Profile asks of the list and of the name window, call by call.
 

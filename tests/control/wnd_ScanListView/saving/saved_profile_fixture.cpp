@@ -1,4 +1,4 @@
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 
 #include <commctrl.h>
 

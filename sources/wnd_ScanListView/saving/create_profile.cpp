@@ -1,10 +1,10 @@
-#include "sources/wnd_ScanListView/create_profile.h"
+#include "sources/wnd_ScanListView/saving/create_profile.h"
 
 #include "errors/system_error_box.h"
+#include "sources/win32/list_view_cells.h"
 #include "sources/win32/own_window.h"
-#include "sources/wnd_ScanListView/list_view.h"
-#include "sources/wnd_ScanListView/scan_list_errors.h"
-#include "sources/wnd_ScanListView/scan_list_notices.h"
+#include "sources/wnd_ScanListView/saving/saving_errors.h"
+#include "sources/wnd_ScanListView/saving/saving_notices.h"
 
 namespace
 {

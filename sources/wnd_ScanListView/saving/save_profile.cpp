@@ -1,12 +1,12 @@
-#include "sources/wnd_ScanListView/save_profile.h"
+#include "sources/wnd_ScanListView/saving/save_profile.h"
 
 #include <array>
 
 #include <commdlg.h>
 
 #include "sources/win32/own_window.h"
-#include "sources/wnd_ScanListView/scan_list_errors.h"
-#include "sources/wnd_ScanListView/scan_list_notices.h"
+#include "sources/wnd_ScanListView/saving/saving_errors.h"
+#include "sources/wnd_ScanListView/saving/saving_notices.h"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "sources/wnd_ScanListView/create_profile.h"
+#include "sources/wnd_ScanListView/saving/create_profile.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 
 namespace
 {

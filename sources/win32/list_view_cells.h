@@ -1,4 +1,4 @@
-// The texts in the cells of a list view.
+// The cells of a list view, and the check boxes of its rows.
 #pragma once
 
 #include <windows.h>
@@ -11,3 +11,6 @@ void read_cell_text(HWND list, std::uint32_t row, int column, std::span<wchar_t>
 
 // Shows the zero-terminated `text` in a cell. Nothing happens when there is no such cell.
 void set_cell_text(HWND list, std::uint32_t row, int column, std::span<wchar_t> text);
+
+// True when the check box of a row is ticked. A row without a check box is not.
+bool is_row_ticked(HWND list, std::uint32_t row);

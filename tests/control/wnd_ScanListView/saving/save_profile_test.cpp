@@ -1,4 +1,4 @@
-#include "sources/wnd_ScanListView/save_profile.h"
+#include "sources/wnd_ScanListView/saving/save_profile.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 #include "tests/support/file_dialogs.h"
 
 using namespace profile_tests;

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "sources/wnd_ScanListView/profile_writing.h"
+#include "sources/wnd_ScanListView/saving/profile_writing.h"
 
 // Copies the ticked rows of the list from the scan record into the write record, which the caller has
 // cleared, and opens the profile name window in the place of one that `p_hwnd_ProfileName` names; its handle

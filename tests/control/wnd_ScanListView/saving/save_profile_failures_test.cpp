@@ -5,10 +5,10 @@
 
 #include "errors/error_box.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "sources/wnd_ScanListView/save_profile.h"
-#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "sources/wnd_ScanListView/saving/saving_errors.h"
+#include "sources/wnd_ScanListView/saving/save_profile.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saved_profile_fixture.h"
+#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 
 // Profiles that are not saved: what is told, and what is left.
 

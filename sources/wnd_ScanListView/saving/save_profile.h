@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "sources/wnd_ScanListView/profile_writing.h"
+#include "sources/wnd_ScanListView/saving/profile_writing.h"
 
 // Results besides 1 (saved, or told that it was not).
 inline constexpr std::int32_t kSave_callee_failed = -2; // after an error box; see below

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "sources/wnd_ScanListView/profile_writing.h"
+#include "sources/wnd_ScanListView/saving/profile_writing.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/files.h"
 #include "tests/support/import_patch.h"

@@ -1,4 +1,4 @@
-#include "sources/wnd_ScanListView/profile_writing.h"
+#include "sources/wnd_ScanListView/saving/profile_writing.h"
 
 #include <cstddef>
 #include <cstring>
@@ -6,7 +6,7 @@
 
 #include "sources/profile_file/profile_file.h"
 #include "sources/win32/memory_block.h"
-#include "sources/wnd_ScanListView/scan_list_errors.h"
+#include "sources/wnd_ScanListView/saving/saving_errors.h"
 
 namespace
 {

@@ -28,7 +28,7 @@ DRIVE = PREFIX / "drive_c"
 # Windows' own libraries, on every Windows 10 and 11.
 SYSTEM_LIBRARIES = {
     "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
-    "oleacc.dll", "oleaut32.dll", "shell32.dll", "user32.dll"}
+    "oleacc.dll", "oleaut32.dll", "shcore.dll", "shell32.dll", "user32.dll"}
 
 
 def run(*command, timeout=120):

@@ -1,8 +1,8 @@
 #include "sources/wnd_ScanListView/move_command.h"
 
+#include "sources/win32/foreign_window.h"
 #include "sources/win32/list_view_cells.h"
 #include "sources/win32/pixel_rect.h"
-#include "sources/win32/real_pixels.h"
 #include "sources/wnd_ModifyCell/modify_cell_rules.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
@@ -27,25 +27,6 @@ PixelRect read_rectangle(HWND hwndLV, std::uint32_t row)
     return rect;
 }
 
-bool ask_to_move(HWND hwnd, const PixelRect& rect)
-{
-    return SetWindowPos(hwnd, HWND_TOP, rect.x, rect.y, rect.width, rect.height,
-                        SWP_ASYNCWINDOWPOS | SWP_SHOWWINDOW) != FALSE;
-}
-
-// False when the window refused, most often because it is gone.
-bool move_window(HWND hwnd, const PixelRect& rect)
-{
-    const RealPixels real;
-    const bool rescaled = scale_at_window(hwnd) != scale_at_rect(rect);
-    if (IsIconic(hwnd) != FALSE)
-        ShowWindowAsync(hwnd, SW_RESTORE);
-    if (!ask_to_move(hwnd, rect))
-        return false;
-    // A window that comes to a monitor of another scale resizes itself; how it ends is not waited for.
-    return !rescaled || ask_to_move(hwnd, rect);
-}
-
 } // namespace
 
 std::int32_t onButton_Move(HWND /*hwndThis*/, HWND hwndLV, WPARAM /*wParam*/, LPARAM /*lParam*/,
@@ -59,7 +40,7 @@ std::int32_t onButton_Move(HWND /*hwndThis*/, HWND hwndLV, WPARAM /*wParam*/, LP
             continue;
         ++n_ticked;
         const PixelRect rect = read_rectangle(hwndLV, row);
-        if (rect.width == 0 || rect.height == 0 || move_window(pcDynMem_WinHndls[row], rect))
+        if (rect.width == 0 || rect.height == 0 || place_foreign_window_on_top(pcDynMem_WinHndls[row], rect))
             continue;
         report<kMoveImpossible>(rect.x, rect.y, rect.width, rect.height);
         // Re-entrancy: while the box was up the list may have been closed, and its scan released.

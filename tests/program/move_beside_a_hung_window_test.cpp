@@ -4,6 +4,7 @@
 
 #include "tests/support/box_watcher.h"
 #include "tests/support/fixture_programs.h"
+#include "tests/support/stopped_window.h"
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
 
@@ -11,31 +12,6 @@ using namespace test_support;
 
 namespace
 {
-
-// Stops the thread of a window, so that it handles no message until it is let go on. A program that hangs
-// before the scan is not listed, so it has to stop after it.
-class Stopped
-{
-public:
-    explicit Stopped(HWND window)
-        : thread_(OpenThread(THREAD_SUSPEND_RESUME, FALSE, GetWindowThreadProcessId(window, nullptr)))
-    {
-        if (SuspendThread(thread_) != 0)
-            throw Failure("the window's thread cannot be stopped");
-    }
-    ~Stopped()
-    {
-        go_on();
-        CloseHandle(thread_);
-    }
-    Stopped(const Stopped&) = delete;
-    Stopped& operator=(const Stopped&) = delete;
-
-    void go_on() const { ResumeThread(thread_); }
-
-private:
-    HANDLE thread_;
-};
 
 // Two programs on the list, the one that will hang before the other.
 class MoveBesideAHungWindow : public testing::Test
@@ -77,7 +53,8 @@ protected:
         SetWindowPos(well_, nullptr, 5, 5, 300, 200, SWP_NOZORDER | SWP_NOACTIVATE);
         wendlow_.tick(L"Hung");
         wendlow_.tick(L"Well");
-        const Stopped stopped(hung_);
+        // A program that hangs before the scan is not listed, so it has to stop after it.
+        const StoppedWindow stopped(hung_);
         wendlow_.press_move();
         EXPECT_TRUE(comes_to(well_, {500, 300, 850, 550}));
         EXPECT_NO_THROW(wendlow_.wait_until_idle(kShortWait));

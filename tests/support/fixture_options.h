@@ -32,6 +32,8 @@ struct FixtureOptions {
     bool hang_after_start = false;
     // Never answers the first question for its title (WM_GETTEXT) that comes from elsewhere.
     bool hang_on_get_text = false;
+    // Ends the program when another one asks whether the window answers (WM_NULL).
+    bool end_when_asked = false;
     bool refuse_close = false;
     // The window belongs to a second thread instead of the program's first.
     bool window_of_second_thread = false;
@@ -61,6 +63,7 @@ template <typename Options, typename Visit> void for_each_option(Options& option
     visit(L"idle_delay_milliseconds", options.idle_delay_milliseconds);
     visit(L"hang_after_start", options.hang_after_start);
     visit(L"hang_on_get_text", options.hang_on_get_text);
+    visit(L"end_when_asked", options.end_when_asked);
     visit(L"refuse_close", options.refuse_close);
     visit(L"window_of_second_thread", options.window_of_second_thread);
     visit(L"use_startup", options.use_startup);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/fixture_programs.h"
+#include "tests/support/stopped_window.h"
 #include "tests/support/windows_lookup.h"
 
 using namespace test_support;
@@ -129,6 +130,27 @@ TEST(FixturePrograms, CanHangWhenAskedForTheirTitle)
     EXPECT_TRUE(answers(window, WM_NULL));
     EXPECT_FALSE(answers(window, WM_GETTEXT));
     fixtures.wait_until_hanging(L"shy");
+}
+
+TEST(FixturePrograms, CanEndWhenAskedWhetherTheyAnswer)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"frail", {.end_when_asked = true});
+    const HWND window = fixtures.start(L"frail");
+    EXPECT_TRUE(answers(window, WM_GETTEXT));
+    EXPECT_FALSE(answers(window, WM_NULL));
+    fixtures.wait_for_end(L"frail");
+}
+
+TEST(StoppedWindow, AnswersOnceItIsLetGoOn)
+{
+    FixturePrograms fixtures;
+    fixtures.add(L"program");
+    const HWND window = fixtures.start(L"program");
+    const StoppedWindow stopped(window);
+    EXPECT_FALSE(answers(window, WM_NULL));
+    stopped.go_on();
+    EXPECT_TRUE(becomes_true([&] { return answers(window, WM_NULL); }));
 }
 
 TEST(FixturePrograms, CanRefuseToClose)

@@ -7,6 +7,7 @@
 #include "sources/funcs_layout_windows/launching/launching_errors.h"
 #include "sources/funcs_layout_windows/launching/launching_notices.h"
 #include "sources/profile_file/profile_file.h"
+#include "sources/win32/foreign_window.h"
 
 namespace
 {
@@ -158,29 +159,33 @@ void report_missing(const LaunchState* launch, bool folders_detected, bool progr
 }
 
 // Puts a window where its entry says. `restored` is the window that is restored when `hwnd` is minimised.
-void place_window(HWND hwnd, const Entry& entry, HWND restored)
+void place_window(HWND hwnd, const Entry& entry, HWND restored, AskedWindows* asked)
 {
+    const bool answers = asked->answers(hwnd);
     if (is_minimised(entry)) {
-        ShowWindow(hwnd, SW_MINIMIZE);
+        show_foreign_window(hwnd, SW_MINIMIZE, answers);
         return;
     }
     if (IsIconic(hwnd) != FALSE) {
-        ShowWindow(restored, SW_RESTORE);
-        SetForegroundWindow(hwnd);
+        show_foreign_window(restored, SW_RESTORE, asked->answers(restored));
+        if (answers) // A hung window has nothing to do in front.
+            SetForegroundWindow(hwnd);
     }
-    MoveWindow(hwnd, entry.x, entry.y, entry.width, entry.height, TRUE);
+    place_foreign_window(hwnd, {.x = entry.x, .y = entry.y, .height = entry.height, .width = entry.width},
+                         answers);
 }
 
 // Places the programs' windows, then the folders'. Windows not found are null; the calls fail without effect
 // then.
 void place_windows(LaunchState* launch)
 {
+    AskedWindows asked;
     HWND last_program = nullptr;
     for (const Entry& entry : profile_file::entries(launch->pcFileData)) {
         if (entry.kind != profile_file::kKind_program)
             continue;
         last_program = launch->p_arr1D_hwnd_Programs[entry.index];
-        place_window(last_program, entry, last_program);
+        place_window(last_program, entry, last_program, &asked);
     }
     for (const Entry& entry : profile_file::entries(launch->pcFileData)) {
         if (entry.kind != profile_file::kKind_folder)
@@ -189,7 +194,7 @@ void place_windows(LaunchState* launch)
         launch->pc_arr1D_hwnd_Folders_only[entry.index] = folder;
         // Quirk: the last program's window is restored, not the folder's; kept so that a profile loads the
         // same in every version.
-        place_window(folder, entry, last_program);
+        place_window(folder, entry, last_program, &asked);
     }
 }
 

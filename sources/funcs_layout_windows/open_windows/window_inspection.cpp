@@ -6,13 +6,11 @@
 #include <psapi.h>
 
 #include "sources/funcs_layout_windows/open_windows/window_filter.h"
+#include "sources/win32/foreign_window.h"
 #include "sources/win32/kernel_handle.h"
 
 namespace
 {
-
-// How long a window may take to tell its title.
-constexpr UINT kTitleTimeout_ms = 5000;
 
 constexpr int kClassName_max_units = 250;
 
@@ -24,10 +22,9 @@ bool read_visible_title(HWND hwnd, std::span<wchar_t> title)
         return false;
     std::fill(title.begin(), title.end(), L'\0');
     DWORD_PTR length_units = 0;
-    const LRESULT answered =
-        SendMessageTimeoutW(hwnd, WM_GETTEXT, title.size(), reinterpret_cast<LPARAM>(title.data()),
-                            SMTO_ABORTIFHUNG, kTitleTimeout_ms, &length_units);
-    return answered != 0 && length_units != 0;
+    const bool answered = ask_foreign_window(hwnd, WM_GETTEXT, title.size(),
+                                             reinterpret_cast<LPARAM>(title.data()), &length_units);
+    return answered && length_units != 0;
 }
 
 bool has_excluded_class(HWND hwnd)

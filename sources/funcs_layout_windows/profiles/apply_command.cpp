@@ -3,14 +3,15 @@
 #include "sources/funcs_layout_windows/profiles/profiles_errors.h"
 #include "sources/funcs_layout_windows/profiles/profiles_notices.h"
 #include "sources/profile_file/profile_file.h"
+#include "sources/win32/foreign_window.h"
 
 namespace
 {
 
 using profile_file::EntryIterator;
 
-// Window `i` of the profile; false when there is none. Re-entrancy: the window calls let messages in, and a
-// main window that closes empties the store.
+// Window `i` of the profile; false when there is none. Re-entrancy: asking and showing a window let messages
+// in, and a main window that closes empties the store: it is looked at again after each.
 bool read_window(const LoadedProfiles_STR* store, std::uint32_t index, std::uint32_t i, HWND* hwnd)
 {
     if (index >= store->uiN_loaded_prfls || i >= window_count_of_profile(store, index))
@@ -21,9 +22,14 @@ bool read_window(const LoadedProfiles_STR* store, std::uint32_t index, std::uint
 
 void minimise_windows(const LoadedProfiles_STR* store, std::uint32_t index)
 {
+    AskedWindows asked;
     HWND hwnd = nullptr;
-    for (std::uint32_t i = 0; read_window(store, index, i, &hwnd); ++i)
-        ShowWindow(hwnd, SW_MINIMIZE);
+    for (std::uint32_t i = 0; read_window(store, index, i, &hwnd); ++i) {
+        const bool answers = asked.answers(hwnd);
+        if (!read_window(store, index, i, &hwnd))
+            return;
+        show_foreign_window(hwnd, SW_MINIMIZE, answers);
+    }
 }
 
 void close_windows(const LoadedProfiles_STR* store, std::uint32_t index)
@@ -82,6 +88,7 @@ std::int32_t Restore_Move_Size_wnds_Profile(const LoadedProfiles_STR* p_LoadedPr
         return report<kRestoreNoFiles>();
     if (index_profile >= store->uiN_loaded_prfls)
         return 1;
+    AskedWindows asked;
     EntryIterator next(store->pc_raw_FilesProfile + store->arr1D_ui_off_file_beg[index_profile]);
     HWND hwnd = nullptr;
     for (std::uint32_t i = 0; next != std::default_sentinel && read_window(store, index_profile, i, &hwnd);
@@ -90,8 +97,12 @@ std::int32_t Restore_Move_Size_wnds_Profile(const LoadedProfiles_STR* p_LoadedPr
         ++next; // Re-entrancy: the calls below let messages in, and the store may be gone after them.
         if (is_minimised(entry))
             continue;
-        ShowWindow(hwnd, SW_RESTORE);
-        MoveWindow(hwnd, entry.x, entry.y, entry.width, entry.height, TRUE);
+        const bool answers = asked.answers(hwnd);
+        if (!read_window(store, index_profile, i, &hwnd))
+            break;
+        show_foreign_window(hwnd, SW_RESTORE, answers);
+        place_foreign_window(hwnd, {.x = entry.x, .y = entry.y, .height = entry.height, .width = entry.width},
+                             answers);
     }
     return 1;
 }

@@ -6,6 +6,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_placing.h"
+#include "tests/control/win32/silent_windows.h"
 #include "tests/support/fixture_programs.h"
 
 // The order in which a load starts, searches and places, and which window it restores.
@@ -91,6 +92,75 @@ TEST(Launching, PlacesProgramsFirstAndRestoresTheLastOneForAMinimisedFolder)
     EXPECT_EQ(placing.calls,
               (std::vector<std::string>{"show 9 a", "front a", "move a 3,4 302x202", "move b 7,8 304x204",
                                         "show 9 b", "front c", "move c 1,2 301x201", "show 6 d"}));
+}
+
+TEST(Launching, LeavesItToAWindowThatDoesNotAnswerToTakeItsPlace)
+{
+    ProfileFixture fixture;
+    RecordedFolderStarts starts;
+    FixturePrograms programs;
+    programs.add(L"minimised", {.minimised = true});
+    const std::u16string minimised_path = units_of(programs.path_of(L"minimised"));
+    const std::u16string small_path = units_of(programs.add(L"small"));
+    const std::u16string last_path = units_of(programs.add(L"last"));
+    const std::u16string folder_path = units_of(programs.folder().path());
+    const HWND minimised = programs.start(L"minimised");
+    const HWND small = programs.start(L"small");
+    const HWND last = programs.start(L"last");
+    programs.add(L"folder", {.minimised = true});
+    const HWND hung_folder = programs.start(L"folder");
+    const TestWindow folder(L"minimised folder", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_MINIMIZE);
+    fixture.folders.add(hung_folder, programs.folder().path()).add(folder, L"C:\\windows");
+    ASSERT_TRUE(becomes_iconic(minimised));
+    ASSERT_TRUE(becomes_iconic(hung_folder));
+
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> start("kernel32.dll",
+                                                                       [](auto...) { return TRUE; });
+    const SilentWindows silent({minimised, small, last, hung_folder});
+    const RecordedPlacing placing({minimised, small, last, hung_folder, folder});
+    BoxWatcher boxes;
+    // The last window is in the profile twice, and is restored for both minimised folders.
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_program(1, 2, 301, 201, minimised_path)
+                               .add_program(3, 4, 0, 0, small_path)
+                               .add_program(5, 6, 303, 203, last_path)
+                               .add_program(7, 8, 304, 204, last_path)
+                               .add_folder(9, 10, 305, 205, folder_path)
+                               .add_folder(11, 12, 306, 206, u"C:\\windows")
+                               .name(u"Hung")
+                               .bytes()),
+              1);
+    boxes.expect_no_boxes();
+    EXPECT_EQ(placing.calls, (std::vector<std::string>{
+                                 "later show 9 a", "later place a 1,2 301x201 with 4014", "later show 6 b",
+                                 "later place c 5,6 303x203 with 4014", "later place c 7,8 304x204 with 4014",
+                                 "later show 9 c", "later place d 9,10 305x205 with 4014", "later show 9 c",
+                                 "front e", "move e 11,12 306x206"}));
+    EXPECT_EQ(silent.asked, (std::vector<HWND>{minimised, small, last, hung_folder}));
+    EXPECT_EQ(fixture.stored_handle(0, 3), last);
+}
+
+TEST(Launching, PlacesTheOthersWhenAWindowDiesWhileItIsAsked)
+{
+    ProfileFixture fixture;
+    FixturePrograms programs;
+    const std::u16string frail_path = units_of(programs.add(L"frail", {.end_when_asked = true}));
+    const std::u16string rest_path = units_of(programs.add(L"rest"));
+    programs.start(L"frail");
+    const HWND rest = programs.start(L"rest");
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> start("kernel32.dll",
+                                                                       [](auto...) { return TRUE; });
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder()
+                               .add_program(1, 2, 301, 201, frail_path)
+                               .add_program(3, 4, 302, 202, rest_path)
+                               .name(u"Frail")
+                               .bytes()),
+              1);
+    boxes.expect_no_boxes();
+    programs.wait_for_end(L"frail");
+    EXPECT_EQ(place_once_it_is(rest, "3,4 302x202"), "3,4 302x202");
+    EXPECT_EQ(combo_texts(fixture.profile_combo), std::vector<std::wstring>{L"Frail"});
 }
 
 TEST(Launching, RestoresNoWindowForAMinimisedFolderOfAProfileWithoutPrograms)

@@ -7,6 +7,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_placing.h"
+#include "tests/control/win32/silent_windows.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/waiting.h"
 
@@ -311,6 +312,100 @@ TEST(Apply, TouchesNoFurtherWindowOnceTheStoreIsEmptied)
         EXPECT_EQ(apply(fixture, action), 1);
         boxes.expect_no_boxes();
         EXPECT_EQ(shown, std::vector<HWND>{first});
+    }
+}
+
+TEST(Apply, LeavesItToAWindowThatDoesNotAnswerToShowAndPlaceItself)
+{
+    ProfileFixture fixture;
+    FixturePrograms programs;
+    programs.add(L"hung");
+    programs.add(L"well");
+    const HWND hung = programs.start(L"hung");
+    const HWND well = programs.start(L"well");
+    // The first window is in the profile twice.
+    store_profile(fixture, {hung, well, hung},
+                  ProfileEncoder()
+                      .add_program(1, 2, 301, 201, u"C:\\a.exe")
+                      .add_program(3, 4, 302, 202, u"C:\\b.exe")
+                      .add_program(-5, 6, 303, 203, u"C:\\a.exe")
+                      .name(u"aba"),
+                  L"aba");
+    RecordedPlacing placing({hung, well});
+    SilentWindows silent({hung});
+    using Calls = std::vector<std::string>;
+    using Asked = std::vector<HWND>;
+    EXPECT_EQ(apply(fixture, kMinimize), 1);
+    EXPECT_EQ(std::exchange(placing.calls, {}), (Calls{"later show 6 a", "show 6 b", "later show 6 a"}));
+    EXPECT_EQ(std::exchange(silent.asked, {}), (Asked{hung, well}));
+    EXPECT_EQ(apply(fixture, kRestore), 1);
+    EXPECT_EQ(std::exchange(placing.calls, {}),
+              (Calls{"later show 9 a", "later place a 1,2 301x201 with 4014", "show 9 b",
+                     "move b 3,4 302x202", "later show 9 a", "later place a -5,6 303x203 with 4014"}));
+    EXPECT_EQ(std::exchange(silent.asked, {}), (Asked{hung, well}));
+    // Nothing waits when windows are closed.
+    EXPECT_EQ(apply(fixture, kClose), 1);
+    EXPECT_EQ(placing.calls, (Calls{"post 16 a", "post 16 b", "post 16 a"}));
+    EXPECT_TRUE(silent.asked.empty());
+}
+
+TEST(Apply, GoesOnWhenAWindowDiesWhileItIsAsked)
+{
+    for (const int action : {kMinimize, kRestore}) {
+        SCOPED_TRACE(action);
+        ProfileFixture fixture;
+        FixturePrograms programs;
+        programs.add(L"frail", {.end_when_asked = true});
+        const HWND frail = programs.start(L"frail");
+        const TestWindow rest(L"rest");
+        store_profile(fixture, {frail, rest},
+                      ProfileEncoder()
+                          .add_program(10, 20, 300, 200, u"C:\\a.exe")
+                          .add_program(30, 40, 310, 210, u"C:\\b.exe")
+                          .name(u"ab"),
+                      L"ab");
+        BoxWatcher boxes;
+        EXPECT_EQ(apply(fixture, action), 1);
+        boxes.expect_no_boxes();
+        programs.wait_for_end(L"frail");
+        if (action == kMinimize)
+            EXPECT_TRUE(becomes_iconic(rest));
+        else
+            EXPECT_EQ(place_once_it_is(rest, "30,40 310x210"), "30,40 310x210");
+    }
+}
+
+TEST(Apply, TouchesNoWindowOnceTheStoreIsEmptiedWhileOneIsAsked)
+{
+    for (const int action : {kMinimize, kRestore}) {
+        SCOPED_TRACE(action);
+        ProfileFixture fixture;
+        FixturePrograms programs;
+        programs.add(L"program", {.window_count = 3});
+        programs.start(L"program");
+        const std::vector<HWND> windows = programs.wait_for_windows(L"program", 3);
+        store_profile(fixture, windows,
+                      ProfileEncoder()
+                          .add_program(10, 20, 300, 200, u"C:\\a.exe")
+                          .add_program(30, 40, 310, 210, u"C:\\b.exe")
+                          .add_program(50, 60, 320, 220, u"C:\\c.exe")
+                          .name(u"abc"),
+                      L"abc");
+        const RecordedPlacing placing(windows);
+        SilentWindows silent({});
+        silent.while_asked = [&](HWND window) {
+            if (window != windows[1])
+                return;
+            finishWork_onLoadProfile(&fixture.store);
+            fixture.store = {};
+        };
+        BoxWatcher boxes;
+        EXPECT_EQ(apply(fixture, action), 1);
+        boxes.expect_no_boxes();
+        EXPECT_EQ(silent.asked, (std::vector<HWND>{windows[0], windows[1]}));
+        EXPECT_EQ(placing.calls, action == kMinimize
+                                     ? std::vector<std::string>{"show 6 a"}
+                                     : (std::vector<std::string>{"show 9 a", "move a 10,20 300x200"}));
     }
 }
 

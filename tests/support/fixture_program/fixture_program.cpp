@@ -122,6 +122,10 @@ LRESULT CALLBACK window_procedure(HWND window, UINT message, WPARAM wide, LPARAM
         if (settings.hang_on_get_text && InSendMessage())
             hang(window);
         break;
+    case WM_NULL:
+        if (settings.end_when_asked && InSendMessage())
+            ExitProcess(0);
+        break;
     case WM_GETMINMAXINFO:
         if (settings.minimum_width > 0) {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(narrow);

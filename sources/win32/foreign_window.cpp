@@ -1,0 +1,93 @@
+#include "sources/win32/foreign_window.h"
+
+#include <algorithm>
+
+#include "sources/win32/last_error.h"
+#include "sources/win32/memory_block.h"
+#include "sources/win32/real_pixels.h"
+
+namespace
+{
+
+constexpr UINT kAnswer_ms = 5000;
+
+constexpr std::size_t kFirst_capacity = 256; // a page of answers
+
+bool ask_to_move_on_top(HWND hwnd, const PixelRect& rect)
+{
+    return SetWindowPos(hwnd, HWND_TOP, rect.x, rect.y, rect.width, rect.height,
+                        SWP_ASYNCWINDOWPOS | SWP_SHOWWINDOW) != FALSE;
+}
+
+} // namespace
+
+bool ask_foreign_window(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, DWORD_PTR* answer)
+{
+    return SendMessageTimeoutW(hwnd, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswer_ms, answer) != 0;
+}
+
+AskedWindows::~AskedWindows()
+{
+    const LastErrorKeeper keeper;
+    release_block(known_);
+}
+
+bool AskedWindows::answers(HWND hwnd)
+{
+    if (hwnd == nullptr || GetWindowThreadProcessId(hwnd, nullptr) == GetCurrentThreadId())
+        return true;
+    for (std::size_t i = 0; i < count_; ++i) {
+        if (known_[i].hwnd == hwnd)
+            return known_[i].given;
+    }
+    DWORD_PTR unused = 0;
+    // The calls on a window that has died fail at once.
+    const bool given = ask_foreign_window(hwnd, WM_NULL, 0, 0, &unused) || IsWindow(hwnd) == FALSE;
+    remember({.hwnd = hwnd, .given = given});
+    return given;
+}
+
+// Without memory the window is asked again the next time.
+void AskedWindows::remember(const Answer& answer)
+{
+    if (count_ == capacity_) {
+        const std::size_t capacity = capacity_ == 0 ? kFirst_capacity : 2 * capacity_;
+        auto* grown = allocate_block<Answer>(capacity * sizeof(Answer));
+        if (grown == nullptr)
+            return;
+        std::copy_n(known_, count_, grown);
+        release_block(known_);
+        known_ = grown;
+        capacity_ = capacity;
+    }
+    known_[count_++] = answer;
+}
+
+void show_foreign_window(HWND hwnd, int command, bool answers)
+{
+    if (answers)
+        ShowWindow(hwnd, command);
+    else
+        ShowWindowAsync(hwnd, command);
+}
+
+void place_foreign_window(HWND hwnd, const PixelRect& rect, bool answers)
+{
+    if (answers)
+        MoveWindow(hwnd, rect.x, rect.y, rect.width, rect.height, TRUE);
+    else
+        SetWindowPos(hwnd, nullptr, rect.x, rect.y, rect.width, rect.height,
+                     SWP_ASYNCWINDOWPOS | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool place_foreign_window_on_top(HWND hwnd, const PixelRect& rect)
+{
+    const RealPixels real;
+    const bool rescaled = scale_at_window(hwnd) != scale_at_rect(rect);
+    if (IsIconic(hwnd) != FALSE)
+        ShowWindowAsync(hwnd, SW_RESTORE);
+    if (!ask_to_move_on_top(hwnd, rect))
+        return false;
+    // A window that comes to a monitor of another scale resizes itself; how it ends is not waited for.
+    return !rescaled || ask_to_move_on_top(hwnd, rect);
+}

@@ -142,7 +142,8 @@ class Zip(unittest.TestCase):
 
     def test_holds_the_programs_and_the_documents(self):
         found = {str(path.relative_to(self.folder)) for path in self.folder.rglob("*")}
-        self.assertLessEqual({*PROGRAMS, "docs/guide.html", "docs/profile-format.html", "docs/profile.schema.json"}, found)
+        wanted = {*PROGRAMS, "docs/guide.html", "docs/profile-format.html", "docs/profile.schema.json"}
+        self.assertLessEqual(wanted, found)
 
     def test_documents_have_no_link_that_leads_nowhere(self):
         for page in self.folder.rglob("*.html"):
@@ -156,13 +157,15 @@ class Zip(unittest.TestCase):
         for name in PROGRAMS:
             with self.subTest(name):
                 program = pefile.PE(str(self.folder / name))
-                texts = next(info for info in program.FileInfo[0] if info.Key == b"StringFileInfo").StringTable[0].entries
+                strings = next(info for info in program.FileInfo[0] if info.Key == b"StringFileInfo")
+                texts = strings.StringTable[0].entries
                 self.assertEqual(texts[b"FileVersion"].decode(), VERSION + ".0")
                 self.assertEqual(texts[b"OriginalFilename"].decode(), name)
                 fixed = program.VS_FIXEDFILEINFO[0]
                 numbers = [fixed.FileVersionMS >> 16, fixed.FileVersionMS & 0xFFFF, fixed.FileVersionLS >> 16]
                 self.assertEqual(".".join(map(str, numbers)), VERSION)
-        self.assertEqual(wine(self.folder / "wendlow-profile.exe", "--version")[1].strip(), f"wendlow-profile {VERSION}")
+        said = wine(self.folder / "wendlow-profile.exe", "--version")[1].strip()
+        self.assertEqual(said, f"wendlow-profile {VERSION}")
 
     def test_programs_need_nothing_but_windows(self):
         for name in PROGRAMS:

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/fixture_programs.h"
@@ -19,6 +22,7 @@ using test_support::Bytes;
 using test_support::bytes_as_wide;
 using test_support::ExpectedBox;
 using test_support::FixturePrograms;
+using test_support::ImportHook;
 using test_support::ProfileEncoder;
 using test_support::units_of;
 
@@ -29,6 +33,37 @@ void spoil_terminator(Bytes* file, std::size_t* offset, const std::wstring& path
     file->at((*offset)++) = 'Z';
     file->at((*offset)++) = 'Z';
 }
+
+constexpr std::size_t kMaxPrograms = 2;
+
+// What is launched of a profile of programs alone, with room for that many launch records.
+struct ProgramsToLaunch {
+    ProgramsToLaunch(const Bytes& file, std::size_t n_records)
+    {
+        launch.hwnd_MW = owner;
+        launch.pcFileData = file.data();
+        launch.uiN_wnds = launch.uiN_Programs = file[0];
+        launch.p_arr1D_hwnd_Folders = found;
+        launch.p_arr1D_hwnd_Programs = found + kMaxPrograms;
+        launch.pc_arr1D_hwnd_Programs_only = found + 2 * kMaxPrograms;
+        launch.pc_arr1D_hwnd_Folders_only = found + 3 * kMaxPrograms;
+        launch.p_arr1D_ui_failed = failed;
+        launch.ptcBuf = image.data();
+        launch.pc_arr_STRs_InfoLoadedPrg = started;
+        launch.max_launch_records = n_records;
+        launch.p_EntryPath = path.get();
+    }
+    ProgramsToLaunch(const ProgramsToLaunch&) = delete;
+    ProgramsToLaunch& operator=(const ProgramsToLaunch&) = delete;
+
+    const TestWindow owner{L"owner"};
+    HWND found[4 * kMaxPrograms] = {};
+    std::uint32_t failed[kMaxPrograms] = {};
+    STR_InfoLoadedPrg started[kMaxPrograms] = {};
+    std::vector<wchar_t> image = std::vector<wchar_t>(kImagePath_units);
+    const std::unique_ptr<EntryPathBuffer> path = std::make_unique<EntryPathBuffer>();
+    LaunchState launch{};
+};
 
 } // namespace
 
@@ -147,33 +182,19 @@ TEST(Launching, KeepsAFolderThatWasFoundInAnEarlierPass)
 
 TEST(Launching, GoesOnWhenTheProgramsCannotBeSearchedFor)
 {
-    const TestWindow owner(L"owner");
     const NothingStarts nothing;
     const Bytes file = ProfileEncoder().add_program(1, 2, 3, 4, u"C:\\gone.exe").name(u"F").bytes();
-    HWND found[4] = {};
-    std::uint32_t failed[1] = {};
-    STR_InfoLoadedPrg started[1] = {};
-    LaunchState launch{};
-    launch.hwnd_MW = owner;
-    launch.pcFileData = file.data();
-    launch.uiN_wnds = launch.uiN_Programs = 1;
-    launch.p_arr1D_hwnd_Folders = &found[0];
-    launch.p_arr1D_hwnd_Programs = &found[1];
-    launch.pc_arr1D_hwnd_Programs_only = &found[2];
-    launch.pc_arr1D_hwnd_Folders_only = &found[3];
-    launch.p_arr1D_ui_failed = failed;
-    launch.pc_arr_STRs_InfoLoadedPrg = started; // but no buffer for image paths
-    launch.max_launch_records = 1;
-    const auto path = std::make_unique<EntryPathBuffer>();
-    launch.p_EntryPath = path.get();
+    ProgramsToLaunch programs(file, 1);
+    HWND* const found = programs.found;
+    programs.launch.ptcBuf = nullptr;
     const BoxWatcher boxes;
-    EXPECT_EQ(launch_profile(&launch), 1);
+    EXPECT_EQ(launch_profile(&programs.launch), 1);
     boxes.expect_boxes(
         {{L"error",
           handler_first_text(
               {L"sources/funcs_layout_windows", L"find_hwnds_Programs_fill_array", 7480, 7590},
               L"error, incorrect input parameters:\n\np_HWNDs_loadedPrgsProfile_STR->p_hwnd_arr = " +
-                  pointer(&found[1]) +
+                  pointer(found + kMaxPrograms) +
                   L", p_HWNDs_loadedPrgsProfile_STR->ptcBuf = 0000000000000000, "
                   L"p_HWNDs_loadedPrgsProfile_STR->pcFileData = " +
                   pointer(file.data()) +
@@ -183,7 +204,34 @@ TEST(Launching, GoesOnWhenTheProgramsCannotBeSearchedFor)
          {L"info", L"Not all Programs were loaded\n\nNumber of Programs failed to load = 1\n"
                    L"Number of Programs in Profile = 1\nPossible reasons:\n"
                    L"Some Programs were deleted, renamed or check your access permissions"}});
-    EXPECT_EQ(found[2], nullptr);
+    EXPECT_EQ(found[2 * kMaxPrograms], nullptr);
+}
+
+// There are records for as many programs as the store has room for handles.
+TEST(Launching, NotesNoMoreProgramsThanThereIsRoomFor)
+{
+    const NothingStarts nothing;
+    const Bytes file = ProfileEncoder()
+                           .add_program(1, 2, 3, 4, u"C:\\gone.exe")
+                           .add_program(1, 2, 3, 4, u"C:\\gone too.exe")
+                           .name(u"F")
+                           .bytes();
+    ProgramsToLaunch programs(file, 1);
+    programs.started[0].uiIndex_wnd = programs.started[1].uiIndex_wnd = 77;
+    std::uint32_t records = 0;
+    const ImportHook<"EnumWindows", decltype(EnumWindows)> windows(
+        "user32.dll", [&](WNDENUMPROC callback, LPARAM parameter) {
+            if (callback == GetHWNDS_of_LoadedPrograms) // others ask for all windows as well
+                records = reinterpret_cast<const HWNDs_loadedPrgsProfile_STR*>(parameter)->N_prgs;
+            return windows.call_original(callback, parameter);
+        });
+    const BoxWatcher boxes;
+    EXPECT_EQ(launch_profile(&programs.launch), 1);
+    EXPECT_EQ(boxes.count(), 1u); // of the programs that are gone
+    EXPECT_EQ(nothing.programs, 2);
+    EXPECT_EQ(records, 1u);
+    EXPECT_EQ(programs.started[0].uiIndex_wnd, 0u);
+    EXPECT_EQ(programs.started[1].uiIndex_wnd, 77u);
 }
 
 TEST(Launching, SearchesTenTimesAlsoWhenTheShellHasNoListOfItsWindows)

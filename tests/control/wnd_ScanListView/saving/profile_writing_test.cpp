@@ -79,6 +79,19 @@ TEST(ProfileWriting, WritesTheRowsThatTheIndexesName)
     EXPECT_EQ(hex(written({1, 4, 7, 9}, L"Some")), hex(profile_of(ten_windows(), {1, 4, 7, 9}, u"Some")));
 }
 
+TEST(ProfileWriting, WritesAWindowWhosePathWasNotFoundWithAnEmptyOne)
+{
+    const std::vector<ScannedWindow> windows{{.flag = 1, .x = 1, .path = L"C:\\one.exe"},
+                                             {.flag = 0, .x = 2, .path = L""},
+                                             {.flag = 1, .x = 3, .path = L"C:\\three.exe"},
+                                             {.flag = 0, .x = 4, .path = L""}};
+    const FilledScan scan(windows);
+    EXPECT_EQ(hex(written({0, 1, 2, 3}, L"N")), hex(profile_of(windows, {0, 1, 2, 3}, u"N")));
+    EXPECT_EQ(
+        hex(written({1}, L"N")),
+        "01 00 00 00 00 02 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 4E 00 00 07 0C");
+}
+
 TEST(ProfileWriting, WritesANameOf256UnitsWhole)
 {
     const FilledScan scan(ten_windows());

@@ -338,7 +338,7 @@ void WendlowProcess::start_load_profile(const std::wstring& path) const
     choose_file(process_id_, path);
 }
 
-void WendlowProcess::drop_files(const std::vector<std::wstring>& paths) const
+void drop_files_on(HWND window, const std::vector<std::wstring>& paths)
 {
     DROPFILES header{};
     header.pFiles = sizeof(header);
@@ -349,11 +349,11 @@ void WendlowProcess::drop_files(const std::vector<std::wstring>& paths) const
     list += L'\0';
 
     const std::size_t list_bytes = list.size() * sizeof(wchar_t);
-    RemoteMemory block(main_window_, sizeof(header) + list_bytes);
+    RemoteMemory block(window, sizeof(header) + list_bytes);
     block.write(0, &header, sizeof(header));
     block.write(sizeof(header), list.data(), list_bytes);
     block.leave_to_process();
-    PostMessageW(main_window_, WM_DROPFILES, reinterpret_cast<WPARAM>(block.address()), 0);
+    PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(block.address()), 0);
 }
 
 std::vector<std::wstring> WendlowProcess::combo_texts(HWND combo) const

@@ -23,6 +23,9 @@ std::wstring wendlow_path();
 // The path of another program in its folder; nothing says that it is there.
 std::wstring path_beside_wendlow(const std::wstring& name);
 
+// Drops files on a window as the shell does. The path list is left in the window's process.
+void drop_files_on(HWND window, const std::vector<std::wstring>& paths);
+
 class WendlowProcess
 {
 public:
@@ -104,8 +107,7 @@ public:
     void load_profile(const std::wstring& path, unsigned milliseconds = kLongWait * 2) const;
     // Presses Load Profile and chooses the file, without waiting for the load.
     void start_load_profile(const std::wstring& path) const;
-    // Drops files on the main window as the shell does. The path list is left in the program.
-    void drop_files(const std::vector<std::wstring>& paths) const;
+    void drop_files(const std::vector<std::wstring>& paths) const { drop_files_on(main_window_, paths); }
 
     // Combo boxes: the texts of the list, the selected position (-1 = none), selecting as a user does
     // (with the notification to the main window).

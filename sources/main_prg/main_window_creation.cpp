@@ -6,6 +6,7 @@
 
 #include "sources/funcs_layout_windows/drawing/fonts.h"
 #include "sources/main_prg/main_errors.h"
+#include "sources/win32/accessible_name.h"
 #include "sources/win32/bytes_as_wide.h"
 #include "sources/win32/controls.h"
 
@@ -49,6 +50,8 @@ void create_controls(HWND hwnd, MainWindowState* state)
     if (state->hwnd_CB_Profile == nullptr || state->hwnd_CB_Action == nullptr ||
         state->hWndBTN_Apply == nullptr)
         report<kCreateCombos>();
+    set_accessible_name(state->hwnd_CB_Profile, kLabel_Profile);
+    set_accessible_name(state->hwnd_CB_Action, kLabel_Action);
 }
 
 // Finds the font size that fits the buttons and stores it in the geometry record. False after an error box.

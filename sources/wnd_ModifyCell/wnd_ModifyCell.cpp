@@ -11,6 +11,7 @@
 #include "sources/funcs_layout_windows/drawing/fonts.h"
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "sources/funcs_layout_windows/scanning/scan_command.h"
+#include "sources/win32/accessible_name.h"
 #include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/list_view_cells.h"
@@ -146,6 +147,8 @@ void create_controls(HWND hwnd, HINSTANCE instance, ModifyCellState* state)
                                              kind.extended_style, state->layout.controls[id], id);
         if (state->controls[id] == nullptr)
             report_owned(hwnd, kind.failure);
+        if (id < kModifyCell_edits)
+            set_accessible_name(state->controls[id], kLabels[id]);
         if (id == MODIFY_CELL_X)
             SetFocus(state->controls[id]);
     }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "sources/funcs_layout_windows/drawing/figures.h"
+#include "sources/win32/accessible_name.h"
 #include "sources/win32/controls.h"
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/window_classes.h"
@@ -17,6 +18,7 @@ namespace
 enum ProfileNameControl : unsigned { ID_BTN_OK = 1, ID_BTN_CANCEL = 2, ID_EDIT_NAME = 3 };
 
 constexpr DWORD kEditStyle = WS_CHILD | WS_VISIBLE;
+constexpr wchar_t kLabel[] = L"Enter name of Profile:";
 
 // Distance from the owner's upper left corner to this window's, in pixels.
 constexpr int kOffset_from_owner = 70;
@@ -68,6 +70,7 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* st
                                   state->layout.edit, ID_EDIT_NAME);
     if (state->hEdit == nullptr)
         report_owned<kNameCreateEdit>(hwnd);
+    set_accessible_name(state->hEdit, kLabel);
     SendMessageW(state->hEdit, EM_LIMITTEXT, kProfileName_max_units, 0);
     SetFocus(state->hEdit);
     state->flag_controls_exist = true;
@@ -81,7 +84,7 @@ void on_WM_PAINT(HWND hwnd, const ProfileNameState* state)
         return;
     RECT label = to_RECT(state->layout.label);
     SetBkMode(dc.get(), TRANSPARENT);
-    DrawTextW(dc.get(), L"Enter name of Profile:", -1, &label, DT_SINGLELINE | DT_VCENTER);
+    DrawTextW(dc.get(), kLabel, -1, &label, DT_SINGLELINE | DT_VCENTER);
 }
 
 void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ProfileNameState* state)

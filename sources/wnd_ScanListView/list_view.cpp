@@ -5,6 +5,7 @@
 
 #include "errors/system_error_box.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
+#include "sources/win32/accessible_name.h"
 #include "sources/win32/list_view_cells.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
@@ -164,6 +165,7 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM /*wParam*/, LPARAM /
         report<kListviewCreate>(client.right, client.bottom, uiCtlID, hwndThis, hInst, class_name);
         return 1;
     }
+    set_accessible_name(*p_hwndLV, L"Windows");
     SendMessageW(*p_hwndLV, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, kListExtendedStyle);
     create_image_list(*p_hwndLV);
     insert_columns(*p_hwndLV, client.right);

@@ -6,6 +6,10 @@
 
 #include "sources/win32/pixel_rect.h"
 
+// The painted labels of the two lists, and their names for screen readers.
+inline constexpr wchar_t kLabel_Profile[] = L"Profile:";
+inline constexpr wchar_t kLabel_Action[] = L"Action:";
+
 // The main window's geometry record. Pixels; fractions are of the length named beside them.
 struct STR_GeomLt {
     std::int32_t i_client_width;

@@ -58,9 +58,9 @@ void draw_list_labels(HDC hdc, const STR_GeomLt* geometry, HFONT font)
     SelectObject(hdc, font);
     SetBkMode(hdc, TRANSPARENT);
     RECT profile = to_RECT(geometry->rect_label_Profile);
-    DrawTextW(hdc, L"Profile:", -1, &profile, DT_WORDBREAK | DT_VCENTER);
+    DrawTextW(hdc, kLabel_Profile, -1, &profile, DT_WORDBREAK | DT_VCENTER);
     RECT action = to_RECT(geometry->rect_label_Action);
-    DrawTextW(hdc, L"Action:", -1, &action, DT_WORDBREAK | DT_VCENTER);
+    DrawTextW(hdc, kLabel_Action, -1, &action, DT_WORDBREAK | DT_VCENTER);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <shlobj.h>
 
+#include <cstdlib>
 #include <cstring>
 
 #include "tests/support/file_dialogs.h"
@@ -75,8 +76,15 @@ bool shows_dialog(DWORD process_id)
 
 } // namespace
 
+bool is_another_build()
+{
+    return std::getenv("WENDLOW_PROGRAM") != nullptr;
+}
+
 std::wstring wendlow_path()
 {
+    if (is_another_build())
+        return windows_path(std::getenv("WENDLOW_PROGRAM"));
 #ifdef WENDLOW_EXE
     return windows_path(WENDLOW_EXE);
 #else

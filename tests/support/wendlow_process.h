@@ -18,8 +18,10 @@
 namespace test_support
 {
 
-// The path of the program that was built with these tests.
+// The path of the program that was built with these tests, or of the one that the environment variable
+// WENDLOW_PROGRAM names: a build by another compiler.
 std::wstring wendlow_path();
+bool is_another_build();
 // The path of another program in its folder; nothing says that it is there.
 std::wstring path_beside_wendlow(const std::wstring& name);
 

@@ -170,16 +170,17 @@ bool find_missing(const ProfileParts& parts, const Relinking& relinking, const R
 
 bool units_of_replacements(const RelinkOptions& options, Relinking* relinking, Output* output)
 {
+    bool are_fine = true;
     for (const auto& [old_begin, new_begin] : options.replacements) {
         const auto old_units = utf16_of(old_begin);
         const auto new_units = utf16_of(new_begin);
-        if (!old_units || !new_units || old_units->empty()) {
-            output->err += "wendlow-profile: --replace: OLD must not be empty, and both must be UTF-8\n";
-            return false;
-        }
-        relinking->replacements.emplace_back(*old_units, *new_units);
+        are_fine = are_fine && old_units && new_units && !old_units->empty();
+        if (are_fine)
+            relinking->replacements.emplace_back(*old_units, *new_units);
     }
-    return true;
+    if (!are_fine)
+        output->err += "wendlow-profile: --replace: OLD must not be empty, and both must be UTF-8\n";
+    return are_fine;
 }
 
 // One line for each entry that was not left as it is, and the sums.

@@ -2,6 +2,7 @@
 
 #include <shlobj.h>
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -110,7 +111,7 @@ bool post_drop(HWND window, const std::wstring& full_path)
     header.pFiles = sizeof header;
     header.fWide = TRUE;
     std::memcpy(bytes, &header, sizeof header);
-    std::memcpy(bytes + sizeof header, full_path.data(), full_path.size() * sizeof(wchar_t));
+    std::copy(full_path.begin(), full_path.end(), reinterpret_cast<wchar_t*>(bytes + sizeof header));
     GlobalUnlock(block);
     if (PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0) != FALSE)
         return true;
@@ -123,11 +124,11 @@ bool post_drop(HWND window, const std::wstring& full_path)
 std::optional<std::wstring> open_in_wendlow(const std::wstring& path)
 {
     const std::wstring full_path = full_path_of(path);
-    if (const std::optional<std::wstring> wrong = what_is_wrong_with(full_path))
+    if (std::optional<std::wstring> wrong = what_is_wrong_with(full_path))
         return wrong;
     HWND window = find_wendlow();
     if (window == nullptr) {
-        if (const std::optional<std::wstring> wrong = start_wendlow(&window))
+        if (std::optional<std::wstring> wrong = start_wendlow(&window))
             return wrong;
     }
     // Its boxes, and the windows that it brings up, may come to the front.

@@ -57,7 +57,7 @@ std::optional<std::u16string> best_replacement(const std::u16string& path, const
 {
     std::optional<std::u16string> first;
     for (const Replacement& replacement : relinking.replacements) {
-        const std::optional<std::u16string> result = replaced(path, replacement);
+        std::optional<std::u16string> result = replaced(path, replacement);
         if (result && is_known_to_be_there(*result, surroundings))
             return result;
         if (result && !first)

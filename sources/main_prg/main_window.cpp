@@ -21,7 +21,7 @@
 #include "sources/win32/memory_block.h"
 #include "sources/win32/own_window.h"
 
-MainWindowState main_window;
+MainWindow_STR main_window;
 
 namespace
 {
@@ -32,7 +32,7 @@ void on_WM_GETMINMAXINFO(MINMAXINFO* info)
     info->ptMinTrackSize.y = initial_main_height(GetSystemMetrics(SM_CYSCREEN));
 }
 
-void on_WM_PAINT(HWND hwnd, MainWindowState* state)
+void on_WM_PAINT(HWND hwnd, MainWindow_STR* state)
 {
     const PaintDC dc(hwnd);
     fill_background(hwnd, dc.get());
@@ -61,7 +61,7 @@ void on_Scan(HWND hwnd, WPARAM wParam, LPARAM lParam)
 
 // Sets the loaded-profiles store up at the first load or drop. One attempt only: the command goes on after a
 // failure, which is shown as row `failure`, and later ones do not try again.
-void set_up_store_once(HWND owner, MainWindowState* state, FixedRow failure)
+void set_up_store_once(HWND owner, MainWindow_STR* state, FixedRow failure)
 {
     if (state->flag_store_initialised)
         return;
@@ -70,7 +70,7 @@ void set_up_store_once(HWND owner, MainWindowState* state, FixedRow failure)
         report_owned(owner, failure);
 }
 
-void on_LoadProfile(HWND hwnd, MainWindowState* state)
+void on_LoadProfile(HWND hwnd, MainWindow_STR* state)
 {
     set_up_store_once(nullptr, state, kStoreSetUpCommand);
     const std::int32_t result =
@@ -90,7 +90,7 @@ void on_menu_command(HWND hwnd, unsigned id)
         report_owned(hwnd, kReserved[id - kReservedCommand_first]);
 }
 
-void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, MainWindowState* state)
+void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, MainWindow_STR* state)
 {
     const unsigned id = LOWORD(wParam);
     const unsigned code = HIWORD(wParam);
@@ -110,14 +110,14 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, MainWindowState* sta
         onButton_Apply_press(&state->CB_Profile, &state->CB_Action, &state->LoadedProfiles);
 }
 
-void on_WM_DROPFILES(HWND hwnd, HDROP hDrop, MainWindowState* state)
+void on_WM_DROPFILES(HWND hwnd, HDROP hDrop, MainWindow_STR* state)
 {
     state->hDrop = hDrop;
     set_up_store_once(hwnd, state, kStoreSetUpDrop);
     on_wm_dropfiles(hwnd, hDrop, &state->LoadedProfiles, &state->CB_Profile);
 }
 
-void on_WM_DESTROY(MainWindowState* state)
+void on_WM_DESTROY(MainWindow_STR* state)
 {
     DeleteObject(state->hFont_controls);
     state->hFont_controls = nullptr;
@@ -140,7 +140,7 @@ void on_WM_DESTROY(MainWindowState* state)
 
 LRESULT CALLBACK WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    MainWindowState* state = &main_window;
+    MainWindow_STR* state = &main_window;
     switch (message) {
     case WM_CREATE:
         on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), state);

@@ -22,7 +22,7 @@ constexpr PixelRect kPlaceholder_combo{.x = 10, .y = 10, .height = 10, .width = 
 constexpr std::int32_t kPlaceholder_margin = 300;
 
 // One of the two upper buttons; a failure is shown as row `failure`.
-HWND create_upper_button(HWND hwnd, const MainWindowState* state, const wchar_t* text, MainControl id,
+HWND create_upper_button(HWND hwnd, const MainWindow_STR* state, const wchar_t* text, MainControl id,
                          FixedRow failure)
 {
     const HWND button =
@@ -36,7 +36,7 @@ HWND create_upper_button(HWND hwnd, const MainWindowState* state, const wchar_t*
     return button;
 }
 
-void create_controls(HWND hwnd, MainWindowState* state)
+void create_controls(HWND hwnd, MainWindow_STR* state)
 {
     state->hWndBTN00 = create_upper_button(hwnd, state, L"Scan", ID_BTN_SCAN, kCreateScanButton);
     state->hWndBTN_LoadProfile =
@@ -77,7 +77,7 @@ bool find_control_font_size(HWND hwnd, STR_GeomLt* geometry)
     return true;
 }
 
-void set_control_font(MainWindowState* state)
+void set_control_font(MainWindow_STR* state)
 {
     state->hFont_controls = create_control_font(state->STR_GeomLt_MW.i_font_size);
     if (state->hFont_controls == nullptr)
@@ -103,7 +103,7 @@ void initialise_com()
 
 } // namespace
 
-void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* state)
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindow_STR* state)
 {
     state->hwnd_MW = hwnd;
     set_layout_constants(&state->STR_GeomLt_MW);

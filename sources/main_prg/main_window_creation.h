@@ -7,4 +7,4 @@
 
 // Builds the main window's contents: layout constants, five controls, lists' records, control font, COM on
 // this thread. What cannot be made is shown in a box and the window goes on without it.
-void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindowState* state);
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindow_STR* state);

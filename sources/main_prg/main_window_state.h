@@ -26,7 +26,7 @@ inline constexpr unsigned kReservedCommand_last = 8;
 
 // The process-wide state of the main window. Fields called unread are there for whoever looks at it in a
 // debugger or a dump: the program itself is handed the value.
-struct MainWindowState {
+struct MainWindow_STR {
     HWND hwnd_MW;    // unread: every message names the window
     HINSTANCE hInst; // of the module that made the window; used for every child
     HWND hWndBTN00;  // Scan
@@ -43,4 +43,4 @@ struct MainWindowState {
     LoadedProfiles_STR LoadedProfiles;
 };
 
-extern MainWindowState main_window;
+extern MainWindow_STR main_window;

@@ -61,8 +61,8 @@ constexpr std::size_t kText_max_units = 50; // with the closing zero
 using EditText = std::array<wchar_t, kText_max_units>;
 
 // The process-wide state: one window at a time. A second one takes it over.
-struct ModifyCellState {
-    STR_CellReference cell;
+struct ModifyCell_STR {
+    CellReference_STR cell;
     std::array<HWND, MODIFY_CELL_CONTROLS> controls;               // by identifier
     std::array<WNDPROC, MODIFY_CELL_CONTROLS> previous_procedures; // by identifier
     ModifyCellLayout layout;
@@ -70,7 +70,7 @@ struct ModifyCellState {
     std::int32_t i_client_width; // this and the next as WM_SIZE told; unread: the layout goes by the screen
     std::int32_t i_client_height;
 };
-ModifyCellState modify_cell;
+ModifyCell_STR modify_cell;
 
 // The identifier of one of this window's controls.
 unsigned control_id(HWND control)
@@ -139,7 +139,7 @@ LRESULT CALLBACK WndProc_ModifyCell_Button(HWND hwnd, UINT message, WPARAM wPara
     }
 }
 
-void create_controls(HWND hwnd, HINSTANCE instance, ModifyCellState* state)
+void create_controls(HWND hwnd, HINSTANCE instance, ModifyCell_STR* state)
 {
     for (const ModifyCellControl id : kCreationOrder) {
         const ControlKind& kind = kControls[id];
@@ -171,7 +171,7 @@ std::optional<std::int32_t> find_font_height(HWND hwnd, const ModifyCellLayout& 
 
 // Gives all controls their font and keeps it with the window, which deletes it when it goes. False after an
 // error box.
-bool set_control_font(HWND hwnd, const ModifyCellState* state)
+bool set_control_font(HWND hwnd, const ModifyCell_STR* state)
 {
     const auto height = find_font_height(hwnd, state->layout);
     if (!height)
@@ -187,7 +187,7 @@ bool set_control_font(HWND hwnd, const ModifyCellState* state)
     return true;
 }
 
-void subclass_controls(HWND hwnd, ModifyCellState* state)
+void subclass_controls(HWND hwnd, ModifyCell_STR* state)
 {
     for (unsigned id = 0; id < MODIFY_CELL_CONTROLS; ++id) {
         const WNDPROC procedure =
@@ -201,7 +201,7 @@ void subclass_controls(HWND hwnd, ModifyCellState* state)
     }
 }
 
-void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ModifyCellState* state)
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ModifyCell_STR* state)
 {
     state->flag_created = false;
     state->layout = compute_modify_cell_layout(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
@@ -217,15 +217,15 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ModifyCellState* sta
 bool is_cell_reference(HWND sender, const COPYDATASTRUCT* data)
 {
     if (!is_own_window_of_class(sender, kClass_ScanListView) || data == nullptr || data->lpData == nullptr ||
-        data->cbData != sizeof(STR_CellReference))
+        data->cbData != sizeof(CellReference_STR))
         return false;
-    STR_CellReference cell{};
+    CellReference_STR cell{};
     std::memcpy(&cell, data->lpData, sizeof cell);
     return is_own_window_of_class(cell.hwndListView, WC_LISTVIEWW);
 }
 
 // Keeps the cell reference and shows the row's four texts.
-void on_WM_COPYDATA(HWND sender, const COPYDATASTRUCT* data, ModifyCellState* state)
+void on_WM_COPYDATA(HWND sender, const COPYDATASTRUCT* data, ModifyCell_STR* state)
 {
     if (!is_cell_reference(sender, data))
         return;
@@ -237,7 +237,7 @@ void on_WM_COPYDATA(HWND sender, const COPYDATASTRUCT* data, ModifyCellState* st
     }
 }
 
-void on_WM_PAINT(HWND hwnd, const ModifyCellState* state)
+void on_WM_PAINT(HWND hwnd, const ModifyCell_STR* state)
 {
     const PaintDC dc(hwnd);
     if (!state->flag_created)
@@ -250,7 +250,7 @@ void on_WM_PAINT(HWND hwnd, const ModifyCellState* state)
     }
 }
 
-void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ModifyCellState* state)
+void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ModifyCell_STR* state)
 {
     if (HIWORD(wParam) != BN_CLICKED)
         return;
@@ -315,15 +315,16 @@ std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, S
     if (row >= pSTR->counter_valid)
         return report<kModifyOkNoRow>(row, pSTR->counter_valid);
     EditTexts texts{};
-    if (!read_edits(&texts))
-        return report<kModifyOkNoEdits>(
-            modify_cell.controls[MODIFY_CELL_X], modify_cell.controls[MODIFY_CELL_Y],
-            modify_cell.controls[MODIFY_CELL_WIDTH], modify_cell.controls[MODIFY_CELL_HEIGHT]);
+    if (!read_edits(&texts)) {
+        const auto& [hEdit, hEdit_Ypos, hEdit_Width, hEdit_Height, hBtn_Ok, hBtn_Cancel] =
+            modify_cell.controls;
+        return report<kModifyOkNoEdits>(hEdit, hEdit_Ypos, hEdit_Width, hEdit_Height);
+    }
 
     show_valid_texts(hwndListView, row, &texts);
     // Quirk: a text that the row refused changes the geometry all the same; kept so that a profile holds the
     // same numbers whichever version saves it.
-    STR_GeomEntry* entry = geometry_entry(pSTR, row);
+    GeomEntry_STR* entry = geometry_entry(pSTR, row);
     entry->x = leading_number(texts[MODIFY_CELL_X].data());
     entry->y = leading_number(texts[MODIFY_CELL_Y].data());
     entry->height = leading_number(texts[MODIFY_CELL_HEIGHT].data());
@@ -334,7 +335,7 @@ std::int32_t on_Button_OK(HWND hwndThis, HWND hwndListView, std::uint32_t row, S
 
 LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    ModifyCellState* state = &modify_cell;
+    ModifyCell_STR* state = &modify_cell;
     switch (message) {
     case WM_CREATE:
         on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), state);

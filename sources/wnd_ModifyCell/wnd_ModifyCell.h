@@ -11,12 +11,12 @@
 inline constexpr wchar_t kClass_ModifyCell[] = L"Modify Cell Window";
 
 // The cell that the window is opened for: the payload of the WM_COPYDATA that follows its creation.
-struct STR_CellReference {
+struct CellReference_STR {
     std::uint32_t uiRow;    // item of the list
     std::uint32_t uiColumn; // subitem that was clicked; kept, not used
     HWND hwndListView;
 };
-static_assert(sizeof(STR_CellReference) == 16 && std::is_trivially_copyable_v<STR_CellReference>);
+static_assert(sizeof(CellReference_STR) == 16 && std::is_trivially_copyable_v<CellReference_STR>);
 
 // The window's procedure. A WM_COPYDATA that is not a cell reference of a list of this program is ignored.
 LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);

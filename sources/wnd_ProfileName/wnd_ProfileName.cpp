@@ -26,7 +26,7 @@ constexpr int kOffset_from_owner = 70;
 constexpr std::size_t kNameBuffer_units = 1024;
 
 // The process-wide state: one window at a time.
-struct ProfileNameState {
+struct ProfileName_STR {
     HWND hwnd_ListWindows;
     HWND hEdit;
     std::int32_t i_outer_width;
@@ -35,7 +35,7 @@ struct ProfileNameState {
     std::int32_t i_client_width; // this and the next as WM_SIZE told; unread: the layout goes by the screen
     std::int32_t i_client_height;
 };
-ProfileNameState profile_name;
+ProfileName_STR profile_name;
 bool class_registered = false;
 
 // Creates a button; a failure is shown as row `failure`.
@@ -46,7 +46,7 @@ void create_button(HWND hwnd, HINSTANCE instance, const wchar_t* text, DWORD sty
         report_owned(hwnd, failure);
 }
 
-void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* state)
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileName_STR* state)
 {
     *state = {};
     const auto* p_hwnd_ListWindows = static_cast<const HWND*>(creation->lpCreateParams);
@@ -76,7 +76,7 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, ProfileNameState* st
     state->flag_controls_exist = true;
 }
 
-void on_WM_PAINT(HWND hwnd, const ProfileNameState* state)
+void on_WM_PAINT(HWND hwnd, const ProfileName_STR* state)
 {
     const PaintDC dc(hwnd);
     fill_background(hwnd, dc.get());
@@ -87,7 +87,7 @@ void on_WM_PAINT(HWND hwnd, const ProfileNameState* state)
     DrawTextW(dc.get(), kLabel, -1, &label, DT_SINGLELINE | DT_VCENTER);
 }
 
-void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ProfileNameState* state)
+void on_WM_COMMAND(HWND hwnd, WPARAM wParam, const ProfileName_STR* state)
 {
     if (HIWORD(wParam) != BN_CLICKED)
         return;
@@ -147,7 +147,7 @@ std::int32_t on_Button_CANCEL(HWND hwndThis)
 
 LRESULT CALLBACK WndProc_wnd_ProfileName(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    ProfileNameState* state = &profile_name;
+    ProfileName_STR* state = &profile_name;
     switch (message) {
     case WM_CREATE:
         on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), state);

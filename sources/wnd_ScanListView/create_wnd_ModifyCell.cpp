@@ -15,7 +15,7 @@ bool class_registered = false;
 
 } // namespace
 
-HWND create_wnd_ModifyCell(HWND hwnd_ListWindows, HWND hwndLV, const STR_HitCell* hit_cell)
+HWND create_wnd_ModifyCell(HWND hwnd_ListWindows, HWND hwndLV, const HitCell_STR* hit_cell)
 {
     const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwnd_ListWindows, GWLP_HINSTANCE));
     register_secondary_window_class_once(instance, kClass_ModifyCell, WndProc_ModifyCell, &class_registered);
@@ -30,7 +30,7 @@ HWND create_wnd_ModifyCell(HWND hwnd_ListWindows, HWND hwndLV, const STR_HitCell
     ShowWindow(hwnd, SW_SHOW);
     UpdateWindow(hwnd);
 
-    STR_CellReference cell{.uiRow = static_cast<std::uint32_t>(hit_cell->iRow),
+    CellReference_STR cell{.uiRow = static_cast<std::uint32_t>(hit_cell->iRow),
                            .uiColumn = static_cast<std::uint32_t>(hit_cell->iColumn),
                            .hwndListView = hwndLV};
     COPYDATASTRUCT data{.dwData = 0, .cbData = sizeof cell, .lpData = &cell};

@@ -9,6 +9,7 @@
 #include "sources/win32/list_view_cells.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
+#include "sources/wnd_ScanListView/scan_list_state.h"
 
 namespace
 {
@@ -100,7 +101,7 @@ void insert_rows(HWND hwndLV)
         // Re-entrancy: a message box may have been up; closing the main window meanwhile releases the record.
         if (scan_record.pcDynMem_GeomText == nullptr)
             return;
-        const STR_GeomEntry entry = *geometry_entry(&scan_record, row);
+        const GeomEntry_STR entry = *geometry_entry(&scan_record, row);
         set_subitem(hwndLV, inserted, COLUMN_NAME, entry.title == nullptr ? L"" : entry.title);
         set_subitem(hwndLV, inserted, COLUMN_X, number_text(entry.x).data());
         set_subitem(hwndLV, inserted, COLUMN_Y, number_text(entry.y).data());
@@ -124,7 +125,7 @@ void select_as_ticked(HWND hwndLV, int row)
 }
 
 // Keeps the cell under the cursor and returns the cursor's position on the screen.
-POINT keep_hit_cell(HWND hwndLV, STR_HitCell* hit_cell)
+POINT keep_hit_cell(HWND hwndLV)
 {
     POINT cursor{};
     GetCursorPos(&cursor);
@@ -132,15 +133,16 @@ POINT keep_hit_cell(HWND hwndLV, STR_HitCell* hit_cell)
     hit.pt = cursor;
     ScreenToClient(hwndLV, &hit.pt);
     SendMessageW(hwndLV, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    *hit_cell = {.iRow = hit.iItem, .iColumn = hit.iSubItem};
+    scan_list.hit_cell = {.iRow = hit.iItem, .iColumn = hit.iSubItem};
     return cursor;
 }
 
-void on_right_click(HWND hwndThis, HWND hwndLV, HMENU popup, STR_HitCell* hit_cell)
+void on_right_click(HWND hwndThis, HWND hwndLV)
 {
-    const POINT cursor = keep_hit_cell(hwndLV, hit_cell);
-    if (hit_cell->iColumn >= COLUMN_X && hit_cell->iColumn <= COLUMN_HEIGHT)
-        TrackPopupMenu(popup, 0, cursor.x, cursor.y, 0, hwndThis, nullptr);
+    const POINT cursor = keep_hit_cell(hwndLV);
+    const int column = scan_list.hit_cell.iColumn;
+    if (column >= COLUMN_X && column <= COLUMN_HEIGHT)
+        TrackPopupMenu(scan_list.popup, 0, cursor.x, cursor.y, 0, hwndThis, nullptr);
 }
 
 } // namespace
@@ -174,19 +176,19 @@ std::int32_t on_WM_CREATE_02_ListView(HWND hwndThis, WPARAM /*wParam*/, LPARAM /
 }
 
 std::int32_t on_WM_NOTIFY_ListView(HWND hwndThis, HWND hwndLV, WPARAM /*wParam*/, LPARAM /*lParam*/,
-                                   const NMHDR* pNMHDR, HMENU popup, STR_HitCell* hit_cell)
+                                   const NMHDR* pNMHDR)
 {
-    if (hwndThis == nullptr || hwndLV == nullptr || pNMHDR == nullptr || hit_cell == nullptr)
+    if (hwndThis == nullptr || hwndLV == nullptr || pNMHDR == nullptr)
         return report<kListviewNotifyInput>();
     switch (pNMHDR->code) {
     case LVN_ITEMCHANGED:
         select_as_ticked(hwndLV, reinterpret_cast<const NMLISTVIEW*>(pNMHDR)->iItem);
         break;
     case NM_CLICK:
-        keep_hit_cell(hwndLV, hit_cell);
+        keep_hit_cell(hwndLV);
         break;
     case NM_RCLICK:
-        on_right_click(hwndThis, hwndLV, popup, hit_cell);
+        on_right_click(hwndThis, hwndLV);
         break;
     default:
         break;

@@ -19,29 +19,14 @@
 #include "sources/wnd_ScanListView/saving/save_profile.h"
 #include "sources/wnd_ScanListView/scan_list_errors.h"
 #include "sources/wnd_ScanListView/scan_list_layout.h"
+#include "sources/wnd_ScanListView/scan_list_state.h"
+
+ScanList_STR scan_list;
 
 namespace
 {
 
 enum ScanListControl : unsigned { ID_BTN_MOVE = 1, ID_BTN_CREATE_PROFILE = 2, ID_LISTVIEW = 4 };
-
-// The process-wide state of the window: one at a time.
-struct ScanListState {
-    HWND hwnd; // the window that it belongs to
-    HINSTANCE hInst;
-    HWND hwndMove;
-    HWND hwndCreateProfile;
-    HWND hwndLV;
-    HFONT hFont;
-    HMENU menu;  // menu_popup_ModifyCell
-    HMENU popup; // its submenu
-    STR_HitCell hit_cell;
-    HWND hwnd_ModifyCell;
-    HWND hwnd_ProfileName;   // as Create Profile stored it
-    HWND hwnd_COPYDATA_from; // sender of the last WM_COPYDATA
-    STR_RW_PRFL RW_PRFL;
-};
-ScanListState scan_list;
 
 // In GWLP_USERDATA of a window whose destruction has begun.
 constexpr LONG_PTR kBeing_destroyed = 1;
@@ -61,14 +46,14 @@ public:
 };
 
 // Forgets everything but the write record, which lives as long as the program.
-void reset_state(ScanListState* state)
+void reset_state(ScanList_STR* state)
 {
     const STR_RW_PRFL kept = state->RW_PRFL;
     *state = {};
     state->RW_PRFL = kept;
 }
 
-HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const ScanListState* state,
+HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const ScanList_STR* state,
                    FixedRow failure)
 {
     const PixelRect unplaced{.x = 0,
@@ -82,7 +67,7 @@ HWND create_button(HWND hwnd, const wchar_t* text, ScanListControl id, const Sca
 }
 
 // False when the window was destroyed while a message box was up: the state is not its own any more.
-bool create_buttons(HWND hwnd, ScanListState* state)
+bool create_buttons(HWND hwnd, ScanList_STR* state)
 {
     const HWND move = create_button(hwnd, L"Move", ID_BTN_MOVE, state, kListCreateMove);
     if (state->hwnd != hwnd)
@@ -111,7 +96,7 @@ std::int32_t find_font_height(HWND hwnd)
     return height.value_or(kFontHeight_default);
 }
 
-void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanListState* state)
+void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanList_STR* state)
 {
     reset_state(state);
     state->hwnd = hwnd;
@@ -138,14 +123,16 @@ void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, WPARAM wParam, ScanL
     state->popup = GetSubMenu(state->menu, 0);
 }
 
-void on_WM_SIZE_ScanListView(LPARAM lParam, const ScanListState* state)
+// Computes the layout for the new client area and moves buttons, list and columns.
+void on_WM_SIZE_ScanListView(HWND /*hwndThis*/, WPARAM /*wParam*/, LPARAM lParam, HWND hwndMove,
+                             HWND hwndCreateProfile, HWND hwndLV, ScanListLayout* layout)
 {
-    const ScanListLayout layout = compute_scan_list_layout(
-        LOWORD(lParam), HIWORD(lParam), GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
-    move_control(state->hwndMove, layout.move);
-    move_control(state->hwndCreateProfile, layout.create_profile);
-    move_control(state->hwndLV, layout.list);
-    set_column_widths(state->hwndLV, LOWORD(lParam));
+    *layout = compute_scan_list_layout(LOWORD(lParam), HIWORD(lParam), GetSystemMetrics(SM_CXSCREEN),
+                                       GetSystemMetrics(SM_CYSCREEN));
+    move_control(hwndMove, layout->move);
+    move_control(hwndCreateProfile, layout->create_profile);
+    move_control(hwndLV, layout->list);
+    set_column_widths(hwndLV, LOWORD(lParam));
 }
 
 void on_WM_PAINT(HWND hwnd)
@@ -154,17 +141,17 @@ void on_WM_PAINT(HWND hwnd)
 }
 
 // True for a notification of the list, which is handled then.
-bool on_WM_NOTIFY(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state)
+bool on_WM_NOTIFY(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanList_STR* state)
 {
     const auto* notification = reinterpret_cast<const NMHDR*>(lParam);
     if (notification == nullptr || state->hwndLV == nullptr || notification->hwndFrom != state->hwndLV ||
         notification->idFrom != ID_LISTVIEW)
         return false;
-    on_WM_NOTIFY_ListView(hwnd, state->hwndLV, wParam, lParam, notification, state->popup, &state->hit_cell);
+    on_WM_NOTIFY_ListView(hwnd, state->hwndLV, wParam, lParam, notification);
     return true;
 }
 
-void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state)
+void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanList_STR* state)
 {
     const std::int32_t result = onButton_Move(hwnd, state->hwndLV, wParam, lParam,
                                               scan_record.pcDynMem_WinHndls, scan_record.counter_valid);
@@ -172,7 +159,7 @@ void on_Move(HWND hwnd, WPARAM wParam, LPARAM lParam, const ScanListState* state
         report<kListMoveFailed>(result);
 }
 
-void on_Create_Profile(HWND hwnd, ScanListState* state)
+void on_Create_Profile(HWND hwnd, ScanList_STR* state)
 {
     if (save_under_way) // Re-entrancy: its dialog and boxes run message loops.
         return;
@@ -187,7 +174,7 @@ void on_Create_Profile(HWND hwnd, ScanListState* state)
         report<kListCreateProfileFailed>(result);
 }
 
-void on_Modify_Cell(HWND hwnd, ScanListState* state)
+void on_Modify_Cell(HWND hwnd, ScanList_STR* state)
 {
     const HWND opened = create_wnd_ModifyCell(hwnd, state->hwndLV, &state->hit_cell);
     if (state->hwnd == hwnd)
@@ -196,7 +183,7 @@ void on_Modify_Cell(HWND hwnd, ScanListState* state)
         destroy_own_window_of_class(opened, kClass_ModifyCell);
 }
 
-void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanListState* state)
+void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanList_STR* state)
 {
     if (HIWORD(wParam) != BN_CLICKED)
         return;
@@ -232,7 +219,7 @@ std::int32_t save_profile(HWND hwnd, HWND sender, const COPYDATASTRUCT* name, ST
 
 // A profile's name, from whichever window it comes. Answered FALSE when the save ends with a negative result,
 // and without taking the name while another save is under way.
-LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanListState* state)
+LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanList_STR* state)
 {
     state->hwnd_COPYDATA_from = sender;
     if (data == nullptr)
@@ -249,7 +236,7 @@ LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanL
 }
 
 // Destroys and releases what belongs to the window, its scan included.
-void clean_up(HWND hwnd, ScanListState* state)
+void clean_up(HWND hwnd, ScanList_STR* state)
 {
     state->hwnd = nullptr;
     DestroyMenu(state->menu);
@@ -264,7 +251,7 @@ void clean_up(HWND hwnd, ScanListState* state)
     reset_state(state);
 }
 
-void on_WM_DESTROY(HWND hwnd, ScanListState* state)
+void on_WM_DESTROY(HWND hwnd, ScanList_STR* state)
 {
     // Re-entrancy: DestroyWindow sends the message once more; each part answers it once.
     if (state->hwnd == hwnd)
@@ -279,13 +266,14 @@ void on_WM_DESTROY(HWND hwnd, ScanListState* state)
 
 LRESULT CALLBACK WndProc_ScanListView(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    ScanListState* state = &scan_list;
+    ScanList_STR* state = &scan_list;
     switch (message) {
     case WM_CREATE:
         on_WM_CREATE(hwnd, reinterpret_cast<const CREATESTRUCTW*>(lParam), wParam, state);
         break;
     case WM_SIZE:
-        on_WM_SIZE_ScanListView(lParam, state);
+        on_WM_SIZE_ScanListView(hwnd, wParam, lParam, state->hwndMove, state->hwndCreateProfile,
+                                state->hwndLV, &state->layout);
         return 0;
     case WM_PAINT:
         on_WM_PAINT(hwnd);

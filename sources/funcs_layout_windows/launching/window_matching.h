@@ -9,7 +9,8 @@
 // One program that was started. All but the index are 0 when the start failed.
 struct STR_InfoLoadedPrg {
     std::uint32_t uiIndex_wnd; // the profile entry; matching goes by path and ids and does not read it
-    // Quirk: open until this process ends; whoever inspects it finds every program that it has started.
+    // Quirk: open until this process ends; the search goes by ids, which stay a program's while it is held
+    // open.
     HANDLE hProcess;
     HANDLE hThread;
     std::uint32_t dwProcessId;

@@ -106,8 +106,8 @@ std::int32_t check_contents(const LoadedFile* loaded)
 }
 
 // Appends the profile to the store and its name to the Profile list.
-// Quirk: the name of the profile stored last is added also when this one was refused; a load has always shown
-// a name. Without any stored profile there is none.
+// Quirk: the name of the profile stored last is added also when this one was refused; kept so that a load
+// means the same in every version. Without any stored profile there is none.
 void store_and_name(const LaunchState* launch, const LoadedFile* loaded, LoadedProfiles_STR* store,
                     CB_mng_STR* p_CB_Profile_mng_STR)
 {

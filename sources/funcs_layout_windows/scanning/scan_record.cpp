@@ -6,9 +6,9 @@
 
 STR_ENUM_WNDS_DATA scan_record;
 
-STR_GeomEntry* geometry_entry(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot)
+GeomEntry_STR* geometry_entry(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot)
 {
-    return reinterpret_cast<STR_GeomEntry*>(pSTR->pcDynMem_GeomText) + slot;
+    return reinterpret_cast<GeomEntry_STR*>(pSTR->pcDynMem_GeomText) + slot;
 }
 
 std::span<wchar_t, kTitle_slot_units> title_slot(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot)

@@ -33,7 +33,7 @@ struct STR_ENUM_WNDS_DATA {
 static_assert(std::is_trivially_copyable_v<STR_ENUM_WNDS_DATA>);
 
 // A slot's geometry entry.
-struct STR_GeomEntry {
+struct GeomEntry_STR {
     wchar_t* title; // the slot's title, zero-terminated, inside the same block; null in a slot never written
     std::int32_t x;
     std::int32_t y;
@@ -41,20 +41,20 @@ struct STR_GeomEntry {
     std::int32_t height;
     std::int32_t width;
 };
-static_assert(sizeof(STR_GeomEntry) == 24 && std::is_trivially_copyable_v<STR_GeomEntry>);
-static_assert(offsetof(STR_GeomEntry, x) == 8 && offsetof(STR_GeomEntry, y) == 12 &&
-              offsetof(STR_GeomEntry, height) == 16 && offsetof(STR_GeomEntry, width) == 20);
+static_assert(sizeof(GeomEntry_STR) == 24 && std::is_trivially_copyable_v<GeomEntry_STR>);
+static_assert(offsetof(GeomEntry_STR, x) == 8 && offsetof(GeomEntry_STR, y) == 12 &&
+              offsetof(GeomEntry_STR, height) == 16 && offsetof(GeomEntry_STR, width) == 20);
 
 // Bytes of the geometry and title block per slot.
 inline constexpr std::size_t kGeomText_slot_bytes =
-    sizeof(STR_GeomEntry) + kTitle_slot_units * sizeof(wchar_t);
+    sizeof(GeomEntry_STR) + kTitle_slot_units * sizeof(wchar_t);
 static_assert(kGeomText_slot_bytes == 122);
 
 // The one scan record.
 extern STR_ENUM_WNDS_DATA scan_record;
 
 // The geometry entry of slot `slot`, which must be below counter_valid.
-STR_GeomEntry* geometry_entry(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot);
+GeomEntry_STR* geometry_entry(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot);
 
 // The title slot of slot `slot`.
 std::span<wchar_t, kTitle_slot_units> title_slot(const STR_ENUM_WNDS_DATA* pSTR, std::uint32_t slot);

@@ -54,7 +54,7 @@ bool arrays_present(const STR_RW_PRFL* record)
 std::size_t copy_window(const STR_RW_PRFL* record, std::uint32_t i, const STR_ENUM_WNDS_DATA* scan,
                         std::uint32_t k, std::size_t offset)
 {
-    const STR_GeomEntry* entry = geometry_entry(scan, k);
+    const GeomEntry_STR* entry = geometry_entry(scan, k);
     const std::uint32_t path_bytes = scan->arr1D_ui_LenPath[k];
     record->p_arr1D_uc_flag_Prg_or_Folder[i] = scan->arr1D_uc_flag_FP[k];
     record->p_arr1D_ui_x[i] = static_cast<std::uint32_t>(entry->x);

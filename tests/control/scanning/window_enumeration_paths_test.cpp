@@ -77,7 +77,7 @@ void expect_slot_empty(std::uint32_t slot)
 {
     SCOPED_TRACE(slot);
     EXPECT_EQ(scan_record.pcDynMem_WinHndls[slot], nullptr);
-    const STR_GeomEntry* entry = geometry_entry(&scan_record, slot);
+    const GeomEntry_STR* entry = geometry_entry(&scan_record, slot);
     EXPECT_EQ(entry->title, nullptr);
     EXPECT_EQ(entry->x, 0);
     EXPECT_EQ(entry->y, 0);

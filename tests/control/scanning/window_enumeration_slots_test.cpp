@@ -56,7 +56,7 @@ TEST(WindowEnumeration, ListsAMinimisedWindowWithZeroPlaceAndSize)
     ShowWindow(window, SW_MINIMIZE);
     const Desktop desktop({window});
     ASSERT_EQ(fixture.scan(), 1);
-    const STR_GeomEntry* entry = geometry_entry(&scan_record, 0);
+    const GeomEntry_STR* entry = geometry_entry(&scan_record, 0);
     EXPECT_EQ(entry->x, 0);
     EXPECT_EQ(entry->y, 0);
     EXPECT_EQ(entry->width, 0);

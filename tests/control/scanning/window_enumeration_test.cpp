@@ -256,7 +256,7 @@ TEST(WindowEnumeration, EndsInEitherPassWhenAPathCannotBeRead)
         // The window has its slot but for the path, and is not counted.
         EXPECT_EQ(scan_record.pcDynMem_WinHndls[0], static_cast<HWND>(window));
         EXPECT_EQ(title_of_slot(0), L"window");
-        const STR_GeomEntry* entry = geometry_entry(&scan_record, 0);
+        const GeomEntry_STR* entry = geometry_entry(&scan_record, 0);
         EXPECT_EQ(entry->x, 100);
         EXPECT_EQ(entry->y, 120);
         EXPECT_EQ(entry->width, 320);

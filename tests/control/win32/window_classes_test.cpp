@@ -76,7 +76,7 @@ TEST(WindowClasses, OfTheNameWindowIsTriedAgainAfterAFailure)
 TEST(WindowClasses, OfModifyCellIsTriedAgainAfterAFailure)
 {
     const Owner owner;
-    const STR_HitCell cell{};
+    const HitCell_STR cell{};
     expect_registered_at_the_second_opening(
         L"Modify Cell Window", [&] { return create_wnd_ModifyCell(owner.window(), owner.window(), &cell); });
 }

@@ -32,7 +32,7 @@ protected:
 
     void open(int row, int column = 2)
     {
-        const STR_HitCell cell{row, column};
+        const HitCell_STR cell{row, column};
         SetCursorPos(200, 150);
         dialog = create_wnd_ModifyCell(hwnd_ScanListView, fixture.list().window(), &cell);
     }
@@ -69,7 +69,7 @@ protected:
     }
     static std::string entry(std::uint32_t row)
     {
-        const STR_GeomEntry* entry = geometry_entry(&scan_record, row);
+        const GeomEntry_STR* entry = geometry_entry(&scan_record, row);
         return std::to_string(entry->x) + "," + std::to_string(entry->y) + " " +
                std::to_string(entry->width) + "x" + std::to_string(entry->height);
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/wnd_ScanListView/scan_list_state.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
@@ -296,20 +297,19 @@ TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const HWND list = scan.fixture.list().window();
-    STR_HitCell cell{7, 8};
+    scan_list.hit_cell = {.iRow = 7, .iColumn = 8};
     NMHDR header{};
     header.code = static_cast<UINT>(NM_CLICK); // would change the cell
     const BoxWatcher boxes;
-    EXPECT_EQ(on_WM_NOTIFY_ListView(nullptr, list, 0, 0, &header, nullptr, &cell), -1);
-    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, nullptr, 0, 0, &header, nullptr, &cell), -1);
-    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, nullptr, nullptr, &cell), -1);
-    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, &header, nullptr, nullptr), -1);
+    EXPECT_EQ(on_WM_NOTIFY_ListView(nullptr, list, 0, 0, &header), -1);
+    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, nullptr, 0, 0, &header), -1);
+    EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, nullptr), -1);
     const ExpectedBox box{bytes_as_wide("ERROR"),
                           bytes_as_wide("\nERROR\n\nfile:\n\nsources/wnd_ScanListView\nfunction:\n\n"
                                         "on_WM_NOTIFY_ListView\nline:\n\n871\n\n")};
-    boxes.expect_boxes({box, box, box, box});
-    EXPECT_EQ(cell.iRow, 7);
-    EXPECT_EQ(cell.iColumn, 8);
+    boxes.expect_boxes({box, box, box});
+    EXPECT_EQ(scan_list.hit_cell.iRow, 7);
+    EXPECT_EQ(scan_list.hit_cell.iColumn, 8);
 }
 
 TEST(ListOfWindows, TakesItsMenuWithIt)

@@ -5,8 +5,8 @@
 
 #include "errors/error_box.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "sources/wnd_ScanListView/saving/saving_errors.h"
 #include "sources/wnd_ScanListView/saving/save_profile.h"
+#include "sources/wnd_ScanListView/saving/saving_errors.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 

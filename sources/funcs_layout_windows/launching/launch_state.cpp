@@ -15,7 +15,7 @@ std::uint32_t count_folders(const std::uint8_t* file, std::uint32_t n_windows)
     return count;
 }
 
-std::int32_t allocate_arrays(LaunchState* launch, std::uint32_t handle_area_bytes)
+std::int32_t allocate_arrays(Launch_STR* launch, std::uint32_t handle_area_bytes)
 {
     const std::size_t n = launch->uiN_wnds;
     // Quirk: this block is not tested; the search that needs it refuses a null one and ends the load.
@@ -49,7 +49,7 @@ std::int32_t allocate_arrays(LaunchState* launch, std::uint32_t handle_area_byte
 
 } // namespace
 
-std::int32_t prepare_launch(LaunchState* launch, HWND hwnd_MW, std::span<const std::uint8_t> file,
+std::int32_t prepare_launch(Launch_STR* launch, HWND hwnd_MW, std::span<const std::uint8_t> file,
                             std::uint32_t handle_area_bytes)
 {
     launch->hwnd_MW = hwnd_MW;
@@ -60,7 +60,7 @@ std::int32_t prepare_launch(LaunchState* launch, HWND hwnd_MW, std::span<const s
     return allocate_arrays(launch, handle_area_bytes);
 }
 
-void release_launch(LaunchState* launch)
+void release_launch(Launch_STR* launch)
 {
     release_block(launch->p_arr1D_hwnd_Folders);
     release_block(launch->ptcBuf);

@@ -11,7 +11,7 @@
 #include "sources/funcs_layout_windows/launching/window_matching.h"
 
 // The arrays are zero-filled blocks with one element per entry of the profile, unless said otherwise.
-struct LaunchState {
+struct Launch_STR {
     HWND hwnd_MW;                      // owner of the reports
     const std::uint8_t* pcFileData;    // the profile file, checked
     std::uint32_t uiN_wnds;            // its number of entries
@@ -30,14 +30,14 @@ struct LaunchState {
     EntryPathBuffer* p_EntryPath;                 // the path that is being started or opened
 };
 
-// Capacity of LaunchState::ptcBuf in UTF-16 units.
+// Capacity of Launch_STR::ptcBuf in UTF-16 units.
 inline constexpr std::uint32_t kImagePath_units = 2048;
 
 // Fills the cleared state for the checked file `file`, which outlives it, and allocates its arrays. There are
 // as many launch records as the store's handle area has bytes, whatever the profile's size. Returns 1; -9
 // after a box when a block cannot be had (those obtained before stay). The caller releases it.
-std::int32_t prepare_launch(LaunchState* launch, HWND hwnd_MW, std::span<const std::uint8_t> file,
+std::int32_t prepare_launch(Launch_STR* launch, HWND hwnd_MW, std::span<const std::uint8_t> file,
                             std::uint32_t handle_area_bytes);
 
 // Releases the arrays.
-void release_launch(LaunchState* launch);
+void release_launch(Launch_STR* launch);

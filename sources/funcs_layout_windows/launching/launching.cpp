@@ -19,18 +19,18 @@ constexpr int kSearch_attempts = 10;
 constexpr DWORD kSearch_pause_ms = 1000;
 
 // The system's own boxes leave the main window usable: it may be closed while a load is under way.
-bool is_abandoned(const LaunchState* launch)
+bool is_abandoned(const Launch_STR* launch)
 {
     return IsWindow(launch->hwnd_MW) == FALSE;
 }
 
-void note_failed_start(LaunchState* launch, std::uint32_t index)
+void note_failed_start(Launch_STR* launch, std::uint32_t index)
 {
     launch->p_arr1D_ui_failed[launch->uiN_failed_Folders + launch->uiN_failed_Programs] = index;
 }
 
 // Opens a folder window. A null path stands for one that no system call takes.
-void open_folder(LaunchState* launch, std::uint32_t index, const wchar_t* path)
+void open_folder(Launch_STR* launch, std::uint32_t index, const wchar_t* path)
 {
     SHELLEXECUTEINFOW info{};
     info.cbSize = sizeof info;
@@ -63,7 +63,7 @@ STARTUPINFOW startup_info(const Entry& entry)
 
 // Starts a program and waits until it is ready for input; a null path as above.
 // Quirk: the handles in the launch record stay open; the search matches windows by the ids that they keep.
-void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path, std::size_t record_index)
+void start_program(Launch_STR* launch, const Entry& entry, const wchar_t* path, std::size_t record_index)
 {
     STARTUPINFOW startup = startup_info(entry);
     PROCESS_INFORMATION process{};
@@ -84,7 +84,7 @@ void start_program(LaunchState* launch, const Entry& entry, const wchar_t* path,
 }
 
 // Starts every entry in order. Entries of other kinds are passed over.
-void start_entries(LaunchState* launch)
+void start_entries(Launch_STR* launch)
 {
     std::size_t n_records = 0;
     for (const Entry& entry : profile_file::entries(launch->pcFileData)) {
@@ -99,7 +99,7 @@ void start_entries(LaunchState* launch)
 }
 
 // Searches for the folders' windows. Sets `detected`; returns 1, or kLaunch_folder_check_failed after a box.
-std::int32_t detect_folders(LaunchState* launch, bool* detected)
+std::int32_t detect_folders(Launch_STR* launch, bool* detected)
 {
     *detected = false;
     for (int attempt = 0; attempt < kSearch_attempts && launch->uiN_Folders != 0 && !is_abandoned(launch);
@@ -121,7 +121,7 @@ std::int32_t detect_folders(LaunchState* launch, bool* detected)
 }
 
 // Searches for the programs' windows. True when all were found; the pause follows the last attempt as well.
-bool detect_programs(LaunchState* launch)
+bool detect_programs(Launch_STR* launch)
 {
     HWNDs_loadedPrgsProfile_STR record{.p_hwnd_arr = launch->p_arr1D_hwnd_Programs,
                                        .ptcBuf = launch->ptcBuf,
@@ -145,7 +145,7 @@ bool detect_programs(LaunchState* launch)
     return false;
 }
 
-void report_missing(const LaunchState* launch, bool folders_detected, bool programs_detected)
+void report_missing(const Launch_STR* launch, bool folders_detected, bool programs_detected)
 {
     const HWND owner = launch->hwnd_MW;
     if (launch->uiN_failed_Programs > 0 && launch->uiN_Programs > 0)
@@ -177,7 +177,7 @@ void place_window(HWND hwnd, const Entry& entry, HWND restored, AskedWindows* as
 
 // Places the programs' windows, then the folders'. Windows not found are null; the calls fail without effect
 // then.
-void place_windows(LaunchState* launch)
+void place_windows(Launch_STR* launch)
 {
     AskedWindows asked;
     HWND last_program = nullptr;
@@ -200,7 +200,7 @@ void place_windows(LaunchState* launch)
 
 } // namespace
 
-std::int32_t launch_profile(LaunchState* launch)
+std::int32_t launch_profile(Launch_STR* launch)
 {
     start_entries(launch);
     bool folders_detected = false;

@@ -16,4 +16,4 @@ inline constexpr std::int32_t kLaunch_abandoned = 2;
 // 1; kLaunch_folder_check_failed after an error box, with nothing placed; kLaunch_abandoned, quietly, when
 // the main window was closed meanwhile: before the reports nothing is reported or placed then; closed at one
 // of them, the windows that were found are still placed.
-std::int32_t launch_profile(LaunchState* launch);
+std::int32_t launch_profile(Launch_STR* launch);

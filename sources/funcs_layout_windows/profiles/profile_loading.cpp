@@ -108,7 +108,7 @@ std::int32_t check_contents(const LoadedFile* loaded)
 // Appends the profile to the store and its name to the Profile list.
 // Quirk: the name of the profile stored last is added also when this one was refused; kept so that a load
 // means the same in every version. Without any stored profile there is none.
-void store_and_name(const LaunchState* launch, const LoadedFile* loaded, LoadedProfiles_STR* store,
+void store_and_name(const Launch_STR* launch, const LoadedFile* loaded, LoadedProfiles_STR* store,
                     CB_mng_STR* p_CB_Profile_mng_STR)
 {
     const std::uint32_t next = store->uiN_loaded_prfls;
@@ -172,7 +172,7 @@ std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_pat
     if (result < 0)
         return result;
 
-    LaunchState launch{};
+    Launch_STR launch{};
     result = prepare_launch(&launch, hwnd_MW, {loaded.bytes, loaded.size_bytes},
                             p_LoadedProfiles_STR->uiSize_DynMem_hwnds_wnds_prfl);
     if (result > 0)

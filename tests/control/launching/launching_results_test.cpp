@@ -62,7 +62,7 @@ struct ProgramsToLaunch {
     STR_InfoLoadedPrg started[kMaxPrograms] = {};
     std::vector<wchar_t> image = std::vector<wchar_t>(kImagePath_units);
     const std::unique_ptr<EntryPathBuffer> path = std::make_unique<EntryPathBuffer>();
-    LaunchState launch{};
+    Launch_STR launch{};
 };
 
 } // namespace

@@ -13,10 +13,38 @@ constexpr UINT kAnswer_ms = 5000;
 
 constexpr std::size_t kFirst_capacity = 256; // a page of answers
 
-bool ask_to_move_on_top(HWND hwnd, const PixelRect& rect)
+bool is_at(HWND hwnd, const PixelRect& rect)
+{
+    const RECT now = real_window_rect(hwnd);
+    return now.left == rect.x && now.top == rect.y && now.right - now.left == rect.width &&
+           now.bottom - now.top == rect.height;
+}
+
+void move_now(HWND hwnd, const PixelRect& rect)
+{
+    MoveWindow(hwnd, rect.x, rect.y, rect.width, rect.height, TRUE);
+}
+
+// A window that comes to a monitor of another scale resizes itself.
+void move_answering(HWND hwnd, const PixelRect& rect)
+{
+    const UINT scale = scale_at_window(hwnd);
+    move_now(hwnd, rect);
+    if (!is_at(hwnd, rect) && scale_at_window(hwnd) != scale)
+        move_now(hwnd, rect);
+}
+
+bool ask_to_move_once(HWND hwnd, const PixelRect& rect, UINT flags)
 {
     return SetWindowPos(hwnd, HWND_TOP, rect.x, rect.y, rect.width, rect.height,
-                        SWP_ASYNCWINDOWPOS | SWP_SHOWWINDOW) != FALSE;
+                        SWP_ASYNCWINDOWPOS | flags) != FALSE;
+}
+
+// The same for a move that is not waited for: whether the window will resize itself is told by where it goes.
+bool ask_to_move(HWND hwnd, const PixelRect& rect, UINT flags)
+{
+    const bool rescaled = scale_at_window(hwnd) != scale_at_rect(rect);
+    return ask_to_move_once(hwnd, rect, flags) && (!rescaled || ask_to_move_once(hwnd, rect, flags));
 }
 
 } // namespace
@@ -73,21 +101,17 @@ void show_foreign_window(HWND hwnd, int command, bool answers)
 
 void place_foreign_window(HWND hwnd, const PixelRect& rect, bool answers)
 {
+    const RealPixels real;
     if (answers)
-        MoveWindow(hwnd, rect.x, rect.y, rect.width, rect.height, TRUE);
+        move_answering(hwnd, rect);
     else
-        SetWindowPos(hwnd, nullptr, rect.x, rect.y, rect.width, rect.height,
-                     SWP_ASYNCWINDOWPOS | SWP_NOZORDER | SWP_NOACTIVATE);
+        ask_to_move(hwnd, rect, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 bool place_foreign_window_on_top(HWND hwnd, const PixelRect& rect)
 {
     const RealPixels real;
-    const bool rescaled = scale_at_window(hwnd) != scale_at_rect(rect);
     if (IsIconic(hwnd) != FALSE)
         ShowWindowAsync(hwnd, SW_RESTORE);
-    if (!ask_to_move_on_top(hwnd, rect))
-        return false;
-    // A window that comes to a monitor of another scale resizes itself; how it ends is not waited for.
-    return !rescaled || ask_to_move_on_top(hwnd, rect);
+    return ask_to_move(hwnd, rect, SWP_SHOWWINDOW);
 }

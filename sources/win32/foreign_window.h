@@ -40,11 +40,12 @@ private:
 // as soon as it handles messages again.
 void show_foreign_window(HWND hwnd, int command, bool answers);
 
-// Moves and sizes a window, with repaint. One that does not answer takes its place, without coming to the
-// front, as soon as it handles messages again.
+// Moves and sizes a window, in real pixels and with repaint. One that does not answer takes its place,
+// without coming to the front, as soon as it handles messages again. One that comes to a monitor of another
+// scale, and resizes itself there, is moved once more.
 void place_foreign_window(HWND hwnd, const PixelRect& rect, bool answers);
 
-// Restores a minimised window, moves and sizes it and brings it to the top, whenever it gets round to it: as
-// nothing waits for the window it need not be asked before. False when the system refuses, most often because
-// the window is gone.
+// Restores a minimised window, moves and sizes it as above and brings it to the top, whenever it gets round
+// to it: as nothing waits for the window it need not be asked before. False when the system refuses, most
+// often because the window is gone.
 bool place_foreign_window_on_top(HWND hwnd, const PixelRect& rect);

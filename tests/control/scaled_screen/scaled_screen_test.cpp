@@ -116,3 +116,28 @@ TEST_F(ScaledScreen, MovesToRealPixels)
     fixture.press(1);
     EXPECT_EQ(real_place_once_it_is(window, "151,182 481x361"), "151,182 481x361");
 }
+
+TEST_F(ScaledScreen, PlacesALoadedProgramAtRealPixels)
+{
+    ProfileFixture fixture;
+    FixturePrograms programs;
+    const std::u16string path = units_of(programs.add(L"placed"));
+    const HWND window = [&] {
+        EXPECT_EQ(fixture.load(ProfileEncoder().add_program(151, 182, 481, 361, path).name(u"P").bytes()), 1);
+        return programs.wait_for_window(L"placed");
+    }();
+    EXPECT_EQ(real_place_once_it_is(window, "151,182 481x361"), "151,182 481x361");
+}
+
+TEST_F(ScaledScreen, RestoresToRealPixels)
+{
+    ProfileFixture fixture;
+    const TestWindow window = window_at_151_182();
+    const auto file = ProfileEncoder().add_program(211, 92, 391, 271, u"C:\\a.exe").name(u"a").bytes();
+    const HWND handle = window;
+    ASSERT_EQ(add_profile_data_to_DynMem(&fixture.store, &handle, &handle,
+                                         static_cast<std::uint32_t>(file.size()), file.data(), 0, 1),
+              1);
+    EXPECT_EQ(Restore_Move_Size_wnds_Profile(&fixture.store, 0), 1);
+    EXPECT_EQ(real_place_once_it_is(window, "211,92 391x271"), "211,92 391x271");
+}

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "sources/win32/foreign_window.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/thread_scale.h"
@@ -147,6 +148,60 @@ TEST_F(RealPixelsTest, AreWhatMoveIsMadeInAndAreLeftBeforeItsBox)
     EXPECT_EQ(boxes.seen, times(1, DPI_AWARENESS_UNAWARE));
 }
 
+// Which scale the monitor of a window has is told as 96 until the window has been placed, then as 144.
+class OtherMonitor
+{
+public:
+    OtherMonitor(HWND window, bool resizes_itself, UINT scale_there)
+        : window_(window), resizes_itself_(resizes_itself), scale_there_(scale_there)
+    {
+    }
+    std::vector<std::string> placed;
+
+private:
+    BOOL place(HWND window, int x, int y, int width, int height, BOOL repaint)
+    {
+        EXPECT_EQ(window, window_);
+        EXPECT_EQ(scale_of_thread(), DPI_AWARENESS_PER_MONITOR_AWARE);
+        EXPECT_TRUE(repaint);
+        placed.push_back(std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) + "x" +
+                         std::to_string(height));
+        const bool resizes = resizes_itself_ && placed.size() == 1;
+        return move_.call_original(window, x, y, resizes ? width * 3 / 2 : width, height, repaint);
+    }
+
+    HWND window_;
+    bool resizes_itself_;
+    UINT scale_there_;
+    ImportHook<"MoveWindow", decltype(MoveWindow)> move_{
+        "user32.dll", [this](HWND window, int x, int y, int width, int height, BOOL repaint) {
+            return place(window, x, y, width, height, repaint);
+        }};
+    ImportHook<"GetDpiForMonitor", decltype(GetDpiForMonitor)> scale_{
+        kScaleLibrary, [this](HMONITOR, MONITOR_DPI_TYPE, UINT* across, UINT* down) {
+            EXPECT_EQ(scale_of_thread(), DPI_AWARENESS_PER_MONITOR_AWARE);
+            *across = *down = placed.empty() ? 96 : scale_there_;
+            return S_OK;
+        }};
+};
+
+TEST_F(RealPixelsTest, AreGivenOnceMoreToAWindowThatResizesItselfOnAMonitorOfAnotherScale)
+{
+    const PixelRect rect{.x = 40, .y = 50, .height = 200, .width = 300};
+    const std::string once = "40,50 300x200";
+    const TestWindow window(L"window");
+    for (const bool resizes_itself : {true, false}) {
+        for (const UINT scale : {96U, 144U}) {
+            const OtherMonitor monitor(window, resizes_itself, scale);
+            place_foreign_window(window, rect, true);
+            const bool again = resizes_itself && scale == 144;
+            EXPECT_EQ(monitor.placed, std::vector<std::string>(again ? 2 : 1, once))
+                << resizes_itself << scale;
+        }
+    }
+    EXPECT_EQ(scale_of_thread(), DPI_AWARENESS_UNAWARE);
+}
+
 // It resizes itself there, and a move that is not waited for cannot be looked at.
 TEST_F(RealPixelsTest, AreAskedForTwiceByAMoveToAMonitorOfAnotherScale)
 {
@@ -173,4 +228,26 @@ TEST_F(RealPixelsTest, AreAskedForTwiceByAMoveToAMonitorOfAnotherScale)
         });
     two.fixture.press(1);
     EXPECT_EQ(placed, (std::vector<std::string>{"40,50 300x200", "40,50 300x200"}));
+}
+
+TEST_F(RealPixelsTest, AreLeftTwiceForAHungWindowThatGoesToAMonitorOfAnotherScale)
+{
+    const TestWindow window(L"window");
+    for (const UINT scale_there : {96U, 144U}) {
+        unsigned told = 0;
+        const ImportHook<"GetDpiForMonitor", decltype(GetDpiForMonitor)> scales(
+            kScaleLibrary, [&](HMONITOR, MONITOR_DPI_TYPE, UINT* across, UINT* down) {
+                *across = *down = ++told == 1 ? 96 : scale_there;
+                return S_OK;
+            });
+        std::vector<UINT> left;
+        const ImportHook<"SetWindowPos", decltype(SetWindowPos)> place(
+            "user32.dll", [&](HWND, HWND, int, int, int, int, UINT flags) {
+                EXPECT_EQ(scale_of_thread(), DPI_AWARENESS_PER_MONITOR_AWARE);
+                left.push_back(flags);
+                return TRUE;
+            });
+        place_foreign_window(window, {.x = 40, .y = 50, .height = 200, .width = 300}, false);
+        EXPECT_EQ(left, std::vector<UINT>(scale_there == 96 ? 1 : 2, 0x4014u)) << scale_there;
+    }
 }

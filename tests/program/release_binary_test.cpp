@@ -163,6 +163,12 @@ TEST(ReleaseBinary, DeclaresTheScaleOfTheSystemForItsWindows)
               L"system");
 }
 
+// Linkers differ in what they reserve by themselves. Data that other programs send may pass through the stack.
+TEST(ReleaseBinary, HasRoomForLargeMessagesOnItsStack)
+{
+    EXPECT_EQ(Image().headers().OptionalHeader.SizeOfStackReserve, 2u * 1024u * 1024u);
+}
+
 TEST(ReleaseBinary, TakesPathsOfAnyLength)
 {
     EXPECT_EQ(setting_of_manifest(L"http://schemas.microsoft.com/SMI/2016/WindowsSettings", L"longPathAware"),

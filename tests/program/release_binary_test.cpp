@@ -163,7 +163,8 @@ TEST(ReleaseBinary, DeclaresTheScaleOfTheSystemForItsWindows)
               L"system");
 }
 
-// Linkers differ in what they reserve by themselves. Data that other programs send may pass through the stack.
+// Linkers differ in what they reserve by themselves. Data that other programs send may pass through the
+// stack.
 TEST(ReleaseBinary, HasRoomForLargeMessagesOnItsStack)
 {
     EXPECT_EQ(Image().headers().OptionalHeader.SizeOfStackReserve, 2u * 1024u * 1024u);

@@ -1,6 +1,9 @@
 // What the commands do to files.
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -148,6 +151,108 @@ TEST(ProfileToolFiles, AreFoundBelowAFolder)
     EXPECT_EQ(run_tool({"relink", "p.txt", "-o", "r.txt", "--find", "nowhere"}).err,
               "wendlow-profile: nowhere: cannot be searched: No such file or directory\n");
     EXPECT_FALSE(fs::exists("r.txt"));
+}
+
+TEST(ProfileToolFiles, AreLookedForAlsoWhereAFolderVanishes)
+{
+    namespace fs = std::filesystem;
+    const WorkFolder folder;
+    fs::create_directories("apps/a");
+    fs::create_directories("apps/b");
+    WorkFolder::write("apps/a/x.exe", {});
+    WorkFolder::write("apps/b/x.exe", {});
+    int found = 0;
+    std::string why;
+    // Whichever comes first, the other one is gone before it is looked into.
+    EXPECT_TRUE(platform::find_files(
+        "apps", [](const std::u16string& name) { return name == u"X.EXE"; },
+        [&](const std::u16string&, const std::u16string& path) {
+            ++found;
+            fs::remove_all(path.ends_with(u"\\a\\x.exe") ? "apps/b" : "apps/a");
+        },
+        &why))
+        << why;
+    EXPECT_EQ(found, 1);
+    // What is to be searched has to be a folder.
+    WorkFolder::write("file", {});
+    EXPECT_FALSE(platform::find_files(
+        "file", [](const std::u16string&) { return true; },
+        [](const std::u16string&, const std::u16string&) {}, &why));
+    EXPECT_EQ(why, "Not a directory");
+}
+
+TEST(ProfileToolFiles, MayHaveNamesAsLongAsNamesCanBe)
+{
+    const WorkFolder folder;
+    WorkFolder::write("p.txt", kGood);
+    const std::string name(255, 'n');
+    WorkFolder::write(name, kOther);
+    EXPECT_EQ(run_tool({"relink", "p.txt", "-o", name, "--force", "--replace", "Q:", "D:"}).err, "");
+    EXPECT_EQ(WorkFolder::read(name), kGood);
+    EXPECT_EQ(folder.files(), (Names{name, "p.txt"}));
+}
+
+TEST(ProfileToolFiles, MayHaveNamesThatAreNoText)
+{
+    const WorkFolder folder;
+    const std::string name = "\xFF\x1B[1m";
+    WorkFolder::write(name, kGood);
+    EXPECT_EQ(run_tool({"check", name}).out, "<FF><U+001B>[1m: fine\n");
+    EXPECT_TRUE(run_tool({"show", name}).out.starts_with("<FF><U+001B>[1m: \"Office\""));
+    EXPECT_EQ(run_tool({"show", name + "0"}).err,
+              "wendlow-profile: <FF><U+001B>[1m0: cannot be read: No such file or directory\n");
+    const Ran ran = run_tool({"show", "--json", name});
+    EXPECT_EQ(ran.code, EXIT_FINE);
+    EXPECT_TRUE(ran.out.starts_with("[\n{\"file\": \"\xEF\xBF\xBD\\u001b[1m\", \"bytes\": 949, ")) << ran.out;
+}
+
+TEST(ProfileToolFiles, NeedAName)
+{
+    const WorkFolder folder;
+    WorkFolder::write("p.txt", kGood);
+    expect_failure(run_tool({"to-json", "p.txt", "-o", ""}), EXIT_USAGE,
+                   "wendlow-profile: --output: must not be empty\nRun with --help for more information.\n");
+    expect_failure(run_tool({"relink", "p.txt", "-o", "q.txt", "--find", ""}), EXIT_USAGE,
+                   "wendlow-profile: --find: must not be empty\nRun with --help for more information.\n");
+    EXPECT_EQ(folder.files(), Names{"p.txt"});
+}
+
+TEST(ProfileToolFiles, MayStandBehindAReplacement)
+{
+    const WorkFolder folder;
+    WorkFolder::write("p.txt", kGood);
+    const Ran ran = run_tool(
+        {"relink", "--replace", "C:\\windows", "D:", "--replace", "C:", "E:", "p.txt", "-o", "q.txt"});
+    EXPECT_EQ(ran.err, "");
+    EXPECT_TRUE(ran.out.ends_with("6 of 6 entries relinked, 0 still to be mended\n")) << ran.out;
+    EXPECT_EQ(run_tool({"relink", "--find", ".", "--find", ".", "p.txt", "-o", "r.txt"}).err, "");
+    EXPECT_EQ(folder.files(), (Names{"p.txt", "q.txt", "r.txt"}));
+}
+
+// What a shell sees of the program.
+int run_in_shell(const std::string& arguments)
+{
+    const int status = std::system((std::string("'" WENDLOW_PROFILE "' ") + arguments).c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+std::string text_in(const std::string& name)
+{
+    const Bytes bytes = WorkFolder::read(name);
+    return {bytes.begin(), bytes.end()};
+}
+
+TEST(ProfileToolFiles, AreNotTheOnlyThingThatCannotBeWritten)
+{
+    const WorkFolder folder;
+    WorkFolder::write("p.txt", kGood);
+    for (const char* output : {">&-", ">/dev/full"}) {
+        EXPECT_EQ(run_in_shell("show p.txt 2>err " + std::string(output)), EXIT_UNREADABLE) << output;
+        EXPECT_EQ(text_in("err"), "wendlow-profile: the output cannot be written\n") << output;
+    }
+    // The results come also where nobody hears of what went wrong.
+    EXPECT_EQ(run_in_shell("check gone p.txt >out 2>&-"), EXIT_UNREADABLE);
+    EXPECT_EQ(text_in("out"), "p.txt: fine\n");
 }
 
 TEST(ProfileToolFiles, OfSeveralTheWorstDecidesTheExitCode)

@@ -188,6 +188,37 @@ TEST(ProfileToolJson, TellsWhereItIsNoJson)
     EXPECT_TRUE(file.empty());
 }
 
+TEST(ProfileToolJson, TellsOfHostileTextWithoutRepeatingIt)
+{
+    expect_refused(form_with(R"("name": "N")", R"("name": "N", "\u001b[31m\u202e": 1)"),
+                   "/<U+001B>[31m<U+202E>: nothing of this name is known here");
+    expect_refused(
+        "\xFF\xFE{",
+        "parse error at line 1, column 1: syntax error while parsing value - invalid literal; last "
+        "read: '<FF>'");
+    // What stands between the two ends is left out, and no character is cut.
+    Bytes file;
+    std::string why;
+    std::string endless = "{\"";
+    for (int i = 0; i < 100000; ++i)
+        endless += "\xD0\x96";
+    EXPECT_FALSE(profile_of_json(endless, &file, &why));
+    EXPECT_LT(why.size(), 500U);
+    EXPECT_TRUE(
+        why.starts_with("parse error at line 1, column 200003: syntax error while parsing object key"))
+        << why;
+    EXPECT_TRUE(why.ends_with("\xD0\x96'; expected string literal")) << why;
+    EXPECT_NE(why.find("\xD0\x96 ... \xD0\x96"), std::string::npos) << why;
+}
+
+TEST(ProfileToolJson, StandsAnyDepth)
+{
+    constexpr std::size_t kDepth = 100000;
+    expect_refused(std::string(kDepth, '[') + std::string(kDepth, ']'), "an object is wanted");
+    expect_refused(form_with(R"("p")", std::string(kDepth, '[') + std::string(kDepth, ']')),
+                   "/entries/0/path/0: a whole number from 0 to 65535 is wanted");
+}
+
 TEST(ProfileToolJson, MakesNoFileThatTheProgramWouldReadOtherwise)
 {
     const char* other_name =
@@ -198,10 +229,17 @@ TEST(ProfileToolJson, MakesNoFileThatTheProgramWouldReadOtherwise)
     expect_refused(
         form_with(R"("name": "N")", R"("after_paths": "000000")"),
         "the program would refuse the file: the last three bytes are 00 00 00 instead of 00 07 0C");
-    expect_refused(form_with(R"("name": "N")", R"("name": "N", "zero_tail": 4294967295)"),
-                   "the file would be larger than any that the program loads");
-    expect_refused(form_with(R"("name": "N")", R"("name": "N", "zero_tail": 4294967296)"),
-                   "/zero_tail: a whole number from 0 to 4294967295 is wanted");
+}
+
+TEST(ProfileToolJson, MakesNoLargeFileOfFewDigits)
+{
+    for (const char* bytes : {"3", "4294967295", "4294967296"})
+        expect_refused(form_with(R"("name": "N")", std::string(R"("name": "N", "zero_tail": )") + bytes),
+                       "/zero_tail: a whole number from 0 to 2 is wanted");
+    Bytes file;
+    std::string why;
+    EXPECT_TRUE(profile_of_json(form_with(R"("name": "N")", R"("name": "N", "zero_tail": 2)"), &file, &why));
+    EXPECT_EQ(file, ProfileEncoder().add_program(1, 2, 3, 4, u"p").name(u"N").bytes());
 }
 
 } // namespace

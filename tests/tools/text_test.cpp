@@ -38,6 +38,15 @@ TEST(ProfileToolText, ShowsWhatCannotBeSeen)
     EXPECT_EQ(shown(u"a\u001B[31m\u202Egpj\u200B\uFFFF"), "a<U+001B>[31m<U+202E>gpj<U+200B><U+FFFF>");
 }
 
+TEST(ProfileToolText, ShowsBytesThatAreNoUtf8)
+{
+    using namespace std::string_view_literals;
+    EXPECT_EQ(shown("a\xD0\x96.txt"sv), "a\xD0\x96.txt");
+    EXPECT_EQ(shown("\xFF\xD0-\xED\xA0\x80"sv), "<FF><D0>-<ED><A0><80>");
+    EXPECT_EQ(shown("a\x1B[31m\n\xE2\x80\xAE\xC2\x9B"sv), "a<U+001B>[31m<U+000A><U+202E><U+009B>");
+    EXPECT_EQ(valid_utf8("a\n\xD0\x96\xFF\xD0"), "a\n\xD0\x96\xEF\xBF\xBD\xEF\xBF\xBD");
+}
+
 TEST(ProfileToolText, ComparesNamesWithoutCase)
 {
     EXPECT_EQ(without_case(u"C:\\Az~.Exe"), u"C:\\AZ~.EXE");

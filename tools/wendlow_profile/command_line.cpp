@@ -30,6 +30,12 @@ constexpr const char* kFooter =
     "Exit codes: 0 fine; 1 something was found, see the output; 2 the command line is wrong;\n"
     "3 a file cannot be read or written.";
 
+// As a script gives it whose variable is not set.
+std::string refuse_nothing(const std::string& path)
+{
+    return path.empty() ? "must not be empty" : "";
+}
+
 void add_destination(CLI::App* command, Arguments* arguments, bool is_required)
 {
     CLI::Option* out = command->add_option("-o,--output", arguments->destination.path,
@@ -37,6 +43,7 @@ void add_destination(CLI::App* command, Arguments* arguments, bool is_required)
                                                        : "The file to write; without it the "
                                                          "result goes to the output");
     out->type_name("OUT")->required(is_required);
+    out->check(refuse_nothing);
     command->add_flag("--force", arguments->destination.force, "Replace OUT when it is there already");
 }
 
@@ -100,12 +107,13 @@ void add_relink(CLI::App* app, Arguments* arguments, const SurroundingsSource& s
     CLI::Option* replace =
         command->add_option("--replace", arguments->relink.replacements,
                             "Paths that begin with the folder OLD begin with NEW; may be given again");
-    replace->type_name("OLD NEW");
+    replace->type_name("OLD NEW")->expected(1)->take_all()->allow_extra_args(false);
     CLI::Option* find =
         command->add_option("--find", arguments->relink.folders,
                             "Look below FOLDER for programs of the same file name; may be given "
                             "again");
-    find->type_name("FOLDER")->expected(1)->take_all();
+    find->type_name("FOLDER")->expected(1)->take_all()->allow_extra_args(false);
+    find->check(refuse_nothing);
     command->add_flag("--all", arguments->relink.takes_all, "Replace also in paths that are there");
     command->callback([=, &surroundings] {
         if (replace->count() + find->count() == 0)

@@ -26,7 +26,7 @@ ExitCode worse(ExitCode a, ExitCode b)
 
 void complain(const std::string& file, const std::string& what, Output* output)
 {
-    output->err += "wendlow-profile: " + file + ": " + what + "\n";
+    output->err += "wendlow-profile: " + shown(file) + ": " + what + "\n";
 }
 
 bool read(const std::string& file, Bytes* bytes, Output* output)
@@ -123,7 +123,7 @@ ExitCode check_file(const std::string& file, bool refusals_only, const Surroundi
         return EXIT_UNREADABLE;
     const std::vector<Refusal> refusals = refusals_of(bytes);
     if (!refusals.empty()) {
-        output->out += file + ": the program refuses this file\n";
+        output->out += shown(file) + ": the program refuses this file\n";
         for (const Refusal& refusal : refusals)
             output->out += text_of(refusal, &refusal == &refusals.front());
         return EXIT_FINDINGS;
@@ -131,10 +131,10 @@ ExitCode check_file(const std::string& file, bool refusals_only, const Surroundi
     const std::vector<Warning> warnings =
         refusals_only ? std::vector<Warning>() : warnings_of(bytes, surroundings);
     if (warnings.empty()) {
-        output->out += file + ": fine\n";
+        output->out += shown(file) + ": fine\n";
         return EXIT_FINE;
     }
-    output->out += file + ": the program takes this file, with " + std::to_string(warnings.size()) +
+    output->out += shown(file) + ": the program takes this file, with " + std::to_string(warnings.size()) +
                    (warnings.size() == 1 ? " warning\n" : " warnings\n");
     for (const Warning& warning : warnings)
         output->out += text_of(warning);
@@ -151,20 +151,18 @@ bool find_missing(const ProfileParts& parts, const Relinking& relinking, const R
         std::string why;
         const bool searched = platform::find_files(
             folder, [&](const std::u16string& name) { return wanted.contains(name); },
-            [&](const std::u16string& name, const std::u16string& path) {
-                // One folder inside another gives a file twice.
-                std::vector<std::u16string>& places = (*found)[name];
-                if (std::find(places.begin(), places.end(), path) == places.end())
-                    places.push_back(path);
-            },
+            [&](const std::u16string& name, const std::u16string& path) { (*found)[name].push_back(path); },
             &why);
         if (!searched) {
             complain(folder, "cannot be searched: " + why, output);
             return false;
         }
     }
-    for (auto& [name, places] : *found)
+    for (auto& [name, places] : *found) {
         std::sort(places.begin(), places.end());
+        // One folder inside another gives a file twice.
+        places.erase(std::unique(places.begin(), places.end()), places.end());
+    }
     return true;
 }
 
@@ -174,12 +172,12 @@ bool units_of_replacements(const RelinkOptions& options, Relinking* relinking, O
     for (const auto& [old_begin, new_begin] : options.replacements) {
         const auto old_units = utf16_of(old_begin);
         const auto new_units = utf16_of(new_begin);
-        are_fine = are_fine && old_units && new_units && !old_units->empty();
+        are_fine = are_fine && old_units && new_units && !old_units->empty() && !new_units->empty();
         if (are_fine)
             relinking->replacements.emplace_back(*old_units, *new_units);
     }
     if (!are_fine)
-        output->err += "wendlow-profile: --replace: OLD must not be empty, and both must be UTF-8\n";
+        output->err += "wendlow-profile: --replace: OLD and NEW must not be empty and must be UTF-8\n";
     return are_fine;
 }
 

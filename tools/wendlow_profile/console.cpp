@@ -57,7 +57,7 @@ bool put_on_console(bool is_error, const std::string& text)
         return true;
     const HANDLE stream = GetStdHandle(is_error ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
     DWORD mode = 0;
-    return GetConsoleMode(stream, &mode) != FALSE ? put_characters(stream, wide_of(text))
+    return GetConsoleMode(stream, &mode) != FALSE ? put_characters(stream, wide_of(valid_utf8(text)))
                                                   : put_bytes(stream, text);
 }
 

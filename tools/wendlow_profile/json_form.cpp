@@ -174,9 +174,10 @@ void read_ending(const Json& form, ProfileParts* parts)
         return;
     }
     parts->name = bytes_of(text(member(form, "", "name"), "/name"));
+    // A few digits must not make a file of any size.
     if (form.contains("zero_tail"))
-        parts->zero_tail_bytes = static_cast<std::uint64_t>(
-            whole_number(form["zero_tail"], "/zero_tail", 0, std::int64_t{kFile_max_bytes}));
+        parts->zero_tail_bytes = static_cast<std::uint64_t>(whole_number(
+            form["zero_tail"], "/zero_tail", 0, static_cast<std::int64_t>(all_path_bytes(*parts))));
     if (form.contains("surplus"))
         parts->surplus = hex_bytes(form["surplus"], "/surplus");
 }
@@ -204,21 +205,51 @@ ProfileParts parts_of_form(const Json& form)
     return parts;
 }
 
-// A name given twice would silently count once.
+// A name given twice would silently count once. The library's own watch over its reading looks at the whole
+// array behind each entry, so the text is gone through once more instead.
+class DoublesWatch : public nlohmann::json_sax<Json>
+{
+public:
+    bool start_object(std::size_t) override
+    {
+        open_objects_.emplace_back();
+        return true;
+    }
+    bool end_object() override
+    {
+        open_objects_.pop_back();
+        return true;
+    }
+    bool key(std::string& name) override
+    {
+        if (!open_objects_.back().insert(name).second)
+            throw FormError("", "the name " + json_string(name) + " stands twice in one object");
+        return true;
+    }
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(number_integer_t) override { return true; }
+    bool number_unsigned(number_unsigned_t) override { return true; }
+    bool number_float(number_float_t, const std::string&) override { return true; }
+    bool string(std::string&) override { return true; }
+    bool binary(Json::binary_t&) override { return true; }
+    bool start_array(std::size_t) override { return true; }
+    bool end_array() override { return true; }
+    // The reading that follows tells of it.
+    bool parse_error(std::size_t, const std::string&, const nlohmann::detail::exception&) override
+    {
+        return false;
+    }
+
+private:
+    std::vector<std::set<std::string>> open_objects_;
+};
+
 Json parse_without_doubles(std::string_view json)
 {
-    std::vector<std::set<std::string>> open_objects;
-    const auto watch = [&](int, Json::parse_event_t event, Json& parsed) {
-        if (event == Json::parse_event_t::object_start)
-            open_objects.emplace_back();
-        else if (event == Json::parse_event_t::object_end)
-            open_objects.pop_back();
-        else if (event == Json::parse_event_t::key &&
-                 !open_objects.back().insert(parsed.get<std::string>()).second)
-            throw FormError("", "the name " + parsed.dump() + " stands twice in one object");
-        return true;
-    };
-    return Json::parse(json, watch);
+    DoublesWatch watch;
+    Json::sax_parse(json, &watch);
+    return Json::parse(json);
 }
 
 // The library's own texts begin with a mark of the kind "[json.exception.parse_error.101] ".
@@ -226,6 +257,22 @@ std::string without_mark(const std::string& what)
 {
     const std::size_t end = what.find("] ");
     return what.starts_with("[json.") && end != std::string::npos ? what.substr(end + 2) : what;
+}
+
+// The library quotes all that it has read of a text without an end.
+std::string shortened(const std::string& text)
+{
+    constexpr std::size_t kKept_bytes = 200; // of the beginning, and of the end
+    if (text.size() <= 2 * kKept_bytes)
+        return text;
+    const auto is_inside_character = [&](std::size_t i) { return (text[i] & 0xC0) == 0x80; };
+    std::size_t begin = kKept_bytes;
+    while (begin > 0 && is_inside_character(begin))
+        --begin;
+    std::size_t end = text.size() - kKept_bytes;
+    while (end < text.size() && is_inside_character(end))
+        ++end;
+    return text.substr(0, begin) + " ... " + text.substr(end);
 }
 
 // The program has to read out of the file what the form says.
@@ -246,7 +293,7 @@ void require_loadable(const ProfileParts& parts, ByteView file)
 
 std::string json_string(std::string_view utf8)
 {
-    return Json(utf8).dump();
+    return Json(utf8).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 std::string json_of_text(std::u16string_view text)
@@ -310,7 +357,7 @@ bool profile_of_json(std::string_view json, Bytes* file, std::string* why)
     } catch (const std::bad_alloc&) {
         *why = "there is not enough memory for it";
     } catch (const std::exception& error) {
-        *why = without_mark(error.what());
+        *why = shortened(shown(without_mark(error.what())));
     }
     return false;
 }

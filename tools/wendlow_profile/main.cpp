@@ -15,10 +15,17 @@
 namespace
 {
 
-#ifndef _WIN32
-bool put(std::FILE* stream, const std::string& text)
+#ifdef _WIN32
+bool put(bool is_error, const std::string& text)
 {
-    return std::fwrite(text.data(), 1, text.size(), stream) == text.size() && std::fflush(stream) == 0;
+    return profile_tool::put_on_console(is_error, text);
+}
+#else
+bool put(bool is_error, const std::string& text)
+{
+    std::FILE* stream = is_error ? stderr : stdout;
+    return text.empty() ||
+           (std::fwrite(text.data(), 1, text.size(), stream) == text.size() && std::fflush(stream) == 0);
 }
 #endif
 
@@ -31,13 +38,11 @@ int run(const std::vector<std::string>& arguments)
     } catch (const std::exception& error) {
         output.err += std::string("wendlow-profile: ") + error.what() + "\n";
     }
-#ifdef _WIN32
-    const bool is_put =
-        profile_tool::put_on_console(true, output.err) && profile_tool::put_on_console(false, output.out);
-#else
-    const bool is_put = put(stderr, output.err) && put(stdout, output.out);
-#endif
-    return is_put ? result : profile_tool::EXIT_UNREADABLE;
+    const bool is_error_put = put(true, output.err);
+    if (put(false, output.out))
+        return is_error_put ? result : profile_tool::EXIT_UNREADABLE;
+    put(true, "wendlow-profile: the output cannot be written\n");
+    return profile_tool::EXIT_UNREADABLE;
 }
 
 } // namespace

@@ -27,14 +27,6 @@ std::wstring text_of_error(DWORD error)
     return units == 0 ? L"error " + std::to_wstring(error) : std::wstring(text, units);
 }
 
-std::wstring full_path_of(const std::wstring& path)
-{
-    std::vector<wchar_t> buffer(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr) + std::size_t{1});
-    const DWORD units =
-        GetFullPathNameW(path.c_str(), static_cast<DWORD>(buffer.size()), buffer.data(), nullptr);
-    return units < buffer.size() ? std::wstring(buffer.data(), units) : std::wstring();
-}
-
 std::wstring path_beside_this_program(const wchar_t* name)
 {
     std::vector<wchar_t> buffer(32768);
@@ -89,6 +81,14 @@ std::optional<std::wstring> start_wendlow(HWND* window)
 }
 
 } // namespace
+
+std::wstring full_path_of(const std::wstring& path)
+{
+    std::vector<wchar_t> buffer(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr) + std::size_t{1});
+    const DWORD units =
+        GetFullPathNameW(path.c_str(), static_cast<DWORD>(buffer.size()), buffer.data(), nullptr);
+    return units < buffer.size() ? std::wstring(buffer.data(), units) : std::wstring();
+}
 
 HWND find_wendlow()
 {

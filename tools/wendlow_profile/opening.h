@@ -13,6 +13,9 @@ namespace profile_tool
 // The running program's main window; null when there is none.
 HWND find_wendlow();
 
+// The path from its root on; empty when the system makes none of it.
+std::wstring full_path_of(const std::wstring& path);
+
 // Posts the drop of one file on the window. The receiver has the block of memory from then on.
 bool post_drop(HWND window, const std::wstring& full_path);
 

@@ -27,14 +27,6 @@ Bytes copy_of(ByteView file, std::uint64_t begin, std::uint64_t end)
     return {part.begin(), part.end()};
 }
 
-std::uint64_t all_path_bytes(const ProfileParts& parts)
-{
-    std::uint64_t bytes = 0;
-    for (const EntryParts& entry : parts.entries)
-        bytes += entry.path.size();
-    return bytes;
-}
-
 } // namespace
 
 Ending ending_of(ByteView accepted_file)
@@ -80,6 +72,14 @@ ProfileParts take_apart(ByteView accepted_file)
     parts.surplus = copy_of(accepted_file, ending.paths_end + tail, ending.name_begin);
     parts.name = copy_of(accepted_file, ending.name_begin, ending.name_end);
     return parts;
+}
+
+std::uint64_t all_path_bytes(const ProfileParts& parts)
+{
+    std::uint64_t bytes = 0;
+    for (const EntryParts& entry : parts.entries)
+        bytes += entry.path.size();
+    return bytes;
 }
 
 std::uint64_t size_of(const ProfileParts& parts)

@@ -50,6 +50,9 @@ Ending ending_of(ByteView accepted_file);
 ProfileParts take_apart(ByteView accepted_file);
 Bytes put_together(const ProfileParts& parts);
 
+// Bytes of all paths, without their terminators.
+std::uint64_t all_path_bytes(const ProfileParts& parts);
+
 // The size of what put_together makes of it.
 std::uint64_t size_of(const ProfileParts& parts);
 

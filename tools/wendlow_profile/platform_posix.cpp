@@ -87,6 +87,22 @@ bool create(const std::string& path, mode_t mode, ByteView bytes, bool* exists, 
     return fail(why);
 }
 
+void tell_of_wanted(const fs::directory_entry& entry, const std::function<bool(const std::u16string&)>& wants,
+                    const std::function<void(const std::u16string& name, const std::u16string& path)>& found)
+{
+    std::error_code unknown;
+    const std::optional<std::u16string> name = utf16_of(entry.path().filename().string());
+    if (!name || !entry.is_regular_file(unknown) || !wants(without_case(*name)))
+        return;
+    // The way by which programs of Windows that run here name files.
+    std::optional<std::u16string> path = utf16_of("Z:" + entry.path().string());
+    if (!path)
+        return;
+    for (char16_t& unit : *path)
+        unit = unit == u'/' ? u'\\' : unit;
+    found(without_case(*name), *path);
+}
+
 } // namespace
 
 bool read_file(const std::string& path, Bytes* bytes, std::string* why)
@@ -139,8 +155,10 @@ bool replace_file(const std::string& path, ByteView bytes, std::string* why)
         return false;
     }
     for (int i = 0; i < kTemporaryNames; ++i) {
+        // Not made of the target's name, which may be as long as names can be.
         const std::string temporary =
-            target.string() + "." + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
+            target.parent_path() /
+            (".wendlow-profile-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp");
         bool exists = false;
         if (!create(temporary, status.st_mode & 0777, bytes, &exists, why)) {
             if (exists)
@@ -162,26 +180,28 @@ bool find_files(const std::string& folder, const std::function<bool(const std::u
                 std::string* why)
 {
     std::error_code error;
-    const fs::path root = fs::canonical(folder, error);
-    fs::recursive_directory_iterator walk;
+    std::vector<fs::path> folders{fs::canonical(folder, error)};
     if (!error)
-        walk = fs::recursive_directory_iterator(root, fs::directory_options::skip_permission_denied, error);
-    for (; !error && walk != fs::recursive_directory_iterator(); walk.increment(error)) {
-        std::error_code unknown;
-        const std::optional<std::u16string> name = utf16_of(walk->path().filename().string());
-        if (!name || !walk->is_regular_file(unknown) || !wants(without_case(*name)))
-            continue;
-        // The way by which programs of Windows that run here name files.
-        std::optional<std::u16string> path = utf16_of("Z:" + walk->path().string());
-        if (!path)
-            continue;
-        for (char16_t& unit : *path)
-            unit = unit == u'/' ? u'\\' : unit;
-        found(without_case(*name), *path);
-    }
-    if (error)
+        fs::directory_iterator(folders.front(), error);
+    if (error) {
         *why = error.message();
-    return !error;
+        return false;
+    }
+    while (!folders.empty()) {
+        const fs::path here = std::move(folders.back());
+        folders.pop_back();
+        // A folder that is not to be read, or gone meanwhile, is passed over.
+        std::error_code passed;
+        fs::directory_iterator entry(here, passed);
+        for (; !passed && entry != fs::directory_iterator(); entry.increment(passed)) {
+            std::error_code unknown;
+            if (entry->is_directory(unknown) && !entry->is_symlink(unknown))
+                folders.push_back(entry->path());
+            else
+                tell_of_wanted(*entry, wants, found);
+        }
+    }
+    return true;
 }
 
 void put_in_capitals(std::u16string* text)

@@ -4,8 +4,8 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
+#include <set>
+#include <utility>
 
 #include "tools/wendlow_profile/opening.h"
 #include "tools/wendlow_profile/wide_text.h"
@@ -15,8 +15,6 @@ namespace profile_tool::platform
 
 namespace
 {
-
-namespace fs = std::filesystem;
 
 constexpr std::size_t kFile_max_bytes = 0xFFFFFFFF; // the program reads 32 bits of a file's size
 constexpr DWORD kCall_max_bytes = 1 << 20;
@@ -85,6 +83,44 @@ bool create(const std::wstring& path, ByteView bytes, bool* exists, std::string*
     return fail(error, why);
 }
 
+class FindHandle
+{
+public:
+    explicit FindHandle(HANDLE handle) : handle_(handle) {}
+    ~FindHandle()
+    {
+        if (is_open())
+            FindClose(handle_);
+    }
+    FindHandle(const FindHandle&) = delete;
+    FindHandle& operator=(const FindHandle&) = delete;
+    [[nodiscard]] HANDLE get() const { return handle_; }
+    [[nodiscard]] bool is_open() const { return handle_ != INVALID_HANDLE_VALUE; }
+
+private:
+    HANDLE handle_;
+};
+
+// A folder's own number, whichever way leads to it; nothing when the system does not tell.
+std::optional<std::pair<DWORD, std::uint64_t>> identity_of(const std::wstring& folder)
+{
+    const Handle handle(CreateFileW(folder.c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION info{};
+    if (!handle.is_open() || GetFileInformationByHandle(handle.get(), &info) == FALSE)
+        return std::nullopt;
+    return std::pair(info.dwVolumeSerialNumber,
+                     std::uint64_t{info.nFileIndexHigh} << 32 | info.nFileIndexLow);
+}
+
+// A junction or symbolic link may lead back to where the search came from.
+bool is_way_elsewhere(const WIN32_FIND_DATAW& entry)
+{
+    return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           (entry.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT || entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK);
+}
+
 BOOL CALLBACK add_monitor(HMONITOR, HDC, RECT* rectangle, LPARAM monitors)
 {
     reinterpret_cast<std::vector<MonitorRectangle>*>(monitors)->push_back(
@@ -139,8 +175,10 @@ bool replace_file(const std::string& path, ByteView bytes, std::string* why)
         return false;
     }
     for (int i = 0; i < kTemporaryNames; ++i) {
-        const std::wstring temporary =
-            target + L"." + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(i) + L".tmp";
+        // Not made of the target's name, which may be as long as names can be.
+        const std::wstring temporary = target.substr(0, target.find_last_of(L"\\/:") + 1) +
+                                       L".wendlow-profile-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
+                                       std::to_wstring(i) + L".tmp";
         bool exists = false;
         if (!create(temporary, bytes, &exists, why)) {
             if (exists)
@@ -161,23 +199,34 @@ bool find_files(const std::string& folder, const std::function<bool(const std::u
                 const std::function<void(const std::u16string& name, const std::u16string& path)>& found,
                 std::string* why)
 {
-    std::error_code error;
-    const fs::path root = fs::absolute(fs::path(wide_of(folder)), error);
-    fs::recursive_directory_iterator walk;
-    if (!error)
-        walk = fs::recursive_directory_iterator(root, fs::directory_options::skip_permission_denied, error);
-    for (; !error && walk != fs::recursive_directory_iterator(); walk.increment(error)) {
-        std::error_code unknown;
-        const std::u16string name = without_case(units_of_wide(walk->path().filename().wstring()));
-        if (!wants(name) || !walk->is_regular_file(unknown))
+    std::vector<std::wstring> folders{full_path_of(wide_of(folder))};
+    std::set<std::pair<DWORD, std::uint64_t>> seen;
+    for (bool is_first = true; !folders.empty(); is_first = false) {
+        const std::wstring here = std::move(folders.back());
+        folders.pop_back();
+        // A server's links look like folders, and may lead back to where the search came from.
+        const auto identity = identity_of(here);
+        if (identity && !seen.insert(*identity).second)
             continue;
-        std::wstring path = walk->path().wstring();
-        std::replace(path.begin(), path.end(), L'/', L'\\');
-        found(name, units_of_wide(path));
+        const std::wstring begin = here.ends_with(L'\\') ? here : here + L'\\';
+        WIN32_FIND_DATAW entry{};
+        const FindHandle search(FindFirstFileW((begin + L'*').c_str(), &entry));
+        // The first one has to be there. Below it a folder that is not to be read, or gone, is passed over.
+        if (!search.is_open() && is_first && GetLastError() != ERROR_FILE_NOT_FOUND)
+            return fail(GetLastError(), why);
+        for (BOOL goes_on = search.is_open(); goes_on != FALSE;
+             goes_on = FindNextFileW(search.get(), &entry)) {
+            const std::wstring_view name = entry.cFileName;
+            if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+                const std::u16string capitals = without_case(units_of_wide(name));
+                if (wants(capitals))
+                    found(capitals, units_of_wide(begin + entry.cFileName));
+            } else if (name != L"." && name != L".." && !is_way_elsewhere(entry)) {
+                folders.push_back(begin + entry.cFileName);
+            }
+        }
     }
-    if (error)
-        *why = error.message();
-    return !error;
+    return true;
 }
 
 void put_in_capitals(std::u16string* text)

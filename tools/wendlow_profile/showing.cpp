@@ -104,7 +104,7 @@ std::string table_of_profile(const std::string& title, ByteView accepted_file)
 {
     const std::uint32_t n = profile_file::window_count(accepted_file);
     const std::optional<std::u16string> name = name_of(accepted_file);
-    std::string out = title + ": " +
+    std::string out = shown(title) + ": " +
                       (name ? std::string("\"").append(shown(*name)).append("\"") : "no name") + ", " +
                       std::to_string(n) + (n == 1 ? " entry, " : " entries, ") +
                       std::to_string(accepted_file.size()) + " bytes\n";

@@ -64,6 +64,42 @@ std::size_t length_of_utf8(unsigned char first)
     return first >= 0xF0 && first < 0xF5 ? 4 : 0;
 }
 
+struct Utf8Character {
+    char32_t code;
+    std::size_t bytes; // 0: no UTF-8 begins here
+};
+
+Utf8Character utf8_character_at(std::string_view utf8, std::size_t position)
+{
+    constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+    constexpr Utf8Character kNone{0, 0};
+    const auto first = static_cast<unsigned char>(utf8[position]);
+    const std::size_t length = length_of_utf8(first);
+    if (length == 0 || position + length > utf8.size())
+        return kNone;
+    char32_t code = length == 1 ? first : first & (0x7FU >> length);
+    for (std::size_t k = 1; k < length; ++k) {
+        const auto next = static_cast<unsigned char>(utf8[position + k]);
+        if ((next & 0xC0) != 0x80)
+            return kNone;
+        code = code << 6 | (next & 0x3FU);
+    }
+    if (code < kSmallest[length] || code > 0x10FFFF || is_high_surrogate(code) || is_low_surrogate(code))
+        return kNone;
+    return {code, length};
+}
+
+void append_shown(std::string* out, char32_t code, bool is_whole)
+{
+    if (is_whole && !is_hidden(code)) {
+        append_utf8(out, code);
+        return;
+    }
+    std::array<char, 16> escape{};
+    std::snprintf(escape.data(), escape.size(), "<U+%04X>", static_cast<unsigned>(code));
+    *out += escape.data();
+}
+
 int digit_of(char digit)
 {
     if (digit >= '0' && digit <= '9')
@@ -116,22 +152,11 @@ std::string utf8_of(std::u16string_view text)
 
 std::optional<std::u16string> utf16_of(std::string_view utf8)
 {
-    constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
     std::u16string out;
     out.reserve(utf8.size());
     for (std::size_t i = 0; i < utf8.size();) {
-        const auto first = static_cast<unsigned char>(utf8[i]);
-        const std::size_t length = length_of_utf8(first);
-        if (length == 0 || i + length > utf8.size())
-            return std::nullopt;
-        char32_t code = length == 1 ? first : first & (0x7FU >> length);
-        for (std::size_t k = 1; k < length; ++k) {
-            const auto next = static_cast<unsigned char>(utf8[i + k]);
-            if ((next & 0xC0) != 0x80)
-                return std::nullopt;
-            code = code << 6 | (next & 0x3FU);
-        }
-        if (code < kSmallest[length] || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000))
+        const auto [code, bytes] = utf8_character_at(utf8, i);
+        if (bytes == 0)
             return std::nullopt;
         if (code >= 0x10000) {
             out.push_back(static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10)));
@@ -139,7 +164,7 @@ std::optional<std::u16string> utf16_of(std::string_view utf8)
         } else {
             out.push_back(static_cast<char16_t>(code));
         }
-        i += length;
+        i += bytes;
     }
     return out;
 }
@@ -150,14 +175,37 @@ std::string shown(std::u16string_view text)
     out.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
         const Character character = character_at(text, i);
-        if (character.is_unpaired || is_hidden(character.code)) {
-            std::array<char, 16> escape{};
-            std::snprintf(escape.data(), escape.size(), "<U+%04X>", static_cast<unsigned>(character.code));
-            out += escape.data();
-        } else {
-            append_utf8(&out, character.code);
-        }
+        append_shown(&out, character.code, !character.is_unpaired);
         i += character.units;
+    }
+    return out;
+}
+
+std::string shown(std::string_view utf8)
+{
+    std::string out;
+    out.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size();) {
+        const auto [code, bytes] = utf8_character_at(utf8, i);
+        if (bytes == 0) {
+            const auto byte = static_cast<std::uint8_t>(utf8[i]);
+            out += "<" + hex_of({&byte, 1}) + ">";
+        } else {
+            append_shown(&out, code, true);
+        }
+        i += std::max<std::size_t>(bytes, 1);
+    }
+    return out;
+}
+
+std::string valid_utf8(std::string_view text)
+{
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const auto [code, bytes] = utf8_character_at(text, i);
+        append_utf8(&out, bytes == 0 ? kReplacement : code);
+        i += std::max<std::size_t>(bytes, 1);
     }
     return out;
 }

@@ -39,6 +39,12 @@ std::optional<std::u16string> utf16_of(std::string_view utf8);
 // of Windows holds < or >.
 std::string shown(std::u16string_view text);
 
+// The same of what should be UTF-8, as the name of a file; a byte that belongs to none stands as <FF>.
+std::string shown(std::string_view utf8);
+
+// The text with U+FFFD for each byte that belongs to no UTF-8.
+std::string valid_utf8(std::string_view text);
+
 // Capital letters for small ones as the file system does it when it compares names.
 std::u16string without_case(std::u16string_view text);
 

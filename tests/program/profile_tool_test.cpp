@@ -9,6 +9,7 @@
 #include "tests/support/fixture_programs.h"
 #include "tests/support/profile_encoder.h"
 #include "tests/support/text.h"
+#include "tests/support/waiting.h"
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
 
@@ -89,6 +90,16 @@ void expect_run(const std::wstring& arguments, DWORD code, const std::string& ou
     const ToolRun run(L"wendlow-profile.exe", arguments);
     EXPECT_EQ(run.output(), output) << printable(arguments);
     EXPECT_EQ(run.exit_code(), code) << printable(arguments);
+}
+
+// What the system says of the reason follows, in its own words.
+void expect_failure(const std::wstring& arguments, const std::string& beginning)
+{
+    const ToolRun run(L"wendlow-profile.exe", arguments);
+    const std::string output = run.output();
+    EXPECT_TRUE(output.starts_with(beginning)) << output;
+    EXPECT_GT(output.size(), beginning.size() + 3) << output;
+    EXPECT_EQ(run.exit_code(), 3U) << printable(arguments);
 }
 
 std::wstring quoted(const std::wstring& path)
@@ -177,6 +188,104 @@ TEST(ProfileTool, SpeaksUtf8AndKnowsThisComputer)
     expect_run(L"show old --json --nothing", 2,
                "wendlow-profile: The following argument was not expected: --nothing\n"
                "Run with --help for more information.\n");
+    SetCurrentDirectoryW(L"C:\\");
+}
+
+// Stands for the main window of a Wendlow that runs: Wine does not carry a drop from process to process, so
+// only that it is posted can be seen.
+class MainWindowStandIn
+{
+public:
+    MainWindowStandIn()
+    {
+        WNDCLASSW description{};
+        description.lpfnWndProc = on_message;
+        description.hInstance = GetModuleHandleW(nullptr);
+        description.lpszClassName = L"prg_wnds_layout";
+        RegisterClassW(&description);
+        window_ = CreateWindowExW(0, description.lpszClassName, L"", 0, 0, 0, 9, 9, nullptr, nullptr,
+                                  description.hInstance, nullptr);
+        drops = 0;
+    }
+    ~MainWindowStandIn()
+    {
+        DestroyWindow(window_);
+        UnregisterClassW(L"prg_wnds_layout", GetModuleHandleW(nullptr));
+    }
+    MainWindowStandIn(const MainWindowStandIn&) = delete;
+    MainWindowStandIn& operator=(const MainWindowStandIn&) = delete;
+
+    static inline int drops = 0;
+
+private:
+    static LRESULT CALLBACK on_message(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        drops += message == WM_DROPFILES && wParam != 0 ? 1 : 0;
+        return DefWindowProcW(window, message, wParam, lParam);
+    }
+
+    HWND window_ = nullptr;
+};
+
+TEST(ProfileTool, HandsAProfileToTheProgramThatRunsAndSaysNothing)
+{
+    const TemporaryFolder folder;
+    SetCurrentDirectoryW(folder.path().c_str());
+    write_file(folder.file(L"Office.txt"),
+               ProfileEncoder().add_folder(1, 2, 3, 4, u"C:\\").name(u"n").bytes());
+    const MainWindowStandIn main;
+    expect_run(L"open Office.txt", 0, "");
+    EXPECT_TRUE(becomes_true_pumping([] { return MainWindowStandIn::drops == 1; }));
+    const ToolRun run(L"wendlow-open.exe", L"Office.txt");
+    EXPECT_EQ(run.exit_code(), 0U);
+    EXPECT_TRUE(becomes_true_pumping([] { return MainWindowStandIn::drops == 2; }));
+    SetCurrentDirectoryW(L"C:\\");
+}
+
+TEST(ProfileTool, LeavesNothingOfWhatItRefuses)
+{
+    const TemporaryFolder folder;
+    SetCurrentDirectoryW(folder.path().c_str());
+    const std::wstring long_name(255, L'n');
+    write_file(folder.file(long_name), {1, 2, 3});
+    write_file(folder.file(L"p.txt"),
+               ProfileEncoder().add_program(1, 2, 3, 4, u"C:\\gone.exe").name(u"n").bytes());
+    expect_failure(L"to-json p.txt -o no\\folder", "wendlow-profile: no\\folder: cannot be written: ");
+    expect_run(L"to-json " + long_name, 1,
+               "wendlow-profile: " + std::string(255, 'n') +
+                   ": the program would refuse it: the last three bytes are 01 02 03 instead of 00 07 0C "
+                   "(wendlow-profile check tells more)\n");
+    expect_run(L"to-json p.txt --force -o " + long_name, 0, "");
+    EXPECT_EQ(read_file(folder.file(long_name)).at(0), '{');
+    EXPECT_EQ(folder.names(), (std::vector<std::wstring>{long_name, L"p.txt"}));
+    SetCurrentDirectoryW(L"C:\\");
+}
+
+TEST(ProfileTool, SearchesWhatIsThereAndIsAFolder)
+{
+    const TemporaryFolder folder;
+    SetCurrentDirectoryW(folder.path().c_str());
+    write_file(L"p.txt", ProfileEncoder()
+                             .add_program(1, 2, 3, 4, u"C:\\gone\\One.exe")
+                             .add_program(1, 2, 3, 4, u"C:\\gone\\two.exe")
+                             .name(u"n")
+                             .bytes());
+    const std::wstring apps = folder.make_folder(L"apps");
+    CreateDirectoryW((apps + L"\\x").c_str(), nullptr);
+    CreateDirectoryW((apps + L"\\one.exe").c_str(), nullptr); // a folder of that name is none
+    write_file(apps + L"\\x\\oNE.exe", {});
+    write_file(apps + L"\\two.exe", {});
+    write_file(apps + L"\\x\\two.exe", {});
+    expect_run(L"relink p.txt -o q.txt --find apps --find apps\\x", 1,
+               "entry 0: C:\\gone\\One.exe\n  -> " + utf8(apps) +
+                   "\\x\\oNE.exe\n"
+                   "entry 1: C:\\gone\\two.exe\n  left as it is, there are several of that name:\n     " +
+                   utf8(apps) + "\\two.exe\n     " + utf8(apps) +
+                   "\\x\\two.exe\n"
+                   "1 of 2 entries relinked, 1 still to be mended\n");
+    expect_failure(L"relink p.txt -o r.txt --find gone", "wendlow-profile: gone: cannot be searched: ");
+    expect_failure(L"relink p.txt -o r.txt --find p.txt", "wendlow-profile: p.txt: cannot be searched: ");
+    EXPECT_FALSE(file_exists(folder.file(L"r.txt")));
     SetCurrentDirectoryW(L"C:\\");
 }
 

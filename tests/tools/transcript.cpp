@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 #include "tests/tools/work_folder.h"
@@ -12,17 +14,17 @@ namespace tool_tests
 namespace
 {
 
-constexpr const char* kPrompt = "$ ";
-
-// Words between spaces; single quotes keep spaces together.
+// Words between spaces; quotes of either kind keep spaces together.
 std::vector<std::string> words_of(const std::string& command)
 {
     std::vector<std::string> words(1);
-    bool quoted = false;
+    char quote = 0;
     for (const char character : command) {
-        if (character == '\'')
-            quoted = !quoted;
-        else if (character == ' ' && !quoted)
+        if (character == quote)
+            quote = 0;
+        else if (quote == 0 && (character == '\'' || character == '"'))
+            quote = character;
+        else if (character == ' ' && quote == 0)
             words.emplace_back();
         else
             words.back() += character;
@@ -30,9 +32,19 @@ std::vector<std::string> words_of(const std::string& command)
     return words;
 }
 
+// A document cannot name the folder that a test happens to run in.
+std::string with_folder_of_ann(std::string output)
+{
+    std::string here = "Z:" + std::filesystem::current_path().string();
+    std::replace(here.begin(), here.end(), '/', '\\');
+    for (std::size_t at = output.find(here); at != std::string::npos; at = output.find(here))
+        output.replace(at, here.size(), "C:\\Users\\Ann");
+    return output;
+}
+
 } // namespace
 
-std::vector<Step> steps_of(const std::string& text, const std::string& indent)
+std::vector<Step> steps_of(const std::string& text, const std::string& indent, const std::string& prompt)
 {
     std::vector<Step> steps;
     bool in_block = false;
@@ -40,8 +52,8 @@ std::vector<Step> steps_of(const std::string& text, const std::string& indent)
     for (std::string line; std::getline(lines, line);) {
         // Editors take the spaces of an empty line away.
         const bool is_indented = line.starts_with(indent);
-        if (is_indented && line.substr(indent.size()).starts_with(kPrompt)) {
-            steps.push_back({line.substr(indent.size() + 2), ""});
+        if (is_indented && line.substr(indent.size()).starts_with(prompt)) {
+            steps.push_back({line.substr(indent.size() + prompt.size()), ""});
             in_block = true;
         } else if (in_block && (is_indented || line.empty())) {
             steps.back().output += line.substr(std::min(line.size(), indent.size())) + "\n";
@@ -69,11 +81,13 @@ void expect_transcript(const std::vector<Step>& steps)
         std::string output;
         if (program == "wendlow-profile") {
             const Ran ran = run_tool(words);
-            output = ran.err + ran.out;
+            output = with_folder_of_ann(ran.err + ran.out);
             code = ran.code;
         } else if (program == "cat") {
             const profile_tool::Bytes bytes = WorkFolder::read(words.at(0));
             output.assign(bytes.begin(), bytes.end());
+        } else if (program == "cmp") {
+            output = WorkFolder::read(words.at(0)) == WorkFolder::read(words.at(1)) ? "" : "they differ\n";
         } else if (step.command == "echo $?") {
             output = std::to_string(code) + "\n";
         } else {

@@ -20,10 +20,11 @@ struct Step {
 };
 
 // The steps of a text whose lines begin with `indent`; a line that does not ends the output before it.
-std::vector<Step> steps_of(const std::string& text, const std::string& indent);
+std::vector<Step> steps_of(const std::string& text, const std::string& indent,
+                           const std::string& prompt = "$ ");
 
 // Carries the steps out in the working directory, one after the other, and fails the test where another
-// output comes.
+// output comes. The working directory stands in outputs as C:\Users\Ann.
 void expect_transcript(const std::vector<Step>& steps);
 
 } // namespace tool_tests

@@ -1,6 +1,10 @@
 // What each command says to the files in tests/fuzz/seeds.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <set>
+#include <sstream>
+
 #include "tests/tools/transcript.h"
 #include "tests/tools/work_folder.h"
 
@@ -41,13 +45,43 @@ TEST(ProfileToolTranscripts, Usage)
     expect_as_written("usage.txt");
 }
 
-TEST(ProfileToolTranscripts, ReadMe)
+// The commands that a document gives to its reader, with what they answer. Opening is for Windows, where it
+// is tested; it says nothing when it goes well.
+void expect_document(const std::string& document, const std::string& prompt)
 {
     const WorkFolder folder;
     folder.add_files_of("docs/examples");
-    const std::vector<Step> steps = steps_of(text_of_tree("README.md"), "    ");
-    EXPECT_GE(steps.size(), 6U);
+    for (const char* program : {"clock.exe", "new/notepad.exe", "old/notepad.exe"}) {
+        const std::filesystem::path path = std::filesystem::path("Programs") / program;
+        std::filesystem::create_directories(path.parent_path());
+        WorkFolder::write(path.string(), {});
+    }
+    std::set<std::string> shown;
+    std::vector<Step> steps;
+    for (const Step& step : steps_of(text_of_tree(document), "    ", prompt)) {
+        std::istringstream words(step.command);
+        std::string program;
+        std::string command;
+        words >> program >> command;
+        if (program == "wendlow-profile")
+            shown.insert(command);
+        if (command == "open")
+            EXPECT_EQ(step.output, "") << step.command;
+        else
+            steps.push_back(step);
+    }
+    EXPECT_EQ(shown, (std::set<std::string>{"show", "check", "to-json", "from-json", "relink", "open"}));
     expect_transcript(steps);
+}
+
+TEST(ProfileToolTranscripts, ReadMe)
+{
+    expect_document("README.md", "$ ");
+}
+
+TEST(ProfileToolTranscripts, Guide)
+{
+    expect_document("docs/guide.md", "> ");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "tools/wendlow_profile/checking.h"
+#include "tools/wendlow_profile/warnings.h"
 
 #include <gtest/gtest.h>
 

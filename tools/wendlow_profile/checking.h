@@ -1,4 +1,4 @@
-// What is wrong with a profile file, and what its owner should know of it.
+// What is wrong with a profile file: why the program does not load it.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "tools/wendlow_profile/platform.h"
 #include "tools/wendlow_profile/text.h"
 
 namespace profile_tool
@@ -27,17 +26,5 @@ struct Refusal {
 // Every reason, in the order in which the program meets them: it shows the first, and after that one has been
 // mended the next. None for a file that is loaded.
 std::vector<Refusal> refusals_of(ByteView file);
-
-// Something of a file that is loaded.
-struct Warning {
-    std::vector<std::uint32_t> entries; // those it is about; none when it is about the whole file
-    std::string field;
-    std::optional<std::uint64_t> offset; // of the first entry's field, in bytes
-    std::string what;
-    std::string advice;
-};
-
-// For a file without refusals.
-std::vector<Warning> warnings_of(ByteView file, const Surroundings& surroundings);
 
 } // namespace profile_tool

@@ -10,6 +10,7 @@
 #include "tools/wendlow_profile/parts.h"
 #include "tools/wendlow_profile/relinking.h"
 #include "tools/wendlow_profile/showing.h"
+#include "tools/wendlow_profile/warnings.h"
 
 namespace profile_tool
 {

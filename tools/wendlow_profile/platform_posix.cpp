@@ -16,6 +16,8 @@
 
 #include <locale.h>
 
+#include "tools/wendlow_profile/text.h"
+
 namespace profile_tool::platform
 {
 

@@ -9,11 +9,10 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/wendlow_profile/bytes.h"
+
 namespace profile_tool
 {
-
-using Bytes = std::vector<std::uint8_t>;
-using ByteView = std::span<const std::uint8_t>;
 
 // The whole UTF-16LE units of the bytes; a last odd byte is left out.
 std::u16string units_of(ByteView bytes);

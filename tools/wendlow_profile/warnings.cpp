@@ -1,10 +1,9 @@
-// What the owner of a file that is loaded should know of it.
+#include "tools/wendlow_profile/warnings.h"
+
 #include <algorithm>
 #include <string>
 
 #include "sources/profile_file/profile_file.h"
-#include "tools/wendlow_profile/checking.h"
-#include "tools/wendlow_profile/entry_warnings.h"
 #include "tools/wendlow_profile/parts.h"
 
 namespace profile_tool

@@ -192,6 +192,8 @@ TEST(ProfileCheck, WarnsOfWhatLiesBetweenPathsAndName)
               Texts{"zero tail 43: has 0 of the 16 zero bytes that belong between the paths and the name"});
     EXPECT_EQ(warnings_about(one().surplus_before_name({1, 0, 0})),
               Texts{"surplus 59: 3 bytes too many between the paths and the name"});
+    EXPECT_EQ(warnings_about(one().surplus_before_name({0})),
+              Texts{"surplus 59: 1 byte too many between the paths and the name"});
 }
 
 TEST(ProfileCheck, WarnsOfTheName)

@@ -193,9 +193,8 @@ TEST(ProfileToolJson, TellsOfHostileTextWithoutRepeatingIt)
     expect_refused(form_with(R"("name": "N")", R"("name": "N", "\u001b[31m\u202e": 1)"),
                    "/<U+001B>[31m<U+202E>: nothing of this name is known here");
     expect_refused(
-        "\xFF\xFE{",
-        "parse error at line 1, column 1: syntax error while parsing value - invalid literal; last "
-        "read: '<FF>'");
+        "\xFF{", "parse error at line 1, column 1: syntax error while parsing value - invalid literal; last "
+                 "read: '<FF>'");
     // What stands between the two ends is left out, and no character is cut.
     Bytes file;
     std::string why;
@@ -209,6 +208,18 @@ TEST(ProfileToolJson, TellsOfHostileTextWithoutRepeatingIt)
         << why;
     EXPECT_TRUE(why.ends_with("\xD0\x96'; expected string literal")) << why;
     EXPECT_NE(why.find("\xD0\x96 ... \xD0\x96"), std::string::npos) << why;
+}
+
+TEST(ProfileToolJson, SaysThatItIsWantedInUtf8)
+{
+    using namespace std::string_literals;
+    const char* why = "it is UTF-16, as some shells write what they redirect; UTF-8 is wanted";
+    expect_refused("\xFF\xFE{\0"s, why);
+    expect_refused("\xFE\xFF\0{"s, why);
+    // The mark of UTF-8 itself does no harm.
+    Bytes file;
+    std::string said;
+    EXPECT_TRUE(profile_of_json("\xEF\xBB\xBF" + form_with("", ""), &file, &said)) << said;
 }
 
 TEST(ProfileToolJson, StandsAnyDepth)

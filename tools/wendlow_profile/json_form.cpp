@@ -247,6 +247,8 @@ private:
 
 Json parse_without_doubles(std::string_view json)
 {
+    if (json.starts_with("\xFF\xFE") || json.starts_with("\xFE\xFF"))
+        throw FormError("", "it is UTF-16, as some shells write what they redirect; UTF-8 is wanted");
     DoublesWatch watch;
     Json::sax_parse(json, &watch);
     return Json::parse(json);

@@ -73,7 +73,8 @@ void append_tail_warnings(ByteView file, const Ending& ending, std::vector<Warni
     if (tail < between.size())
         all->push_back(about_file("surplus", ending.paths_end + tail,
                                   std::to_string(between.size() - tail) +
-                                      " bytes too many between the paths and the name",
+                                      (between.size() - tail == 1 ? " byte" : " bytes") +
+                                      " too many between the paths and the name",
                                   "The program passes over them."));
 }
 

@@ -11,6 +11,9 @@ namespace
 
 constexpr UINT kAnswer_ms = 5000;
 
+// One that hangs is given up early, and one that dies at once.
+constexpr UINT kAnswer_flags = SMTO_ABORTIFHUNG | SMTO_ERRORONEXIT;
+
 constexpr std::size_t kFirst_capacity = 256; // a page of answers
 
 bool is_at(HWND hwnd, const PixelRect& rect)
@@ -51,7 +54,7 @@ bool ask_to_move(HWND hwnd, const PixelRect& rect, UINT flags)
 
 bool ask_foreign_window(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam, DWORD_PTR* answer)
 {
-    return SendMessageTimeoutW(hwnd, message, wParam, lParam, SMTO_ABORTIFHUNG, kAnswer_ms, answer) != 0;
+    return SendMessageTimeoutW(hwnd, message, wParam, lParam, kAnswer_flags, kAnswer_ms, answer) != 0;
 }
 
 AskedWindows::~AskedWindows()

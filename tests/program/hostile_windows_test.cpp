@@ -135,6 +135,30 @@ TEST(HostileWindows, AreLeftOutByTheirClassInAnyCaseButNotByANearMiss)
     boxes.expect_no_boxes();
 }
 
+// Store apps keep visible windows of these classes while they are suspended, and would not answer.
+TEST(HostileWindows, AreNotAskedForTheirTitlesWhenTheirClassLeavesThemOut)
+{
+    std::set<HWND> asked;
+    const auto note = [&](HWND window, int) { asked.insert(window); };
+    FixturePrograms fixtures;
+    const TemporaryFolder folder;
+    const std::wstring loaded = fixtures.add(L"loaded", {.title = L"Loaded"});
+    write_file(folder.file(L"p.txt"),
+               ProfileEncoder().add_program(60, 70, 333, 222, units_of(loaded)).name(u"P").bytes());
+    HWND listed = nullptr;
+    {
+        const Neighbours neighbours({{.title = L"Listed"},
+                                     {L"A suspended frame", L"ApplicationFrameWindow"},
+                                     {L"A suspended app", L"Windows.UI.Core.CoreWindow"}},
+                                    note);
+        listed = neighbours[0];
+        const WendlowProcess wendlow;
+        EXPECT_TRUE(is_listed(names_on(wendlow.scan()), L"Listed"));
+        wendlow.load_profile(folder.file(L"p.txt"));
+    }
+    EXPECT_EQ(asked, std::set<HWND>{listed});
+}
+
 TEST(HostileWindows, MayBeFifteenHundred)
 {
     constexpr std::size_t kWindows = 1500;

@@ -104,7 +104,8 @@ BOOL CALLBACK GetHWNDS_of_LoadedPrograms(HWND hwnd, LPARAM lParam)
         return FALSE;
     }
     std::array<wchar_t, kTitleLimit_units> title;
-    if (!read_visible_title(hwnd, title) || is_empty_off_origin(hwnd) || has_excluded_class(hwnd))
+    if (!is_visible(hwnd) || has_excluded_class(hwnd) || is_empty_off_origin(hwnd) ||
+        !read_title(hwnd, title))
         return TRUE;
 
     DWORD process_id = 0;

@@ -16,10 +16,13 @@ constexpr int kClassName_max_units = 250;
 
 } // namespace
 
-bool read_visible_title(HWND hwnd, std::span<wchar_t> title)
+bool is_visible(HWND hwnd)
 {
-    if (hwnd == nullptr || IsWindowVisible(hwnd) == FALSE)
-        return false;
+    return hwnd != nullptr && IsWindowVisible(hwnd) != FALSE;
+}
+
+bool read_title(HWND hwnd, std::span<wchar_t> title)
+{
     std::fill(title.begin(), title.end(), L'\0');
     DWORD_PTR length_units = 0;
     const bool answered = ask_foreign_window(hwnd, WM_GETTEXT, title.size(),
@@ -36,7 +39,7 @@ bool has_excluded_class(HWND hwnd)
 
 bool window_qualifies(HWND hwnd, std::span<wchar_t> title)
 {
-    return read_visible_title(hwnd, title) && !has_excluded_class(hwnd);
+    return is_visible(hwnd) && !has_excluded_class(hwnd) && read_title(hwnd, title);
 }
 
 ImagePath read_image_path(DWORD process_id, std::span<wchar_t> buffer, DWORD limit_units)

@@ -13,15 +13,19 @@ enum class ImagePath {
     FAILED,      // the path could not be queried: the enumeration ends
 };
 
-// Asks a visible window for its title with WM_GETTEXT, allowing `title.size()` units with the closing zero.
-// False for a null or invisible window, an empty title, and a window that does not answer in time: a hung
-// program must not freeze this one. `title` is cleared first.
-bool read_visible_title(HWND hwnd, std::span<wchar_t> title);
+// False for a null or invisible window.
+bool is_visible(HWND hwnd);
 
 // True when the window's class is one that is never listed or matched.
 bool has_excluded_class(HWND hwnd);
 
-// The rules in their order: visible, titled, not of an excluded class.
+// Asks a window for its title with WM_GETTEXT, allowing `title.size()` units with the closing zero. False for
+// an empty title and a window that does not answer in time: a hung program must not freeze this one. `title`
+// is cleared first. It is asked for last of all: suspended programs keep visible windows, each of which would
+// cost the whole wait.
+bool read_title(HWND hwnd, std::span<wchar_t> title);
+
+// The rules in their order: visible, not of an excluded class, titled.
 bool window_qualifies(HWND hwnd, std::span<wchar_t> title);
 
 // Reads the image path of the process `process_id`, at most `limit_units` units, into `buffer`, which is

@@ -322,6 +322,26 @@ TEST(ProgramMatching, KeepsWhatItFoundAlsoWhenLaterPassesBreakOff)
     EXPECT_EQ(programs.front(), window.get());
 }
 
+TEST(ProgramMatching, AsksNoWindowForItsTitleThatBelongsToNoEntryAnyway)
+{
+    const TestWindow frame(L"frame", RECT{10, 20, 310, 220}, L"ApplicationFrameWindow");
+    const TestWindow core(L"core", RECT{10, 20, 310, 220}, L"Windows.UI.Core.CoreWindow");
+    const TestWindow empty(L"empty", RECT{10, 20, 10, 20}, L"TestWindow", WS_POPUP | WS_VISIBLE);
+    const TestWindow hidden(L"hidden", RECT{10, 20, 310, 220}, L"TestWindow", WS_POPUP);
+    const TestWindow window(L"mine");
+    Matcher matcher(one_entry(own_image()));
+    std::vector<HWND> asked;
+    const ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> ask(
+        "user32.dll",
+        [&](HWND target, UINT message, WPARAM wide, LPARAM narrow, UINT flags, UINT time, PDWORD_PTR answer) {
+            asked.push_back(target);
+            return ask.call_original(target, message, wide, narrow, flags, time, answer);
+        });
+    for (const HWND candidate : {frame.get(), core.get(), empty.get(), hidden.get(), window.get()})
+        EXPECT_EQ(matcher.ask(candidate), TRUE);
+    EXPECT_EQ(asked, std::vector<HWND>{window});
+}
+
 TEST(ProgramMatching, AsksForTitlesOfAThousandUnits)
 {
     const TestWindow window(L"mine");

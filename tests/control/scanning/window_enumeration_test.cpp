@@ -159,7 +159,27 @@ TEST(WindowEnumeration, SkipsInvisibleAndUntitledWindowsAndListsToolWindows)
     EXPECT_EQ(scan_record.counter_valid, 1u);
     EXPECT_EQ(title_of_slot(0), L"tool");
     EXPECT_EQ(asked_for_title, (std::vector<HWND>{untitled, tool, untitled, tool}));
-    EXPECT_EQ(asked, (std::vector<HWND>{tool, tool}));
+    EXPECT_EQ(asked, (std::vector<HWND>{untitled, tool, untitled, tool}));
+}
+
+// The class tells already that it is not listed: nothing is sent to a program that may be suspended.
+TEST(WindowEnumeration, AsksNoWindowOfAnExcludedClassForItsTitle)
+{
+    ScanFixture fixture;
+    const TestWindow frame(L"frame", RECT{10, 20, 310, 220}, L"ApplicationFrameWindow");
+    const TestWindow core(L"core", RECT{10, 20, 310, 220}, L"Windows.UI.Core.CoreWindow");
+    const TestWindow listed(L"listed");
+    const Desktop desktop({frame, core, listed});
+    std::vector<HWND> asked;
+    ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> send(
+        "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam, UINT flags, UINT timeout,
+                          PDWORD_PTR answer) {
+            asked.push_back(target);
+            return send.call_original(target, message, wParam, lParam, flags, timeout, answer);
+        });
+    ASSERT_EQ(fixture.scan(), 1);
+    EXPECT_EQ(asked, (std::vector<HWND>{listed, listed}));
+    EXPECT_EQ(scan_record.counter_valid, 1u);
 }
 
 TEST(WindowEnumeration, KeepsAnExplorerWindowThatTheShellDoesNotListWithoutPath)
@@ -330,7 +350,7 @@ TEST(WindowEnumeration, AsksForTitlesOfLimitedLengthAndNotForever)
         "user32.dll", [&](HWND target, UINT message, WPARAM wParam, LPARAM lParam, UINT flags, UINT timeout,
                           PDWORD_PTR answer) {
             EXPECT_EQ(message, static_cast<UINT>(WM_GETTEXT));
-            EXPECT_EQ(flags, 2u); // SMTO_ABORTIFHUNG
+            EXPECT_EQ(flags, 0x22u); // given up when it hangs, and when it ends
             EXPECT_EQ(timeout, 5000u);
             asked.push_back(wParam);
             return send.call_original(target, message, wParam, lParam, flags, timeout, answer);

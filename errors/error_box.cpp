@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "sources/win32/bytes_as_wide.h"
+#include "sources/win32/wait_cursor.h"
 
 namespace
 {
@@ -225,6 +226,7 @@ std::int32_t error_box::show(HWND owner, const ErrorRow* row, ...)
 
     std::array<wchar_t, 64> title{};
     encode_title(row->title, row->title_encoding, title);
+    const WaitCursorPause pause;
     MessageBoxW(owner, row->source->message, title.data(), row->style);
     return row->result;
 }

@@ -99,6 +99,8 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPWSTR /*l
 {
     // Before any call that may load a library: none is taken from beside the program or the current folder.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    // Windows would offer to end a program that waits for others, as this one is meant to.
+    DisableProcessWindowsGhosting();
     if (show_running_instance())
         return 0;
     initialise_common_controls();

@@ -20,6 +20,7 @@
 #include "sources/win32/device_contexts.h"
 #include "sources/win32/memory_block.h"
 #include "sources/win32/own_window.h"
+#include "sources/win32/wait_cursor.h"
 
 MainWindow_STR main_window;
 
@@ -154,6 +155,10 @@ LRESULT CALLBACK WndProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_GETMINMAXINFO:
         on_WM_GETMINMAXINFO(reinterpret_cast<MINMAXINFO*>(lParam));
         return 0;
+    case WM_SETCURSOR:
+        if (keep_wait_cursor(LOWORD(lParam)))
+            return TRUE;
+        return DefWindowProcW(hwnd, message, wParam, lParam);
     case WM_ERASEBKGND:
         return 1; // painting covers the whole client area
     case WM_PAINT:

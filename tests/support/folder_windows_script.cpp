@@ -162,6 +162,17 @@ ComApartment::~ComApartment()
     CoUninitialize();
 }
 
+bool com_outlives_its_owner()
+{
+    CoUninitialize();
+    APTTYPE type{};
+    APTTYPEQUALIFIER qualifier{};
+    const bool outlives = SUCCEEDED(CoGetApartmentType(&type, &qualifier));
+    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
+        throw Failure("no COM apartment");
+    return outlives;
+}
+
 RealFolderWindow::RealFolderWindow(const std::wstring& folder)
 {
     const std::vector<HWND> before = folder_windows();

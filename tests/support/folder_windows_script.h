@@ -107,6 +107,10 @@ public:
     ComApartment& operator=(const ComApartment&) = delete;
 };
 
+// Uninitialises COM for the calling thread, as the main window does when it is closed, and tells whether it
+// is still there for whoever holds it. Initialises it again.
+bool com_outlives_its_owner();
+
 // A real folder window, opened by the shell as the program under test opens it, closed at the end.
 class RealFolderWindow
 {

@@ -7,6 +7,7 @@
 #include "sources/funcs_layout_windows/launching/launching_errors.h"
 #include "sources/funcs_layout_windows/launching/launching_notices.h"
 #include "sources/profile_file/profile_file.h"
+#include "sources/win32/com_ptr.h"
 #include "sources/win32/foreign_window.h"
 
 namespace
@@ -37,6 +38,7 @@ void open_folder(Launch_STR* launch, std::uint32_t index, const wchar_t* path)
     info.lpVerb = L"open";
     info.lpFile = path;
     info.nShow = SW_SHOWNORMAL;
+    const ComHold com; // Re-entrancy: the shell lets messages in, also one that closes the main window.
     if (path == nullptr || ShellExecuteExW(&info) == FALSE) {
         note_failed_start(launch, index);
         ++launch->uiN_failed_Folders;

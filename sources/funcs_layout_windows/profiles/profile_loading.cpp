@@ -8,7 +8,9 @@
 #include "sources/funcs_layout_windows/launching/launching.h"
 #include "sources/funcs_layout_windows/profiles/profiles_errors.h"
 #include "sources/profile_file/profile_file.h"
+#include "sources/win32/com_ptr.h"
 #include "sources/win32/memory_block.h"
+#include "sources/win32/wait_cursor.h"
 
 namespace
 {
@@ -40,6 +42,7 @@ FileChoice choose_file(HWND hwnd_MW, PathBuffer* path)
     dialog.nMaxFileTitle = static_cast<DWORD>(title.size());
     dialog.lpstrInitialDir = directory.data();
     dialog.Flags = OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST;
+    const ComHold com; // Re-entrancy: the dialog lets messages in, also one that closes the main window.
     if (GetOpenFileNameW(&dialog) == TRUE)
         return FileChoice::CHOSEN;
     return CommDlgExtendedError() == 0 ? FileChoice::CANCELLED : FileChoice::FAILED;
@@ -161,6 +164,7 @@ std::int32_t onButton_LoadProfile_clicked(HWND hwnd_MW, std::uint8_t uc_flag_pat
     if (result < 0 || path == nullptr)
         return result;
 
+    const WaitCursor wait;
     LoadedFile loaded{};
     result = open_file(path, &loaded);
     if (result > 0)

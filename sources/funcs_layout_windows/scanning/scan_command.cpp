@@ -13,6 +13,7 @@
 #include "sources/win32/memory_block.h"
 #include "sources/win32/own_window.h"
 #include "sources/win32/pixel_rect.h"
+#include "sources/win32/wait_cursor.h"
 
 namespace
 {
@@ -138,6 +139,7 @@ std::int32_t scan_windows(HWND hwndThis, HWND* p_hwnd_ScanListView, STR_ENUM_WND
 std::int32_t onButton_Scan_Clicked(HWND hwndThis, HWND* p_hwnd_ScanListView, WPARAM /*wParam*/,
                                    LPARAM /*lParam*/, STR_ENUM_WNDS_DATA* pSTR)
 {
+    const WaitCursor wait;
     std::int32_t result = 1;
     if (hwndThis == nullptr || pSTR == nullptr || p_hwnd_ScanListView == nullptr)
         result = end_with_box<kScanInput>(hwndThis, pSTR, p_hwnd_ScanListView);

@@ -4,6 +4,7 @@
 
 #include <commdlg.h>
 
+#include "sources/win32/com_ptr.h"
 #include "sources/win32/own_window.h"
 #include "sources/wnd_ScanListView/saving/saving_errors.h"
 #include "sources/wnd_ScanListView/saving/saving_notices.h"
@@ -28,6 +29,7 @@ bool choose_file(HWND owner, SavePath* path)
     dialog.lpstrTitle = L"Save Profile";
     dialog.lpstrDefExt = L"txt";
     dialog.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_FILEMUSTEXIST | OFN_EXPLORER;
+    const ComHold com; // Re-entrancy: the dialog lets messages in, also one that closes the main window.
     return GetSaveFileNameW(&dialog) != FALSE;
 }
 

@@ -129,6 +129,22 @@ TEST(Launching, StartsNothingMoreOnceTheMainWindowIsClosed)
     EXPECT_TRUE(sleeps.pauses.empty());
 }
 
+// The main window uninitialises COM when it is closed, and opening a folder lets that in.
+TEST(Launching, HoldsComWhileAFolderIsOpened)
+{
+    ProfileFixture fixture;
+    const RecordedSleeps no_pauses;
+    std::vector<bool> held;
+    const ImportHook<"ShellExecuteExW", BOOL(SHELLEXECUTEINFOW*)> open(
+        "shell32.dll", [&](SHELLEXECUTEINFOW*) {
+            held.push_back(test_support::com_outlives_its_owner());
+            return FALSE;
+        });
+    BoxWatcher boxes;
+    EXPECT_EQ(fixture.load(ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\gone").name(u"F").bytes()), 1);
+    EXPECT_EQ(held, std::vector<bool>{true});
+}
+
 TEST(Launching, SearchesNoMoreOnceTheMainWindowIsClosed)
 {
     struct {

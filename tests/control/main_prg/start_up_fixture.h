@@ -90,6 +90,8 @@ private:
         "user32.dll", [this](int metric) {
             return metric == SM_CXSCREEN ? 1366 : metric == SM_CYSCREEN ? 768 : screen_.call_original(metric);
         }};
+    test_support::ImportHook<"DisableProcessWindowsGhosting", decltype(DisableProcessWindowsGhosting)>
+        ghosts_{"user32.dll", [this] { step("no ghosting"); }};
     test_support::ImportHook<"FindWindowW", decltype(FindWindowW)> find_{
         "user32.dll", [this](LPCWSTR class_name, LPCWSTR title) {
             step("find %ls, %s", class_name, title == nullptr ? "any title" : "one title");

@@ -105,7 +105,7 @@ TEST(StartUp, GoesItsStepsInOrder)
     // Only the low 32 bits of the exit code are handed on.
     EXPECT_EQ(start.run(SW_SHOWMAXIMIZED), static_cast<int>(0x80000007));
     EXPECT_EQ(start.steps,
-              (Steps{"libraries from 800", "find prg_wnds_layout, any title",
+              (Steps{"libraries from 800", "no ghosting", "find prg_wnds_layout, any title",
                      "common controls 4727 of 8 bytes", "class prg_wnds_layout", "class List of Windows",
                      "create", "drops on main: 1", "message 233 to main: 1", "message 4A to main: 1",
                      "message 49 to main: 1", "show main: 3", "update main", "loop"}));
@@ -204,7 +204,7 @@ TEST(StartUp, GoesOnWithoutClassesAndWithoutAWindow)
     start.exit_code = 4;
     EXPECT_EQ(start.run(SW_SHOWMINIMIZED), 4);
     EXPECT_EQ(start.steps,
-              (Steps{"libraries from 800", "find prg_wnds_layout, any title",
+              (Steps{"libraries from 800", "no ghosting", "find prg_wnds_layout, any title",
                      "common controls 4727 of 8 bytes", "class prg_wnds_layout", "class List of Windows",
                      "create", "drops on null: 1", "message 233 to null: 1", "message 4A to null: 1",
                      "message 49 to null: 1", "show null: 2", "update null", "loop"}));
@@ -221,7 +221,7 @@ TEST(StartUp, RestoresARunningInstanceOnlyFromItsMinimisedState)
         start.running_instance = first;
         start.exit_code = 9; // of a loop that must not be reached
         EXPECT_EQ(start.run(SW_SHOW), 0);
-        Steps expected{"libraries from 800", "find prg_wnds_layout, any title"};
+        Steps expected{"libraries from 800", "no ghosting", "find prg_wnds_layout, any title"};
         if (state == SW_SHOWMINIMIZED)
             expected.push_back("show the other: 9"); // SW_RESTORE
         expected.push_back("bring the other to the front");

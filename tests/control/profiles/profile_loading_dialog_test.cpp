@@ -69,6 +69,20 @@ TEST(ProfileLoading, AsksForAFileThatExists)
     EXPECT_EQ(fixture.store.uiN_loaded_prfls, 0u);
 }
 
+// The main window uninitialises COM when it is closed, and the dialog, which is the shell's, lets that in.
+TEST(ProfileLoading, HoldsComWhileTheOpenDialogIsUp)
+{
+    ProfileFixture fixture;
+    bool held = false;
+    const ImportHook<"GetOpenFileNameW", decltype(GetOpenFileNameW)> hook(
+        "comdlg32.dll", [&](OPENFILENAMEW*) -> BOOL {
+            held = test_support::com_outlives_its_owner();
+            return FALSE;
+        });
+    EXPECT_EQ(onButton_LoadProfile_clicked(fixture.window, 0, nullptr, &fixture.store, &fixture.profiles), 1);
+    EXPECT_TRUE(held);
+}
+
 TEST(ProfileLoading, DoesNothingWhenTheOpenDialogIsCancelled)
 {
     ProfileFixture fixture;

@@ -9,6 +9,7 @@
 #include "sources/wnd_ScanListView/saving/saving_errors.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/support/folder_windows_script.h"
 
 // Profiles that are not saved: what is told, and what is left.
 
@@ -45,6 +46,18 @@ DWORD error_of_writing_to(const std::wstring& path)
 }
 
 } // namespace
+
+// The main window uninitialises COM when it is closed, and the dialog, which is the shell's, lets that in.
+TEST(SaveProfile, HoldsComWhileTheSaveDialogIsUp)
+{
+    const test_support::ComApartment com;
+    Saving saving;
+    bool held = false;
+    saving.dialog.look = [&](const OPENFILENAMEW&) { held = test_support::com_outlives_its_owner(); };
+    send_name(saving.list, saving.list.ask_name_for({1}), 0, L"x", 2);
+    EXPECT_EQ(saving.dialog.asked, 1);
+    EXPECT_TRUE(held);
+}
 
 TEST(SaveProfile, LeavesAFileThatExistsAsItIs)
 {

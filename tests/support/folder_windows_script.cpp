@@ -81,6 +81,7 @@ FolderWindowsScript& FolderWindowsScript::add(const FolderWindow& window)
     entry = {};
     entry.window = reinterpret_cast<std::int64_t>(window.window);
     entry.missing = static_cast<std::int32_t>(window.missing);
+    entry.tab = reinterpret_cast<std::int64_t>(window.tab);
     entry.later_from_pass = window.later_from_pass;
     entry.first_pass = window.first_pass;
     entry.last_pass = window.last_pass;

@@ -33,6 +33,7 @@ struct FolderWindow {
     HWND window = nullptr; // null is given out as the handle 0
     std::wstring path;
     Missing missing = Missing::kNothing;
+    HWND tab = nullptr; // the window that IShellBrowser tells; null: it tells none
     // From this pass on the path is later_path (0 = never). A pass is one creation of the list
     // object, counted from 1 since the script was made or cleared.
     int later_from_pass = 0;

@@ -29,6 +29,26 @@ constexpr GUID kIID_IPersistFolder2{
 
 using PathBuffer = std::array<wchar_t, MAX_PATH>;
 
+constexpr int kClassName_max_units = 256;
+
+// True when the browser is a tab of the window and another tab is the one that is shown: each has a child
+// window of its own, and of those that are visible the shown one lies on top. A browser that tells no such
+// window counts as shown.
+bool is_tab_not_shown(IShellBrowser* browser, HWND folder_window)
+{
+    HWND tab = nullptr;
+    if (FAILED(browser->GetWindow(&tab)) || IsChild(folder_window, tab) == FALSE)
+        return false;
+    std::array<wchar_t, kClassName_max_units> name{};
+    GetClassNameW(tab, name.data(), kClassName_max_units);
+    HWND sibling = nullptr;
+    while ((sibling = FindWindowExW(GetAncestor(tab, GA_PARENT), sibling, name.data(), nullptr)) != nullptr) {
+        if ((GetWindowLongPtrW(sibling, GWL_STYLE) & WS_VISIBLE) != 0)
+            return sibling != tab;
+    }
+    return false;
+}
+
 // Finds out the window and the folder of list item `index`. False when any step of the way gives nothing.
 bool read_folder_window(ShellWindowsList* list, long index, HWND* hwnd, PathBuffer* path)
 {
@@ -54,7 +74,7 @@ bool read_folder_window(ShellWindowsList* list, long index, HWND* hwnd, PathBuff
         return false;
     ComPtr<IShellBrowser> browser;
     services->QueryService(kSID_STopLevelBrowser, kIID_IShellBrowser, browser.out_void());
-    if (!browser)
+    if (!browser || is_tab_not_shown(browser.get(), *hwnd))
         return false;
     ComPtr<IShellView> view;
     browser->QueryActiveShellView(view.out());

@@ -28,7 +28,7 @@ HRESULT open_shell_windows(ShellWindowsList* list);
 long count_shell_windows(const ShellWindowsList& list);
 
 // Visits the first `count` windows of the list in order. Windows that do not answer for one of the interfaces
-// on the way, or show a virtual folder, are passed over. Every interface and list obtained is released, last
-// obtained first, before the visitor is called: a release lets messages in, and the visitor has to see what
-// they did.
+// on the way, or show a virtual folder, are passed over, and so is a tab while another of its window is
+// shown. Every interface and list obtained is released, last obtained first, before the visitor is called: a
+// release lets messages in, and the visitor has to see what they did.
 void walk_shell_windows(ShellWindowsList* list, long count, FolderVisitor visitor, void* context);

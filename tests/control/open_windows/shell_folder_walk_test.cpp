@@ -115,6 +115,80 @@ TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
     EXPECT_EQ(counts.released_too_often, 0);
 }
 
+// A folder window with two tabs, for each of which the shell's list has an item.
+struct TwoTabs {
+    explicit TwoTabs(DWORD style_of_first, DWORD style_of_second, HWND parent = nullptr)
+        : first(make(L"first", style_of_first, parent)), second(make(L"second", style_of_second, parent))
+    {
+    }
+    HWND make(const wchar_t* title, DWORD style, HWND parent) const
+    {
+        register_class(L"TabOfTest", DefWindowProcW);
+        return CreateWindowExW(0, L"TabOfTest", title, WS_CHILD | style, 0, 0, 50, 50,
+                               parent != nullptr ? parent : window.get(), nullptr, GetModuleHandleW(nullptr),
+                               nullptr);
+    }
+    // Where a scan finds the window when the shell tells these windows for the two tabs.
+    std::wstring scanned_folder(HWND told_for_first, HWND told_for_second) const
+    {
+        scan_tests::ScanFixture fixture;
+        const auto add = [&](const wchar_t* path, HWND tab) {
+            FolderWindow item;
+            item.window = window;
+            item.path = path;
+            item.tab = tab;
+            fixture.folders.add(item);
+        };
+        add(L"C:\\windows", told_for_first);
+        add(L"C:\\windows\\system32", told_for_second);
+        const scan_tests::Desktop desktop({window});
+        const BoxWatcher boxes;
+        EXPECT_EQ(fixture.scan(), 1);
+        boxes.expect_no_boxes();
+        const StandInCounts counts = fixture.folders.counts();
+        EXPECT_EQ(counts.interfaces_live, 0);
+        EXPECT_EQ(counts.released_too_often, 0);
+        EXPECT_EQ(counts.id_lists_live, 0);
+        return scan_tests::path_of_slot(0);
+    }
+
+    TestWindow window{L"folder"};
+    HWND first;
+    HWND second;
+};
+
+TEST(ShellList, NamesTheFolderOfTheTabThatIsShown)
+{
+    const TwoTabs first_shown(WS_VISIBLE, 0);
+    EXPECT_EQ(first_shown.scanned_folder(first_shown.first, first_shown.second), L"C:\\windows");
+    const TwoTabs second_shown(0, WS_VISIBLE);
+    EXPECT_EQ(second_shown.scanned_folder(second_shown.first, second_shown.second), L"C:\\windows\\system32");
+    // Both may be visible, one above the other.
+    const TwoTabs both(WS_VISIBLE, WS_VISIBLE);
+    SetWindowPos(both.first, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(both.scanned_folder(both.first, both.second), L"C:\\windows");
+    SetWindowPos(both.second, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(both.scanned_folder(both.first, both.second), L"C:\\windows\\system32");
+    // A window that is not on the screen still has a tab that is shown.
+    ShowWindow(both.window, SW_MINIMIZE);
+    SetWindowPos(both.first, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    EXPECT_EQ(both.scanned_folder(both.first, both.second), L"C:\\windows");
+}
+
+// The window of the last item counts then.
+TEST(ShellList, TakesEveryTabForShownWhenItCannotBeTold)
+{
+    const TwoTabs tabs(WS_VISIBLE, 0);
+    const std::wstring last = L"C:\\windows\\system32";
+    EXPECT_EQ(tabs.scanned_folder(nullptr, nullptr), last);
+    EXPECT_EQ(tabs.scanned_folder(tabs.window, tabs.window), last);
+    EXPECT_EQ(tabs.scanned_folder(tabs.first, tabs.first), last);
+    const TwoTabs others(WS_VISIBLE, 0);
+    EXPECT_EQ(tabs.scanned_folder(others.first, others.second), last);
+    const TwoTabs none_shown(0, 0);
+    EXPECT_EQ(none_shown.scanned_folder(none_shown.first, none_shown.second), last);
+}
+
 TEST(ShellList, HasNothingOnLoanWhenAFolderIsVisited)
 {
     scan_tests::ScanFixture fixture;

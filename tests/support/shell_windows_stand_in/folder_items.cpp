@@ -64,6 +64,7 @@ class ShellBrowserPart : public Part<UnusedShellBrowser>
 public:
     using Part::Part;
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override;
+    HRESULT STDMETHODCALLTYPE GetWindow(HWND* window) override;
     HRESULT STDMETHODCALLTYPE QueryActiveShellView(IShellView** out) override;
 };
 
@@ -167,6 +168,12 @@ HRESULT ShellBrowserPart::QueryInterface(REFIID id, void** out)
     return refuse(out);
 }
 
+HRESULT ShellBrowserPart::GetWindow(HWND* window)
+{
+    *window = reinterpret_cast<HWND>(item_.entry.tab);
+    return *window ? S_OK : E_FAIL;
+}
+
 HRESULT ShellBrowserPart::QueryActiveShellView(IShellView** out)
 {
     *out = nullptr;
@@ -222,8 +229,8 @@ std::vector<Entry> scripted_entries(const Script& script, int pass)
         if (pass < window.first_pass || pass > window.last_pass)
             continue;
         const bool later = window.later_from_pass != 0 && pass >= window.later_from_pass;
-        entries.push_back(
-            {window.window, later ? window.later_path : window.path, static_cast<Missing>(window.missing)});
+        entries.push_back({window.window, later ? window.later_path : window.path,
+                           static_cast<Missing>(window.missing), window.tab});
     }
     return entries;
 }

@@ -17,6 +17,7 @@ struct Entry {
     std::int64_t window = 0;
     std::wstring path;
     Missing missing = Missing::kNothing;
+    std::int64_t tab = 0; // the window that the browser tells, 0 = none
 };
 
 // The entries of the list in that pass: scripted, or those on the screen.

@@ -24,10 +24,9 @@ using scan_tests::ScanFixture;
 namespace
 {
 
-std::wstring scan_text(const std::wstring& line, const std::wstring& detail, const std::wstring& handler)
+std::wstring scan_text(int line, const std::wstring& detail, int handler)
 {
-    return L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\nline:\n" + line +
-           L"\n\n" + detail + L"\nline of error handler:" + handler;
+    return compact_text({L"sources/funcs_layout_windows", L"onButton_Scan_Clicked", line, handler}, detail);
 }
 
 // The record's blocks in the order in which a scan obtains them; the first is the path buffer.
@@ -83,10 +82,10 @@ TEST(ScanCommand, RefusesNullArguments)
     scan_record.uiSize_TmpBuf_Path = 32768;
     HWND list = nullptr;
     const auto text = [](const void* host, const void* record, const void* list_storage) {
-        return scan_text(L"906",
+        return scan_text(906,
                          L"error, incorrect input parameters\nhwndThis = " + pointer(host) + L"\npSTR = " +
                              pointer(record) + L"\np_hwnd_ScanListView = " + pointer(list_storage),
-                         L"1301");
+                         1301);
     };
     const BoxWatcher boxes;
     EXPECT_EQ(onButton_Scan_Clicked(nullptr, &list, 0, 0, &scan_record), -1);
@@ -111,7 +110,7 @@ TEST(ScanCommand, RefusesAPathBufferOfNoSizeAndKeepsTheList)
     EXPECT_EQ(onButton_Scan_Clicked(fixture.host(), &hwnd_ScanListView, 0, 0, &scan_record), -1);
     boxes.expect_boxes(
         {{L"error",
-          scan_text(L"921", L"error, incorrect input parameters\npSTR->uiSize_TmpBuf_Path = 0\n", L"1328")}});
+          scan_text(921, L"error, incorrect input parameters\npSTR->uiSize_TmpBuf_Path = 0\n", 1328)}});
     EXPECT_EQ(hwnd_ScanListView, list);
     EXPECT_TRUE(IsWindow(list));
     expect_blocks_held(6);
@@ -132,8 +131,7 @@ TEST(ScanCommand, ReportsAFailedEnumerationAndLeavesNoListOpen)
                                                                         ERROR_INVALID_PARAMETER);
         const BoxWatcher boxes;
         EXPECT_EQ(fixture.scan(), -2);
-        boxes.expect_boxes(
-            {{L"error", scan_text(pass == 1 ? L"1017" : L"1168", L"ERROR <- EnumWindows()", L"1382")}});
+        boxes.expect_boxes({{L"error", scan_text(pass == 1 ? 1017 : 1168, L"ERROR <- EnumWindows()", 1382)}});
         EXPECT_EQ(hwnd_ScanListView, nullptr);
         EXPECT_EQ(fails.calls(), pass);
         // After the first pass the path buffer is there; the second has its slots, none of them filled.
@@ -179,8 +177,7 @@ TEST(ScanCommand, ReportsEachBlockThatCannotBeHad)
         left_over = blocks();
         const BoxWatcher boxes;
         EXPECT_EQ(fixture.scan(), -3);
-        boxes.expect_boxes(
-            {{L"error", scan_text(std::to_wstring(lines[block]), L"ERROR <- VirtualAlloc()", L"1355")}});
+        boxes.expect_boxes({{L"error", scan_text(lines[block], L"ERROR <- VirtualAlloc()", 1355)}});
         EXPECT_EQ(hwnd_ScanListView, nullptr);
         EXPECT_EQ(fails.calls(), block + 1);
         expect_blocks_held(static_cast<std::size_t>(block));

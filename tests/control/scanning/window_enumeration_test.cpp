@@ -234,11 +234,11 @@ TEST(WindowEnumeration, EndsInEitherPassWhenAPathCannotBeRead)
     const struct {
         int call;
         std::wstring function;
-        std::wstring line;
-        std::wstring handler;
-        std::wstring line_of_command;
-    } passes[] = {{1, L"EnumWindowsProc_Calc", L"251", L"391", L"1017"},
-                  {3, L"EnumWindowsProc_Calc_02", L"618", L"805", L"1168"}};
+        int line;
+        int handler;
+        int line_of_command;
+    } passes[] = {{1, L"EnumWindowsProc_Calc", 251, 391, 1017},
+                  {3, L"EnumWindowsProc_Calc_02", 618, 805, 1168}};
     for (const auto& pass : passes) {
         SCOPED_TRACE(pass.call);
         ScanFixture fixture;
@@ -249,15 +249,13 @@ TEST(WindowEnumeration, EndsInEitherPassWhenAPathCannotBeRead)
         const OpenProcesses processes;
         const BoxWatcher boxes;
         EXPECT_EQ(fixture.scan(), -2);
-        boxes.expect_boxes(
-            {system_error_box(ERROR_ACCESS_DENIED),
-             {L"error", L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\n" + pass.function +
-                            L"\nline:\n" + pass.line +
-                            L"\n\nERROR <- GetModuleFileNameEx()\nline of error handler:" + pass.handler},
-             {L"error", L"error\n\nfile:\nsources/funcs_layout_windows\nfunction:\nonButton_Scan_Clicked\n"
-                        L"line:\n" +
-                            pass.line_of_command +
-                            L"\n\nERROR <- EnumWindows()\nline of error handler:1382"}});
+        boxes.expect_boxes({system_error_box(ERROR_ACCESS_DENIED),
+                            {L"error", compact_text({L"sources/funcs_layout_windows", pass.function,
+                                                     pass.line, pass.handler},
+                                                    L"ERROR <- GetModuleFileNameEx()")},
+                            {L"error", compact_text({L"sources/funcs_layout_windows",
+                                                     L"onButton_Scan_Clicked", pass.line_of_command, 1382},
+                                                    L"ERROR <- EnumWindows()")}});
         EXPECT_EQ(fails.calls(), pass.call); // the enumeration has ended
         EXPECT_EQ(processes.opened, pass.call);
         // The handle of the process that could not be asked stays open.
@@ -326,15 +324,15 @@ TEST(WindowEnumeration, RefusesARecordWithAMissingBlock)
         const BoxWatcher boxes;
         EXPECT_FALSE(EnumWindowsProc_Calc_02(window, record()));
         boxes.expect_boxes(
-            {{L"error", L"error\n\nfile:\nsources/"
-                        L"funcs_layout_windows\nfunction:\nEnumWindowsProc_Calc_02\nline:\n452\n\n"
-                        L"error, incorrect input parameters\narr1D_ui_LenPath = " +
-                            pointer(scan_record.arr1D_ui_LenPath) + L"\narr1D_uc_flag_FP = " +
-                            pointer(scan_record.arr1D_uc_flag_FP) + L"\npcTmpBuf_Prg_Folder_Path = " +
-                            pointer(scan_record.pcTmpBuf_Prg_Folder_Path) + L"\nuiSize_TmpBuf_Path = " +
-                            std::to_wstring(scan_record.uiSize_TmpBuf_Path) + L"\npcDynMem_WinHndls = " +
-                            pointer(scan_record.pcDynMem_WinHndls) + L"\npcDynMem_GeomText = " +
-                            pointer(scan_record.pcDynMem_GeomText) + L"\nline of error handler:771"}});
+            {{L"error",
+              compact_text({L"sources/funcs_layout_windows", L"EnumWindowsProc_Calc_02", 452, 771},
+                           L"error, incorrect input parameters\narr1D_ui_LenPath = " +
+                               pointer(scan_record.arr1D_ui_LenPath) + L"\narr1D_uc_flag_FP = " +
+                               pointer(scan_record.arr1D_uc_flag_FP) + L"\npcTmpBuf_Prg_Folder_Path = " +
+                               pointer(scan_record.pcTmpBuf_Prg_Folder_Path) + L"\nuiSize_TmpBuf_Path = " +
+                               std::to_wstring(scan_record.uiSize_TmpBuf_Path) + L"\npcDynMem_WinHndls = " +
+                               pointer(scan_record.pcDynMem_WinHndls) + L"\npcDynMem_GeomText = " +
+                               pointer(scan_record.pcDynMem_GeomText))}});
         EXPECT_EQ(scan_record.counter_filled, 0u);
     }
     scan_record = kept;

@@ -45,10 +45,9 @@ TEST_F(ModifyCell, WritesNothingForARowThatTheScanDoesNotHave)
     const std::string before = geometry();
     for (const int row : {2, 0x7FFFFFFF}) {
         SCOPED_TRACE(row);
-        const ExpectedBox box{
-            L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
-                      L"incorrect input parameters:\nrow = " +
-                          std::to_wstring(row) + L", counter_valid = 2\nline of error handler:845"};
+        const ExpectedBox box{L"error", compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 668, 845},
+                                                     L"incorrect input parameters:\nrow = " +
+                                                         std::to_wstring(row) + L", counter_valid = 2")};
         const BoxWatcher boxes;
         open(row);
         for (int id = 0; id < 4; ++id)
@@ -74,10 +73,9 @@ TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
     const STR_ENUM_WNDS_DATA kept = scan_record;
     scan_record.pcDynMem_WinHndls = nullptr; // what is missing comes first
     const auto text_for = [](const void* window, const void* list_given, const void* record) {
-        return L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n642\n\n"
-               L"incorrect input parameters:\nhwndThis = " +
-               pointer(window) + L", hwndListView = " + pointer(list_given) + L", pSTR = " + pointer(record) +
-               L"\nline of error handler:801";
+        return compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 642, 801},
+                            L"incorrect input parameters:\nhwndThis = " + pointer(window) +
+                                L", hwndListView = " + pointer(list_given) + L", pSTR = " + pointer(record));
     };
     const BoxWatcher boxes;
     EXPECT_EQ(on_Button_OK(nullptr, list, 0, &scan_record), -1);
@@ -105,9 +103,8 @@ TEST_F(ModifyCell, SaysThatTheListIsGoneAfterTheRestWasFoundThere)
     DestroyWindow(gone);
     const auto box_for = [](HWND list) {
         return ExpectedBox{L"error",
-                           L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n661\n\n"
-                           L"the list of windows is gone:\nhwndListView = " +
-                               pointer(list) + L"\nline of error handler:834"};
+                           compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 661, 834},
+                                        L"the list of windows is gone:\nhwndListView = " + pointer(list))};
     };
     const STR_ENUM_WNDS_DATA kept = scan_record;
     const BoxWatcher boxes;
@@ -163,10 +160,10 @@ TEST_F(ModifyCell, AppliesNothingWhenASecondOneTookItsEditsAndClosed)
     for (int id = 0; id < 4; ++id)
         enter(id, L"88");
     const std::wstring text_shown =
-        L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n681\n\n"
-        L"the edit boxes went with another window Modify Cell:\nhEdit = " +
-        pointer(edits[0]) + L", hEdit_Ypos = " + pointer(edits[1]) + L", hEdit_Width = " + pointer(edits[2]) +
-        L", hEdit_Height = " + pointer(edits[3]) + L"\nline of error handler:867";
+        compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 681, 867},
+                     L"the edit boxes went with another window Modify Cell:\nhEdit = " + pointer(edits[0]) +
+                         L", hEdit_Ypos = " + pointer(edits[1]) + L", hEdit_Width = " + pointer(edits[2]) +
+                         L", hEdit_Height = " + pointer(edits[3]));
     const BoxWatcher boxes;
     EXPECT_EQ(on_Button_OK(dialog, fixture.list().window(), 1, &scan_record), -5);
     press(4);
@@ -190,11 +187,10 @@ TEST_F(ModifyCell, StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter)
             scan_record.pcDynMem_WinHndls = nullptr;
         else
             scan_record.pcDynMem_GeomText = nullptr;
-        const std::wstring text_shown =
-            L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n655\n\n"
-            L"incorrect input parameters:\npcDynMem_WinHndls = " +
-            pointer(scan_record.pcDynMem_WinHndls) + L", pcDynMem_GeomText = " +
-            pointer(scan_record.pcDynMem_GeomText) + L"\nline of error handler:823";
+        const std::wstring text_shown = compact_text(
+            {L"sources/wnd_ModifyCell", L"on_Button_OK", 655, 823},
+            L"incorrect input parameters:\npcDynMem_WinHndls = " + pointer(scan_record.pcDynMem_WinHndls) +
+                L", pcDynMem_GeomText = " + pointer(scan_record.pcDynMem_GeomText));
         const BoxWatcher boxes;
         EXPECT_EQ(on_Button_OK(dialog, fixture.list().window(), 0, &scan_record), -2);
         press(4);

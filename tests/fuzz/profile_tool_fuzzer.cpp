@@ -64,7 +64,7 @@ void take(ByteView file)
 {
     const Surroundings surroundings = one_place();
     for (const Warning& warning : warnings_of(file, surroundings))
-        require(!warning.offset || *warning.offset <= file.size(), "a warning is about the file");
+        require(warning.offset <= file.size(), "a warning is about the file");
     require(!table_of_profile("file", file).empty(), "a file is shown");
     require(!json_summary_of_profile("file", file).empty(), "a file is shown as JSON");
 

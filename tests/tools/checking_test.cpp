@@ -42,8 +42,7 @@ Texts texts_of(const std::vector<Warning>& warnings)
         for (const std::uint32_t entry : warning.entries)
             text += std::to_string(entry) + " ";
         text += warning.field;
-        if (warning.offset)
-            text += " " + std::to_string(*warning.offset);
+        text += " " + std::to_string(warning.offset);
         texts.push_back(text + ": " + warning.what);
     }
     return texts;
@@ -171,7 +170,7 @@ TEST(ProfileCheck, WarnsOfEntriesThatShareAWindow)
                                  .add_folder(1, 2, 3, 4, u"C:\\b.exe")
                                  .add_folder(1, 2, 3, 4, u"c:\\F")
                                  .name(u"n")),
-              (Texts{"0 3 path: are one program", "1 5 path: are one folder"}));
+              (Texts{"0 3 path 130: are one program", "1 5 path 152: are one folder"}));
 }
 
 TEST(ProfileCheck, WarnsOfRectanglesAndKinds)
@@ -229,7 +228,7 @@ TEST(ProfileCheck, HoldsEntriesAgainstTheComputer)
                        here),
         (Texts{"4 kind flag 8: neither 1, a program, nor 0, a folder", "3 4 path 176: empty",
                "1 2 path 148: leads to nothing on this computer",
-               "1 2 4 rectangle 14: touches no monitor of this computer", "0 5 path: are one program"}));
+               "1 2 4 rectangle 14: touches no monitor of this computer", "0 5 path 130: are one program"}));
 }
 
 TEST(ProfileCheck, WarnsOfAFileThatTheProgramCannotKeep)

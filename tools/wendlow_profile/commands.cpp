@@ -110,9 +110,7 @@ std::string text_of(const Warning& warning)
     std::string out = "  warning: ";
     if (!warning.entries.empty())
         out += entries_text(warning.entries) + ", ";
-    out += warning.field;
-    if (warning.offset)
-        out += ", offset " + std::to_string(*warning.offset);
+    out += warning.field + ", offset " + std::to_string(warning.offset);
     return out + ": " + warning.what + "\n    " + warning.advice + "\n";
 }
 

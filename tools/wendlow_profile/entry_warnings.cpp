@@ -83,6 +83,13 @@ struct Gathered {
     std::uint64_t first_offset = 0;
 };
 
+void gather(const profile_file::Entry& entry, std::uint64_t offset, Gathered* gathered)
+{
+    if (gathered->entries.empty())
+        gathered->first_offset = offset;
+    gathered->entries.push_back(entry.index);
+}
+
 bool ends_in_explorer(std::u16string_view path)
 {
     constexpr std::u16string_view kExplorer = u"EXPLORER.EXE";
@@ -124,7 +131,7 @@ private:
     std::uint64_t n_;
     const Surroundings& surroundings_;
     std::map<Trait, Gathered> traits_;
-    std::array<std::unordered_map<std::u16string, std::vector<std::uint32_t>>, 2> same_;
+    std::array<std::unordered_map<std::u16string, Gathered>, 2> same_;
 };
 
 void EntryWatch::look_at(const profile_file::Entry& entry)
@@ -136,7 +143,8 @@ void EntryWatch::look_at(const profile_file::Entry& entry)
     if (!is_known)
         note(Trait::OTHER_KIND, entry, profile_file::offset_of_flags() + entry.index);
     if (is_known && !path.empty())
-        same_[entry.kind][without_case(path)].push_back(entry.index);
+        gather(entry, static_cast<std::uint64_t>(entry.path - file_.data()),
+               &same_[entry.kind][without_case(path)]);
 }
 
 void EntryWatch::look_at_path(const profile_file::Entry& entry, const std::u16string& path)
@@ -179,10 +187,7 @@ void EntryWatch::look_at_rectangle(const profile_file::Entry& entry)
 
 void EntryWatch::note(Trait trait, const profile_file::Entry& entry, std::uint64_t offset)
 {
-    Gathered& gathered = traits_[trait];
-    if (gathered.entries.empty())
-        gathered.first_offset = offset;
-    gathered.entries.push_back(entry.index);
+    gather(entry, offset, &traits_[trait]);
 }
 
 std::uint64_t EntryWatch::offset_in(profile_file::Array array, const profile_file::Entry& entry) const
@@ -207,9 +212,9 @@ void EntryWatch::append_same(std::uint8_t kind, const char* what, const char* ad
                              std::vector<Warning>* all) const
 {
     const std::size_t first = all->size();
-    for (const auto& [path, entries] : same_[kind]) {
-        if (entries.size() > 1)
-            all->push_back({entries, "path", std::nullopt, what, advice});
+    for (const auto& [path, gathered] : same_[kind]) {
+        if (gathered.entries.size() > 1)
+            all->push_back({gathered.entries, "path", gathered.first_offset, what, advice});
     }
     std::sort(all->begin() + static_cast<std::ptrdiff_t>(first), all->end(),
               [](const Warning& a, const Warning& b) { return a.entries.front() < b.entries.front(); });

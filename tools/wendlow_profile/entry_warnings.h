@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,7 +15,7 @@ namespace profile_tool
 struct Warning {
     std::vector<std::uint32_t> entries; // those it is about; none when it is about the whole file
     std::string field;
-    std::optional<std::uint64_t> offset; // of the first entry's field, in bytes
+    std::uint64_t offset; // of the first entry's field, in bytes
     std::string what;
     std::string advice;
 };

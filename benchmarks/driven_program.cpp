@@ -72,7 +72,7 @@ Side bare_window_with_libraries()
 {
     Side side = bare_window();
     side.name = "libraries";
-    side.arguments = L"comdlg32.dll ole32.dll oleaut32.dll shcore.dll shell32.dll";
+    side.arguments = L"ole32.dll shcore.dll shell32.dll";
     return side;
 }
 

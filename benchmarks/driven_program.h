@@ -22,7 +22,8 @@ struct Side {
 Side wendlow();
 // Its commands as bare system calls.
 Side bare_calls();
-// The window and its controls alone; and with the libraries that the program names, loaded and not used.
+// The window and its controls alone; and with the libraries that the program has from its start, loaded and
+// not used.
 Side bare_window();
 Side bare_window_with_libraries();
 

@@ -132,7 +132,7 @@ def table(headings, rows):
     return "\n".join(lines + ["| " + " | ".join(row) + " |" for row in rows])
 
 
-def table_of_times(rows, side):
+def table_of_times(rows, side, heading):
     """Wendlow beside one other side."""
     cells = []
     for row in rows:
@@ -143,7 +143,7 @@ def table_of_times(rows, side):
                 with_spread(row["sides"][side], shown),
                 with_spread(row["ratios"][side], "{:.2f}".format),
             ])
-    return table(["work", "Wendlow", "bare calls", "ratio"], cells)
+    return table(["work", "Wendlow", heading, "ratio"], cells)
 
 
 def table_of_calls(rows, measure):
@@ -165,9 +165,9 @@ def tables_of(results):
         f"{machine['processor']}, {machine['cores']} cores, {machine['memory_gib']} GiB; {machine['system']},"
         f" {machine['kernel']},\n{machine['wine']}; compiled with {machine['compiler']}.",
         f"Medians of {min(repetitions)} to {max(repetitions)} repetitions, quartiles in brackets.",
-        table_of_times(results["measures"], "bare"),
-        "Beside the bare window with the libraries that the program names, loaded and not used:",
-        table_of_times(results["measures"], "libraries"),
+        table_of_times(results["measures"], "bare", "bare calls"),
+        "Beside the bare window with the libraries that Wendlow has from its start, loaded and not used:",
+        table_of_times(results["measures"], "libraries", "bare window with libraries"),
         table_of_calls(results["calls"], "scan"),
         table_of_calls(results["calls"], "load"),
     ]) + "\n"
@@ -179,6 +179,7 @@ set output "{folder}/scan.svg"
 set xlabel "windows"
 set ylabel "milliseconds"
 set xrange [0:*]
+set offsets graph 0, graph 0.04, 0, 0
 set yrange [0:*]
 set grid
 set key top left
@@ -196,10 +197,22 @@ def plot(rows, folder):
     subprocess.run(["gnuplot"], input=PLOT.format(folder=folder), text=True, check=True)
 
 
+def as_json(results):
+    """A measure, or a counted function, to a line."""
+    parts = []
+    for name, part in results.items():
+        if isinstance(part, list):
+            rows = ",\n".join("  " + json.dumps(row) for row in part)
+            parts.append(f' "{name}": [\n{rows}\n ]')
+        else:
+            parts.append(f' "{name}": {json.dumps(part)}')
+    return "{\n" + ",\n".join(parts) + "\n}\n"
+
+
 def report(samples_file, folder):
     samples, calls = read_samples(samples_file.read_text("utf-8").splitlines())
     results = {"machine": describe_machine(), "measures": summarise(samples), "calls": summarise_calls(calls)}
-    (folder / "results.json").write_text(json.dumps(results, indent=1) + "\n", "utf-8")
+    (folder / "results.json").write_text(as_json(results), "utf-8")
     tables = tables_of(results)
     (folder / "tables.md").write_text(tables, "utf-8")
     plot(results["measures"], folder)

@@ -26,9 +26,9 @@ struct Plan {
 std::vector<Plan> plans()
 {
     return {{.name = "full",
-             .starts = 30,
-             .scans = {{50, 40}, {200, 40}, {500, 30}, {2000, 16}},
-             .loads = {{5, 16}, {20, 8}},
+             .starts = 40,
+             .scans = {{50, 40}, {200, 40}, {500, 30}, {1000, 20}, {2000, 20}},
+             .loads = {{5, 20}, {20, 12}},
              .apply = {20, 30},
              .stores = {{200, 60}, {5000, 60}}},
             {.name = "quick",

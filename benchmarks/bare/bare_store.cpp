@@ -4,6 +4,8 @@
 
 #include <string.h>
 
+#include <cstddef>
+
 namespace bare
 {
 

@@ -32,10 +32,11 @@ Names libraries(const wchar_t* names)
 
 // What programs were seen to load from beside themselves, and what a file dialog and the shell bring in.
 const Names kUsualNames = libraries(
-    L"apphelp bcrypt comctl32 coremessaging coreuicomponents cryptbase cryptsp cscapi dbghelp dwmapi edputil "
-    L"explorerframe iertutil iphlpapi linkinfo mpr netapi32 netutils ntmarta ntshrui oleacc powrprof profapi "
-    L"propsys riched20 samcli secur32 shfolder srvcli sspicli textinputframework textshaping thumbcache "
-    L"twinapi urlmon userenv windows.storage windowscodecs wininet winmm wintypes wtsapi32");
+    L"apphelp bcrypt comctl32 comdlg32 coremessaging coreuicomponents cryptbase cryptsp cscapi dbghelp "
+    L"dwmapi edputil explorerframe iertutil iphlpapi linkinfo mpr netapi32 netutils ntmarta ntshrui oleacc "
+    L"oleaut32 powrprof profapi propsys riched20 samcli secur32 shfolder srvcli sspicli textinputframework "
+    L"textshaping thumbcache twinapi urlmon userenv windows.storage windowscodecs wininet winmm wintypes "
+    L"wtsapi32");
 
 // Wine's own libraries need these from the start, or take them from beside the program whatever it has asked
 // for; Windows' look for them as the program says, or are known libraries, whose needs are known libraries

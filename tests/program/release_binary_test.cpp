@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <psapi.h>
+
 #include <cstring>
 #include <set>
 #include <string>
 
+#include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/text.h"
 #include "tests/support/wendlow_process.h"
@@ -152,6 +155,36 @@ TEST(ReleaseBinary, NeedsNothingThatWindowsLooksForBesideTheProgram)
         for (const std::string& module : Image(path).imported_modules())
             EXPECT_TRUE(taken_from_windows.count(module)) << module << " of " << printable(program);
     }
+}
+
+std::set<std::string> loaded_modules(HANDLE process)
+{
+    HMODULE modules[1024] = {};
+    DWORD bytes = 0;
+    if (!K32EnumProcessModules(process, modules, sizeof(modules), &bytes))
+        throw Failure("the program's modules cannot be listed");
+    std::set<std::string> names;
+    for (std::size_t i = 0; i < bytes / sizeof(HMODULE); ++i) {
+        char name[MAX_PATH]{};
+        K32GetModuleBaseNameA(process, modules[i], name, MAX_PATH);
+        CharLowerA(name);
+        names.insert(name);
+    }
+    return names;
+}
+
+// The memory of these, and of what they bring with them, is not taken while the program waits for its user.
+TEST(ReleaseBinary, LoadsTheLibrariesOfItsFileDialogsAndOfFolderWindowsWhenTheyAreNeeded)
+{
+    for (const char* library : {"comdlg32.dll", "oleaut32.dll"})
+        EXPECT_FALSE(Image().imported_modules().contains(library)) << library;
+
+    const WendlowProcess wendlow;
+    EXPECT_FALSE(loaded_modules(wendlow.process()).contains("comdlg32.dll")) << "at the start";
+    wendlow.press_load_profile();
+    wait_for_file_dialog(wendlow.process_id());
+    EXPECT_TRUE(loaded_modules(wendlow.process()).contains("comdlg32.dll")) << "in the dialog";
+    cancel_file_dialog(wendlow.process_id());
 }
 
 // Its own windows are scaled by the system on monitors of another scale than the primary one's.

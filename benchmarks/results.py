@@ -244,7 +244,7 @@ def check(command):
     for side in ("wendlow", "bare"):
         # A window's process is opened once in each of the two passes.
         if per_window.get("OpenProcess", {}).get(side, {}).get("each") != 2:
-            faults.append(f"the calls of a scan were not counted, {side}")
+            faults.append(f"OpenProcess was not counted twice per window of a scan, {side}")
     for fault in faults:
         print(f"results.py: {fault}", file=sys.stderr)
     if not faults:

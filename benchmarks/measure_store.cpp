@@ -6,7 +6,7 @@
 #include "benchmarks/bare/bare_store.h"
 #include "benchmarks/results.h"
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/wnd_ScanListView/saving/profile_writing.h"
 #include "tests/support/files.h"
 #include "tests/support/waiting.h"

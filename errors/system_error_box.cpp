@@ -1,7 +1,7 @@
 #include "errors/system_error_box.h"
 
 #include "sources/win32/bytes_as_wide.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/win32/wait_cursor.h"
 
 DWORD last_system_error;

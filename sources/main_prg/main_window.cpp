@@ -17,9 +17,9 @@
 #include "sources/main_prg/main_errors.h"
 #include "sources/main_prg/main_notices.h"
 #include "sources/main_prg/main_window_creation.h"
-#include "sources/win32/device_contexts.h"
-#include "sources/win32/memory_block.h"
 #include "sources/win32/own_window.h"
+#include "sources/win32/owners/device_contexts.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/win32/wait_cursor.h"
 
 MainWindow_STR main_window;

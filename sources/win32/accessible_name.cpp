@@ -5,7 +5,7 @@
 
 #include <oleacc.h>
 
-#include "sources/win32/com_ptr.h"
+#include "sources/win32/owners/com_ptr.h"
 
 namespace
 {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "sources/win32/last_error.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/last_error.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/win32/real_pixels.h"
 
 namespace

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "sources/win32/last_error.h"
+#include "sources/win32/owners/last_error.h"
 
 namespace
 {

@@ -6,7 +6,7 @@
 #include "sources/funcs_layout_windows/drawing/figures.h"
 #include "sources/win32/accessible_name.h"
 #include "sources/win32/controls.h"
-#include "sources/win32/device_contexts.h"
+#include "sources/win32/owners/device_contexts.h"
 #include "sources/win32/window_classes.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
 #include "sources/wnd_ProfileName/profile_name_layout.h"

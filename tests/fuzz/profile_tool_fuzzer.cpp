@@ -9,9 +9,9 @@
 #include <string_view>
 
 #include "sources/profile_file/profile_file.h"
-#include "tools/wendlow_profile/checking.h"
-#include "tools/wendlow_profile/json_form.h"
-#include "tools/wendlow_profile/parts.h"
+#include "tools/wendlow_profile/contents/checking.h"
+#include "tools/wendlow_profile/contents/json_form.h"
+#include "tools/wendlow_profile/contents/parts.h"
 #include "tools/wendlow_profile/relinking.h"
 #include "tools/wendlow_profile/showing.h"
 #include "tools/wendlow_profile/warnings.h"

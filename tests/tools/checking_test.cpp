@@ -1,4 +1,4 @@
-#include "tools/wendlow_profile/checking.h"
+#include "tools/wendlow_profile/contents/checking.h"
 #include "tools/wendlow_profile/warnings.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include "tools/wendlow_profile/json_form.h"
+#include "tools/wendlow_profile/contents/json_form.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/seed_profiles.h"
-#include "tools/wendlow_profile/checking.h"
+#include "tools/wendlow_profile/contents/checking.h"
 
 namespace
 {

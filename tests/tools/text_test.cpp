@@ -1,4 +1,4 @@
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 #include <gtest/gtest.h>
 

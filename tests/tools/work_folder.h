@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tools/wendlow_profile/command_line.h"
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace tool_tests
 {

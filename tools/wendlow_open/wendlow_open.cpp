@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
-#include "tools/wendlow_profile/opening.h"
-#include "tools/wendlow_profile/system_libraries.h"
+#include "tools/wendlow_profile/system/opening.h"
+#include "tools/wendlow_profile/system/system_libraries.h"
 
 namespace
 {

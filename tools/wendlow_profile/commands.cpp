@@ -5,9 +5,9 @@
 #include <cstddef>
 #include <unordered_set>
 
-#include "tools/wendlow_profile/checking.h"
-#include "tools/wendlow_profile/json_form.h"
-#include "tools/wendlow_profile/parts.h"
+#include "tools/wendlow_profile/contents/checking.h"
+#include "tools/wendlow_profile/contents/json_form.h"
+#include "tools/wendlow_profile/contents/parts.h"
 #include "tools/wendlow_profile/relinking.h"
 #include "tools/wendlow_profile/showing.h"
 #include "tools/wendlow_profile/warnings.h"

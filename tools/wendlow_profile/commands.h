@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/wendlow_profile/platform.h"
+#include "tools/wendlow_profile/system/platform.h"
 
 namespace profile_tool
 {

@@ -8,8 +8,8 @@
 #include <unordered_map>
 
 #include "sources/profile_file/profile_file.h"
-#include "tools/wendlow_profile/entry_text.h"
-#include "tools/wendlow_profile/parts.h"
+#include "tools/wendlow_profile/contents/entry_text.h"
+#include "tools/wendlow_profile/contents/parts.h"
 
 namespace profile_tool
 {

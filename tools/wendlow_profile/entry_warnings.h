@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/wendlow_profile/platform.h"
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/platform.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace profile_tool
 {

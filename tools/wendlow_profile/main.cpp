@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "tools/wendlow_profile/command_line.h"
-#include "tools/wendlow_profile/platform.h"
+#include "tools/wendlow_profile/system/platform.h"
 
 #ifdef _WIN32
-#include "tools/wendlow_profile/console.h"
-#include "tools/wendlow_profile/system_libraries.h"
+#include "tools/wendlow_profile/system/console.h"
+#include "tools/wendlow_profile/system/system_libraries.h"
 #endif
 
 namespace

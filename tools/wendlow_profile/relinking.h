@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "tools/wendlow_profile/parts.h"
-#include "tools/wendlow_profile/platform.h"
+#include "tools/wendlow_profile/contents/parts.h"
+#include "tools/wendlow_profile/system/platform.h"
 
 namespace profile_tool
 {

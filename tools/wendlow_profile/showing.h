@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace profile_tool
 {

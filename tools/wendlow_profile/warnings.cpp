@@ -4,7 +4,7 @@
 #include <string>
 
 #include "sources/profile_file/profile_file.h"
-#include "tools/wendlow_profile/parts.h"
+#include "tools/wendlow_profile/contents/parts.h"
 
 namespace profile_tool
 {

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "sources/funcs_layout_windows/drawing/drawing_errors.h"
-#include "sources/win32/device_contexts.h"
-#include "sources/win32/gdi_object.h"
+#include "sources/win32/owners/device_contexts.h"
+#include "sources/win32/owners/gdi_object.h"
 
 namespace
 {

@@ -6,8 +6,8 @@
 
 #include "sources/funcs_layout_windows/drawing/drawing_errors.h"
 #include "sources/win32/bytes_as_wide.h"
-#include "sources/win32/device_contexts.h"
-#include "sources/win32/gdi_object.h"
+#include "sources/win32/owners/device_contexts.h"
+#include "sources/win32/owners/gdi_object.h"
 #include "sources/win32/pixel_rect.h"
 
 namespace

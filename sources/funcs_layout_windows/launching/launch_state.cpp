@@ -2,7 +2,7 @@
 
 #include "sources/funcs_layout_windows/launching/launching_errors.h"
 #include "sources/profile_file/profile_file.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 
 namespace
 {

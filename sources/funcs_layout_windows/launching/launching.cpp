@@ -7,8 +7,8 @@
 #include "sources/funcs_layout_windows/launching/launching_errors.h"
 #include "sources/funcs_layout_windows/launching/launching_notices.h"
 #include "sources/profile_file/profile_file.h"
-#include "sources/win32/com_ptr.h"
 #include "sources/win32/foreign_window.h"
+#include "sources/win32/owners/com_ptr.h"
 
 namespace
 {

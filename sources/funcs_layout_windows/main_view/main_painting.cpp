@@ -7,8 +7,8 @@
 #include "sources/funcs_layout_windows/drawing/fonts.h"
 #include "sources/funcs_layout_windows/main_view/main_view_errors.h"
 #include "sources/win32/controls.h"
-#include "sources/win32/device_contexts.h"
-#include "sources/win32/gdi_object.h"
+#include "sources/win32/owners/device_contexts.h"
+#include "sources/win32/owners/gdi_object.h"
 
 namespace
 {

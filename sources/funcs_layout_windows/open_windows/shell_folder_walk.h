@@ -7,7 +7,7 @@
 
 #include <string_view>
 
-#include "sources/win32/com_ptr.h"
+#include "sources/win32/owners/com_ptr.h"
 
 // Called for each folder window that shows a file-system folder, with its window and the folder's path (at
 // most 259 units, zero-terminated, valid during the call). False ends the walk.

@@ -7,7 +7,7 @@
 
 #include "sources/funcs_layout_windows/open_windows/window_filter.h"
 #include "sources/win32/foreign_window.h"
-#include "sources/win32/kernel_handle.h"
+#include "sources/win32/owners/kernel_handle.h"
 
 namespace
 {

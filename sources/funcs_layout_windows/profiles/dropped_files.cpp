@@ -7,7 +7,7 @@
 
 #include "sources/funcs_layout_windows/profiles/profile_loading.h"
 #include "sources/funcs_layout_windows/profiles/profiles_errors.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 
 namespace
 {

@@ -4,7 +4,7 @@
 
 #include "sources/funcs_layout_windows/profiles/profiles_errors.h"
 #include "sources/profile_file/profile_file.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 
 namespace
 {

@@ -8,8 +8,8 @@
 #include "sources/funcs_layout_windows/launching/launching.h"
 #include "sources/funcs_layout_windows/profiles/profiles_errors.h"
 #include "sources/profile_file/profile_file.h"
-#include "sources/win32/com_ptr.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/com_ptr.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/win32/wait_cursor.h"
 
 namespace

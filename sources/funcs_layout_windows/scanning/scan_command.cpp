@@ -10,8 +10,8 @@
 #include "sources/funcs_layout_windows/scanning/scanning_errors.h"
 #include "sources/funcs_layout_windows/scanning/scanning_notices.h"
 #include "sources/funcs_layout_windows/scanning/window_enumeration.h"
-#include "sources/win32/memory_block.h"
 #include "sources/win32/own_window.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/win32/pixel_rect.h"
 #include "sources/win32/wait_cursor.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 
 STR_ENUM_WNDS_DATA scan_record;
 

@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "sources/profile_file/profile_file.h"
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 #include "sources/wnd_ScanListView/saving/saving_errors.h"
 
 namespace

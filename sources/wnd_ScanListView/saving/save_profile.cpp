@@ -4,8 +4,8 @@
 
 #include <commdlg.h>
 
-#include "sources/win32/com_ptr.h"
 #include "sources/win32/own_window.h"
+#include "sources/win32/owners/com_ptr.h"
 #include "sources/wnd_ScanListView/saving/saving_errors.h"
 #include "sources/wnd_ScanListView/saving/saving_notices.h"
 

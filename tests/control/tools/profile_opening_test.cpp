@@ -10,8 +10,8 @@
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/support/hostile_files.h"
 #include "tests/support/text.h"
-#include "tools/wendlow_profile/checking.h"
-#include "tools/wendlow_profile/opening.h"
+#include "tools/wendlow_profile/contents/checking.h"
+#include "tools/wendlow_profile/system/opening.h"
 
 namespace
 {

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/wendlow_profile/bytes.h"
+#include "tools/wendlow_profile/system/bytes.h"
 
 namespace profile_tool
 {

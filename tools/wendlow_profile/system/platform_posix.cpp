@@ -1,5 +1,5 @@
 // The system's part on everything but Windows.
-#include "tools/wendlow_profile/platform.h"
+#include "tools/wendlow_profile/system/platform.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,7 +16,7 @@
 
 #include <locale.h>
 
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace profile_tool::platform
 {

@@ -1,10 +1,10 @@
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 
-#include "tools/wendlow_profile/platform.h"
+#include "tools/wendlow_profile/system/platform.h"
 
 namespace profile_tool
 {

@@ -1,4 +1,4 @@
-#include "tools/wendlow_profile/json_form.h"
+#include "tools/wendlow_profile/contents/json_form.h"
 
 #include <algorithm>
 #include <array>
@@ -11,8 +11,8 @@
 #include <nlohmann/json.hpp>
 
 #include "sources/profile_file/profile_file.h"
-#include "tools/wendlow_profile/checking.h"
-#include "tools/wendlow_profile/parts.h"
+#include "tools/wendlow_profile/contents/checking.h"
+#include "tools/wendlow_profile/contents/parts.h"
 
 namespace profile_tool
 {

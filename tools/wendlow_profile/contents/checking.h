@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace profile_tool
 {

@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "sources/win32/last_error.h"
+#include "sources/win32/owners/last_error.h"
 
 // Closes the handle at the end of the scope. Not for files: their failure is INVALID_HANDLE_VALUE.
 class KernelHandle

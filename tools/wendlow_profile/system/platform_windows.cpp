@@ -1,5 +1,5 @@
 // The system's part on Windows.
-#include "tools/wendlow_profile/platform.h"
+#include "tools/wendlow_profile/system/platform.h"
 
 #include <windows.h>
 
@@ -7,8 +7,8 @@
 #include <set>
 #include <utility>
 
-#include "tools/wendlow_profile/opening.h"
-#include "tools/wendlow_profile/wide_text.h"
+#include "tools/wendlow_profile/system/opening.h"
+#include "tools/wendlow_profile/system/wide_text.h"
 
 namespace profile_tool::platform
 {

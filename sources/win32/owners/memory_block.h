@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-#include "sources/win32/last_error.h"
+#include "sources/win32/owners/last_error.h"
 
 // Commits `size_bytes` bytes, zero-filled, aligned to a page. Null when the system has none (or for 0 bytes).
 // A block that belongs to a record is released where the record is.

@@ -1,12 +1,12 @@
-#include "tools/wendlow_profile/console.h"
+#include "tools/wendlow_profile/system/console.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <string_view>
 
-#include "tools/wendlow_profile/text.h"
-#include "tools/wendlow_profile/wide_text.h"
+#include "tools/wendlow_profile/system/text.h"
+#include "tools/wendlow_profile/system/wide_text.h"
 
 namespace profile_tool
 {

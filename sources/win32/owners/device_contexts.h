@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "sources/win32/last_error.h"
+#include "sources/win32/owners/last_error.h"
 
 // The device context of a window's client area, from GetDC. May be null.
 class WindowDC

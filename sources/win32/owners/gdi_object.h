@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "sources/win32/last_error.h"
+#include "sources/win32/owners/last_error.h"
 
 // Deletes the object at the end of the scope; it must not be selected into a device context any more then.
 template <typename T> class GdiObject

@@ -1,4 +1,4 @@
-#include "sources/win32/kernel_handle.h"
+#include "sources/win32/owners/kernel_handle.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace profile_tool
 {

@@ -1,4 +1,4 @@
-#include "tools/wendlow_profile/parts.h"
+#include "tools/wendlow_profile/contents/parts.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "tools/wendlow_profile/opening.h"
+#include "tools/wendlow_profile/system/opening.h"
 
 #include <shlobj.h>
 

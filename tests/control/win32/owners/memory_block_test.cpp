@@ -1,4 +1,4 @@
-#include "sources/win32/memory_block.h"
+#include "sources/win32/owners/memory_block.h"
 
 #include <gtest/gtest.h>
 

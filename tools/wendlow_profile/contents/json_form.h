@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/wendlow_profile/text.h"
+#include "tools/wendlow_profile/system/text.h"
 
 namespace profile_tool
 {

@@ -17,6 +17,7 @@
 #include "sources/win32/own_window.h"
 #include "sources/win32/owners/device_contexts.h"
 #include "sources/win32/text_in.h"
+#include "sources/win32/wait_cursor.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
 #include "sources/wnd_ModifyCell/modify_cell_layout.h"
 #include "sources/wnd_ModifyCell/modify_cell_rules.h"
@@ -354,6 +355,10 @@ LRESULT CALLBACK WndProc_ModifyCell(HWND hwnd, UINT message, WPARAM wParam, LPAR
     case WM_COMMAND:
         on_WM_COMMAND(hwnd, wParam, state);
         return 0;
+    case WM_SETCURSOR:
+        if (keep_wait_cursor(LOWORD(lParam)))
+            return TRUE;
+        return DefWindowProcW(hwnd, message, wParam, lParam);
     case WM_NOTIFY:
         return 0;
     case WM_DESTROY:

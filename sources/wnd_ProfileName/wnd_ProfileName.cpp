@@ -7,6 +7,7 @@
 #include "sources/win32/accessible_name.h"
 #include "sources/win32/controls.h"
 #include "sources/win32/owners/device_contexts.h"
+#include "sources/win32/wait_cursor.h"
 #include "sources/win32/window_classes.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
 #include "sources/wnd_ProfileName/profile_name_layout.h"
@@ -162,6 +163,10 @@ LRESULT CALLBACK WndProc_wnd_ProfileName(HWND hwnd, UINT message, WPARAM wParam,
     case WM_COMMAND:
         on_WM_COMMAND(hwnd, wParam, state);
         return 0;
+    case WM_SETCURSOR:
+        if (keep_wait_cursor(LOWORD(lParam)))
+            return TRUE;
+        return DefWindowProcW(hwnd, message, wParam, lParam);
     case WM_NOTIFY:
         return 0;
     default:

@@ -11,6 +11,7 @@
 #include "sources/win32/controls.h"
 #include "sources/win32/own_window.h"
 #include "sources/win32/owners/device_contexts.h"
+#include "sources/win32/wait_cursor.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/list_view.h"
@@ -288,6 +289,10 @@ LRESULT CALLBACK WndProc_ScanListView(HWND hwnd, UINT message, WPARAM wParam, LP
     case WM_COPYDATA:
         return on_WM_COPYDATA(hwnd, reinterpret_cast<HWND>(wParam),
                               reinterpret_cast<const COPYDATASTRUCT*>(lParam), state);
+    case WM_SETCURSOR:
+        if (keep_wait_cursor(LOWORD(lParam)))
+            return TRUE;
+        break;
     case WM_DESTROY:
         on_WM_DESTROY(hwnd, state);
         break;

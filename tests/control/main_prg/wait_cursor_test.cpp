@@ -4,6 +4,7 @@
 
 #include <commdlg.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,8 @@
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/control/wnd_ProfileName/profile_name_fixture.h"
 #include "tests/support/box_watcher.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/profile_encoder.h"
@@ -36,6 +39,14 @@ std::string shown_cursor()
            : cursor == LoadCursorW(nullptr, IDC_ARROW) ? "arrow"
            : cursor == LoadCursorW(nullptr, IDC_CROSS) ? "before"
                                                        : "another";
+}
+
+// The cursor after the mouse was moved over a part of a window.
+std::string cursor_over(HWND below, WORD hit)
+{
+    SetCursor(LoadCursorW(nullptr, IDC_CROSS));
+    SendMessageW(below, WM_SETCURSOR, reinterpret_cast<WPARAM>(below), MAKELPARAM(hit, WM_MOUSEMOVE));
+    return shown_cursor();
 }
 
 // Message boxes that are answered at once, each with the cursor below it. The cursor before the work is one
@@ -156,14 +167,9 @@ TEST(WaitCursor, StaysOverTheMainWindowAndItsControlsUntilTheWorkIsDone)
     const MainWindow main;
     const TestWindow window(L"window");
     Desktop desktop({window});
-    const auto move_mouse = [&](HWND below, WORD hit) {
-        SetCursor(LoadCursorW(nullptr, IDC_CROSS));
-        SendMessageW(below, WM_SETCURSOR, reinterpret_cast<WPARAM>(below), MAKELPARAM(hit, WM_MOUSEMOVE));
-        return shown_cursor();
-    };
     const auto move_all_ways = [&] {
-        return Names{move_mouse(main.window, HTCLIENT), move_mouse(main.control(1), HTCLIENT),
-                     move_mouse(main.window, HTLEFT)};
+        return Names{cursor_over(main.window, HTCLIENT), cursor_over(main.control(1), HTCLIENT),
+                     cursor_over(main.window, HTLEFT)};
     };
     const Names usual = move_all_ways();
     Names seen;
@@ -178,5 +184,41 @@ TEST(WaitCursor, StaysOverTheMainWindowAndItsControlsUntilTheWorkIsDone)
     EXPECT_EQ(seen, (Names{"wait", "wait", usual[2]}));
     EXPECT_NE(usual[2], "wait");
     EXPECT_EQ(at_box, usual);
+    EXPECT_EQ(move_all_ways(), usual);
+}
+
+namespace
+{
+
+struct WaitCursorOverOpenWindows : modify_cell_tests::ModifyCell {
+};
+
+} // namespace
+
+// A profile may be loaded while the windows of a scan are open.
+TEST_F(WaitCursorOverOpenWindows, StaysUntilALoadIsDone)
+{
+    open(0);
+    const profile_tests::NameWindow name(hwnd_ScanListView);
+    const HWND list = fixture.list().window();
+    const auto move_all_ways = [&] {
+        Names seen;
+        for (const HWND below : {GetParent(list), list, dialog, control(0), HWND{name}, name.edit()})
+            seen.push_back(cursor_over(below, HTCLIENT));
+        return seen;
+    };
+    const Names usual = move_all_ways();
+    ProfileFixture profiles;
+    const RecordedSleeps no_pauses;
+    Names starting;
+    const ImportHook<"CreateProcessW", decltype(CreateProcessW)> start("kernel32.dll", [&](auto...) {
+        starting = move_all_ways();
+        return FALSE;
+    });
+    const CursorsAtBoxes boxes;
+    EXPECT_EQ(profiles.load(ProfileEncoder().add_program(1, 2, 300, 200, u"C:\\gone.exe").name(u"P").bytes()),
+              1);
+    EXPECT_EQ(starting, Names(6, "wait"));
+    EXPECT_EQ(std::count(usual.begin(), usual.end(), "wait"), 0);
     EXPECT_EQ(move_all_ways(), usual);
 }

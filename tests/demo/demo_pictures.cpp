@@ -30,7 +30,7 @@ namespace
 const std::wstring kFolder = L"C:\\Work";
 const std::wstring kLetters = kFolder + L"\\Letters";
 const std::wstring kOfficeProfile = kFolder + L"\\Office.txt";
-const std::wstring kNoProfile = kLetters + L"\\to Anna.txt";
+const std::wstring kNoProfile = kLetters + L"\\to a friend.txt";
 
 std::vector<DesktopWindow> windows_of_guide()
 {
@@ -75,7 +75,7 @@ void make_folders()
 {
     CreateDirectoryW(kFolder.c_str(), nullptr);
     CreateDirectoryW(kLetters.c_str(), nullptr);
-    for (const wchar_t* name : {L"to Anna.txt", L"to the bank.txt", L"to the landlord.txt"})
+    for (const wchar_t* name : {L"to a friend.txt", L"to the bank.txt", L"to the landlord.txt"})
         write_dated_file(kLetters + L"\\" + name, {'D', 'e', 'a', 'r', ' ', 'A', 'n', 'n', 'a', ','});
     // The file dialogs begin here, and show nothing of where the program was built.
     SetCurrentDirectoryW(kFolder.c_str());

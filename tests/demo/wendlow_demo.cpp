@@ -69,7 +69,7 @@ void make_letters()
         throw Failure("C:\\wendlow-demo is left from an earlier demo");
     CreateDirectoryW(kDemoFolder.c_str(), nullptr);
     CreateDirectoryW(kLettersFolder.c_str(), nullptr);
-    for (const wchar_t* name : {L"to Anna.txt", L"to the bank.txt", L"to the landlord.txt"})
+    for (const wchar_t* name : {L"to a friend.txt", L"to the bank.txt", L"to the landlord.txt"})
         write_file(kLettersFolder + L"\\" + name, {});
 }
 

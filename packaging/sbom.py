@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Says what is linked into the programs of a release, as SPDX 2.3 JSON:
     sbom.py VERSION SECONDS PROGRAM...
-SECONDS is the time of the release since 1970. The versions
-of the libraries are those of the Debian packages that hold them."""
+SECONDS is the time of the release since 1970. The versions of the libraries are those of the Debian packages
+that hold them."""
 import datetime
 import hashlib
 import json
@@ -29,9 +29,9 @@ def identifier(text):
     return "SPDXRef-" + re.sub(r"[^A-Za-z0-9.]+", "-", text)
 
 
-def sha256(path):
+def digest(algorithm, path):
     with open(path, "rb") as file:
-        return hashlib.sha256(file.read()).hexdigest()
+        return hashlib.new(algorithm, file.read()).hexdigest()
 
 
 def package(name, version, licence):
@@ -50,14 +50,21 @@ def main(version, seconds, *programs):
     for debian, name, licence, users in LINKED:
         packages.append(package(name, version_of(debian), licence))
         relationships += [(identifier(user), "STATIC_LINK", identifier(name)) for user in users or names]
+    # SPDX wants SHA-1 beside what is to be trusted, and a package that contains files their sum.
     files = [{"SPDXID": identifier(name), "fileName": "./" + name,
-              "checksums": [{"algorithm": "SHA256", "checksumValue": sha256(program)}],
+              "checksums": [{"algorithm": algorithm, "checksumValue": digest(algorithm, program)}
+                            for algorithm in ("SHA1", "SHA256")],
               "licenseConcluded": "NOASSERTION", "copyrightText": "NOASSERTION"}
              for name, program in zip(names, programs)]
-    digest = hashlib.sha256("".join(file["checksums"][0]["checksumValue"] for file in files).encode()).hexdigest()
+    sums = sorted(file["checksums"][0]["checksumValue"] for file in files)
+    packages[0]["filesAnalyzed"] = True
+    packages[0]["packageVerificationCode"] = {
+        "packageVerificationCodeValue": hashlib.sha1("".join(sums).encode()).hexdigest()}
+    # Another name for each other document.
+    contents = hashlib.sha256("".join(digest("SHA256", program) for program in programs).encode()).hexdigest()
     json.dump({
         "spdxVersion": "SPDX-2.3", "dataLicense": "CC0-1.0", "SPDXID": "SPDXRef-DOCUMENT",
-        "name": f"wendlow-{version}", "documentNamespace": f"urn:wendlow:{version}:{digest}",
+        "name": f"wendlow-{version}", "documentNamespace": f"urn:wendlow:{version}:{contents}",
         "creationInfo": {"created": made, "creators": ["Organization: The Wendlow project"]},
         "packages": packages, "files": files,
         "relationships": [{"spdxElementId": a, "relationshipType": kind, "relatedSpdxElement": b}

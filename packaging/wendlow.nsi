@@ -1,4 +1,4 @@
-; The installer for one user, without administrator rights. scripts/release gives it
+; The installer for one user, without administrator rights. packaging/make-installer gives it
 ;     VERSION       1.2.3
 ;     FILES         the folder that holds what is installed
 ;     LISTS         the folder of install.nsh and remove.nsh, which name every file of FILES
@@ -7,6 +7,7 @@
 ;
 ; Silent:    wendlow-VERSION-setup.exe /S [/DESKTOP] [/FILETYPE=EXTENSION] [/D=FOLDER]
 ;            uninstall.exe /S
+; What an earlier installation had is chosen again, and the rest of it goes.
 ; Exit codes: 0 fine, 1 cancelled, 2 failed, 3 Wendlow is running, 4 no extension of a file.
 
 Unicode true
@@ -25,7 +26,7 @@ SetCompressor /SOLID lzma
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Wendlow"
 !define CLASSES "Software\Classes"
 !define PROFILE_CLASS "Wendlow.Profile"
-; The class of Wendlow's main window.
+; The class of Wendlow's main window, as in main_prg/main_window.h.
 !define MAIN_WINDOW_CLASS "prg_wnds_layout"
 
 Name "Wendlow"
@@ -43,8 +44,8 @@ VIAddVersionKey ProductVersion "${VERSION}.0"
 VIAddVersionKey LegalCopyright ""
 
 !ifdef SIGN
-    !uninstfinalize '${SIGN} "%1"'
-    !finalize '${SIGN} "%1"'
+    !uninstfinalize '${SIGN} "%1"' = 0
+    !finalize '${SIGN} "%1"' = 0
 !endif
 
 !define MUI_ICON "${FILES}\..\wendlow.ico"
@@ -98,12 +99,31 @@ FunctionEnd
     DeleteRegKey HKCU "${CLASSES}\${PROFILE_CLASS}"
 !macroend
 
+; Removes what stands where the last installation put it: its folder may be another one, and its files others.
+Function remove_earlier_installation
+    ReadRegStr $R1 HKCU "${UNINSTALL_KEY}" InstallLocation
+    ${If} $R1 == ""
+    ${OrIfNot} ${FileExists} "$R1\uninstall.exe"
+        Return
+    ${EndIf}
+    ExecWait '"$R1\uninstall.exe" /S _?=$R1' ; started so it can be waited for, and leaves itself
+    Delete "$R1\uninstall.exe"
+    RMDir "$R1"
+FunctionEnd
+
 Section "Wendlow" section_program
     SectionIn RO
     Call want_wendlow_closed
     SetShellVarContext current
+    Call remove_earlier_installation
+    ClearErrors
     !include "${LISTS}/install.nsh"
     WriteUninstaller "$INSTDIR\uninstall.exe"
+    ${If} ${Errors}
+        MessageBox MB_ICONSTOP "Not every file could be written. Install again once nothing uses them." /SD IDOK
+        SetErrorLevel 2
+        Abort
+    ${EndIf}
     SetOutPath "$INSTDIR"
     CreateShortcut "$SMPROGRAMS\Wendlow.lnk" "$INSTDIR\wendlow.exe"
 
@@ -125,7 +145,7 @@ Section /o "Shortcut on the desktop" section_desktop
 SectionEnd
 
 Section /o "$\"Open with$\" entry for a type of file" section_file_type
-    ; An earlier installation may have taken another one.
+    ; An earlier installation that could not be removed may have taken another one.
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" FileType
     !insertmacro REMOVE_FILE_TYPE
     WriteRegStr HKCU "${CLASSES}\${PROFILE_CLASS}" "" "Wendlow profile"
@@ -178,6 +198,16 @@ FunctionEnd
 Function .onInit
     SetShellVarContext current
     StrCpy $file_type "txt" ; what Wendlow proposes when it saves a profile
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" FileType
+    ${If} $0 != ""
+        StrCpy $file_type $0
+        !insertmacro SelectSection ${section_file_type}
+    ${EndIf}
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
+    ${If} $0 != ""
+    ${AndIf} ${FileExists} "$DESKTOP\Wendlow.lnk"
+        !insertmacro SelectSection ${section_desktop}
+    ${EndIf}
     ${GetParameters} $R0
     ClearErrors
     ${GetOptions} $R0 "/DESKTOP" $0

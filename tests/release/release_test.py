@@ -11,6 +11,7 @@ import subprocess
 import tempfile
 import time
 import unittest
+import unittest.mock
 import zipfile
 
 import pefile
@@ -93,13 +94,14 @@ def files_of_prefix():
 
 
 def registry_of_user():
-    """The keys and values of the current user, each value behind its key."""
+    """The keys and values of the current user but for Wine's own, each value behind its key."""
     exported = DRIVE / "exported.reg"
     wine("reg.exe", "export", "HKCU", windows_path(exported), "/y")
     key, lines = "", set()
     for line in exported.read_text(encoding="utf-16").splitlines():
         key = line if line.startswith("[") else key
-        lines.add(f"{key} {line}")
+        if not key.startswith(r"[HKEY_CURRENT_USER\Software\Wine"):
+            lines.add(f"{key} {line}")
     exported.unlink()
     return lines
 
@@ -113,6 +115,17 @@ def unzipped(folder):
     with zipfile.ZipFile(RELEASE / f"{NAME}.zip") as archive:
         archive.extractall(folder)
     return folder / "wendlow"
+
+
+def made_installer(folder, version, change=lambda files: None, sign=""):
+    """Exit code and installer of a release of another version, with changed files."""
+    files = unzipped(folder / version)
+    change(files)
+    shutil.copy(ROOT / "resources" / "icons" / "wendlow.ico", files.parent)
+    setup = folder / f"wendlow-{version}-setup.exe"
+    code, _ = run("env", "-C", folder, f"WENDLOW_SIGN={sign}", ROOT / "packaging" / "make-installer", version, files,
+                  setup)
+    return code, setup
 
 
 class Sums(unittest.TestCase):
@@ -205,6 +218,7 @@ class Installer(unittest.TestCase):
     """Installed anew for each test, into a folder that has a blank in its name."""
 
     def setUp(self):
+        wine("reg.exe", "add", r"HKCU\Software\Classes", "/f") # Every user of Windows has it.
         self.before = files_of_prefix(), registry_of_user()
         self.folder = DRIVE / "My Programs" / "Wendlow"
         self.addCleanup(self.remove_all)
@@ -215,9 +229,9 @@ class Installer(unittest.TestCase):
         if self.folder.exists():
             self.remove()
 
-    def install(self, *options):
+    def install(self, *options, setup=RELEASE / f"{NAME}-setup.exe", folder=None):
         # The folder comes last and without quotation marks, so its words are words of their own.
-        return wine(RELEASE / f"{NAME}-setup.exe", "/S", *options, *f"/D={windows_path(self.folder)}".split())[0]
+        return wine(setup, "/S", *options, *f"/D={windows_path(folder or self.folder)}".split())[0]
 
     def remove(self):
         # It goes on as a copy of itself, so that its own file can be removed.
@@ -281,6 +295,40 @@ class Installer(unittest.TestCase):
         self.assertIsNone(registry_value(r"HKCU\Software\Classes\.layout\OpenWithProgids", "Wendlow.Profile"))
         self.assertEqual(registry_value(r"HKCU\Software\Classes\.desk\OpenWithProgids", "Wendlow.Profile"), "")
 
+    def test_newer_version_takes_the_place_of_an_older_one(self):
+        with tempfile.TemporaryDirectory() as folder:
+            code, older = made_installer(pathlib.Path(folder), "0.9.0",
+                                         lambda files: (files / "docs" / "of-old.html").write_text("old"))
+            self.assertEqual(code, 0)
+            self.assertEqual(self.install("/DESKTOP", "/FILETYPE=layout", setup=older), 0)
+        self.assertEqual(registry_value(UNINSTALL_KEY, "DisplayVersion"), "0.9.0")
+        self.assertTrue((self.folder / "docs" / "of-old.html").exists())
+        self.assertEqual(wine(RELEASE / f"{NAME}-setup.exe", "/S")[0], 0)
+        self.assertEqual(registry_value(UNINSTALL_KEY, "DisplayVersion"), VERSION)
+        self.assertTrue((self.folder / "wendlow.exe").exists(), "the folder stays the same")
+        self.assertFalse((self.folder / "docs" / "of-old.html").exists(), "the newer version has no such file")
+        self.assertIsNotNone(self.users_file("Desktop", "Wendlow.lnk"), "what was chosen stays")
+        self.assertEqual(registry_value(r"HKCU\Software\Classes\.layout\OpenWithProgids", "Wendlow.Profile"), "")
+        self.assertEqual(self.remove(), 0)
+        self.assert_nothing_left()
+
+    def test_leaves_nothing_in_the_folder_that_it_leaves(self):
+        first = self.folder.parent / "Before"
+        self.assertEqual(self.install("/FILETYPE=layout", folder=first), 0)
+        self.assertEqual(self.install(), 0)
+        self.assertFalse(first.exists())
+        self.assertEqual(registry_value(r"HKCU\Software\Classes\Wendlow.Profile\shell\open\command", ""),
+                         f'"{windows_path(self.folder)}\\wendlow-open.exe" "%1"')
+        self.assertEqual(self.remove(), 0)
+        self.assert_nothing_left()
+
+    def test_says_when_a_file_cannot_be_written(self):
+        in_the_way = self.folder / "wendlow-open.exe"
+        in_the_way.mkdir(parents=True)
+        self.assertEqual(self.install(), 2)
+        self.assertIsNone(registry_value(UNINSTALL_KEY, "DisplayName"))
+        shutil.rmtree(self.folder)
+
     def test_refuses_what_is_no_extension(self):
         for wrong in (".", "a.b", "a\\b", "a*"):
             with self.subTest(wrong):
@@ -322,27 +370,43 @@ class Installer(unittest.TestCase):
 class Signing(unittest.TestCase):
     """With a certificate that lives as long as the test."""
 
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        (self.folder / "password").write_text("throw-away")
+        key, bundle, password = (self.folder / name for name in ("key", "pfx", "password"))
+        self.certificate = self.folder / "crt"
+        self.assertEqual(run("openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=Throw-away",
+                             "-addext", "extendedKeyUsage=codeSigning", "-keyout", key, "-out", self.certificate)[0], 0)
+        self.assertEqual(run("openssl", "pkcs12", "-export", "-inkey", key, "-in", self.certificate, "-out", bundle,
+                             "-passout", f"file:{password}")[0], 0)
+        # Named as a builder may, from where the release is made.
+        self.brought = {"WENDLOW_CERTIFICATE": "pfx", "WENDLOW_CERTIFICATE_PASSWORD": "password"}
+
+    def is_signed(self, program):
+        return run("osslsigncode", "verify", "-CAfile", self.certificate, "-in", program)[0] == 0
+
     def test_signs_a_program(self):
-        with tempfile.TemporaryDirectory() as folder:
-            folder = pathlib.Path(folder)
-            key, certificate, bundle, password = (folder / name for name in ("key", "crt", "pfx", "password"))
-            password.write_text("throw-away")
-            self.assertEqual(run("openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=Throw-away",
-                                 "-addext", "extendedKeyUsage=codeSigning", "-keyout", key, "-out", certificate)[0], 0)
-            self.assertEqual(run("openssl", "pkcs12", "-export", "-inkey", key, "-in", certificate, "-out", bundle,
-                                 "-passout", f"file:{password}")[0], 0)
-            program = unzipped(folder) / "wendlow.exe"
-            verify = ["osslsigncode", "verify", "-CAfile", certificate, "-in", program]
-            self.assertNotEqual(run(*verify)[0], 0, "not signed yet")
-            code, out = run("env", f"WENDLOW_CERTIFICATE={bundle}", f"WENDLOW_CERTIFICATE_PASSWORD={password}",
-                            ROOT / "scripts" / "sign", program)
-            self.assertEqual(code, 0, out)
-            code, out = run(*verify)
-            self.assertEqual(code, 0, out)
-            changed = bytearray(program.read_bytes())
-            changed[0x1000] ^= 1
-            program.write_bytes(changed)
-            self.assertNotEqual(run(*verify)[0], 0, "changed after it was signed")
+        program = unzipped(self.folder) / "wendlow.exe"
+        self.assertFalse(self.is_signed(program), "not signed yet")
+        code, out = run("env", "-C", self.folder, *(f"{name}={value}" for name, value in self.brought.items()),
+                        ROOT / "scripts" / "sign", program)
+        self.assertEqual(code, 0, out)
+        self.assertTrue(self.is_signed(program))
+        changed = bytearray(program.read_bytes())
+        changed[0x1000] ^= 1
+        program.write_bytes(changed)
+        self.assertFalse(self.is_signed(program), "changed after it was signed")
+
+    def test_signs_the_installer(self):
+        with unittest.mock.patch.dict(os.environ, self.brought):
+            code, setup = made_installer(self.folder, "0.9.0", sign=ROOT / "scripts" / "sign")
+        self.assertEqual(code, 0)
+        self.assertTrue(self.is_signed(setup))
+
+    def test_makes_no_installer_that_could_not_be_signed(self):
+        self.assertNotEqual(made_installer(self.folder, "0.9.0", sign="false")[0], 0)
 
 
 if __name__ == "__main__":

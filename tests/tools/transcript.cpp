@@ -33,12 +33,12 @@ std::vector<std::string> words_of(const std::string& command)
 }
 
 // A document cannot name the folder that a test happens to run in.
-std::string with_folder_of_ann(std::string output)
+std::string with_folder_of_guide(std::string output)
 {
     std::string here = "Z:" + std::filesystem::current_path().string();
     std::replace(here.begin(), here.end(), '/', '\\');
     for (std::size_t at = output.find(here); at != std::string::npos; at = output.find(here))
-        output.replace(at, here.size(), "C:\\Users\\Ann");
+        output.replace(at, here.size(), "C:\\Users\\Me");
     return output;
 }
 
@@ -81,7 +81,7 @@ void expect_transcript(const std::vector<Step>& steps)
         std::string output;
         if (program == "wendlow-profile") {
             const Ran ran = run_tool(words);
-            output = with_folder_of_ann(ran.err + ran.out);
+            output = with_folder_of_guide(ran.err + ran.out);
             code = ran.code;
         } else if (program == "cat") {
             const profile_tool::Bytes bytes = WorkFolder::read(words.at(0));

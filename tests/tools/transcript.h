@@ -24,7 +24,7 @@ std::vector<Step> steps_of(const std::string& text, const std::string& indent,
                            const std::string& prompt = "$ ");
 
 // Carries the steps out in the working directory, one after the other, and fails the test where another
-// output comes. The working directory stands in outputs as C:\Users\Ann.
+// output comes. The working directory stands in outputs as C:\Users\Me.
 void expect_transcript(const std::vector<Step>& steps);
 
 } // namespace tool_tests

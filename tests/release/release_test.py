@@ -184,7 +184,8 @@ class Zip(unittest.TestCase):
         for name in PROGRAMS:
             with self.subTest(name):
                 program = pefile.PE(str(self.folder / name))
-                wanted = {entry.dll.decode().lower() for entry in program.DIRECTORY_ENTRY_IMPORT}
+                delayed = getattr(program, "DIRECTORY_ENTRY_DELAY_IMPORT", [])
+                wanted = {entry.dll.decode().lower() for entry in [*program.DIRECTORY_ENTRY_IMPORT, *delayed]}
                 apisets = {library for library in wanted if library.startswith("api-ms-win-crt-")}
                 self.assertLessEqual(wanted - apisets, SYSTEM_LIBRARIES)
 

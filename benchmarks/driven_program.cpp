@@ -3,6 +3,7 @@
 #include <psapi.h>
 
 #include "benchmarks/results.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/files.h"
 #include "tests/support/remote_list_view.h"
 #include "tests/support/waiting.h"
@@ -17,10 +18,6 @@ namespace benchmark
 namespace
 {
 
-constexpr int kScan = 1;
-constexpr int kProfile = 4;
-constexpr int kAction = 5;
-constexpr int kApply = 6;
 constexpr unsigned kAnswer_milliseconds = 120'000;
 
 LRESULT send(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
@@ -140,7 +137,7 @@ double DrivenProgram::scan() const
     const Stopwatch watch;
     // Posted, as a press of the mouse is: calls of the shell are refused while a message of another program
     // is being answered.
-    PostMessageW(control(kScan), BM_CLICK, 0, 0);
+    PostMessageW(control(main_control::kScan), BM_CLICK, 0, 0);
     HWND list = nullptr;
     wait_closely(
         [&] {
@@ -162,7 +159,7 @@ void DrivenProgram::close_list() const
 double DrivenProgram::load(const std::wstring& path) const
 {
     static LPARAM marks = 0;
-    const HWND marked = control(kAction);
+    const HWND marked = control(main_control::kAction);
     const LPARAM mark = ++marks;
     const Stopwatch watch;
     drop_files_on(main_window_, {path});
@@ -174,10 +171,10 @@ double DrivenProgram::load(const std::wstring& path) const
 
 double DrivenProgram::apply(int action) const
 {
-    send(control(kProfile), CB_SETCURSEL, 0);
-    send(control(kAction), CB_SETCURSEL, static_cast<WPARAM>(action));
+    send(control(main_control::kProfile), CB_SETCURSEL, 0);
+    send(control(main_control::kAction), CB_SETCURSEL, static_cast<WPARAM>(action));
     const Stopwatch watch;
-    send(control(kApply), BM_CLICK);
+    send(control(main_control::kApply), BM_CLICK);
     return watch.milliseconds();
 }
 

@@ -10,6 +10,7 @@
 #include "tests/demo/demo_script.h"
 #include "tests/demo/demo_user.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/profile_encoder.h"
@@ -134,7 +135,7 @@ void show_modify_cell(const WendlowProcess& wendlow)
     const HWND cell = choose_modify_cell(wendlow, menu);
     bring_to_front(cell);
     picture_of_window("modify-cell", cell);
-    click(GetDlgItem(cell, 5));
+    click(GetDlgItem(cell, cell_control::kCancel));
     wait_until([&] { return !IsWindow(cell); }, kShortWait, "Modify Cell to close");
 }
 
@@ -143,10 +144,10 @@ void show_saving(const WendlowProcess& wendlow)
     wendlow.press_create_profile();
     const HWND name_window = wendlow.wait_for_name_window();
     bring_to_front(name_window);
-    click(GetDlgItem(name_window, 3));
+    click(GetDlgItem(name_window, name_control::kName));
     type_text(L"Office");
     picture_of_window("name-of-profile", name_window);
-    click(GetDlgItem(name_window, 1));
+    click(GetDlgItem(name_window, name_control::kOk));
     const HWND dialog = wait_for_file_dialog(wendlow.process_id());
     enter_file_name(wendlow.process_id(), L"Office.txt");
     press_key(VK_END);

@@ -13,6 +13,7 @@
 #include "tests/demo/demo_script.h"
 #include "tests/demo/demo_user.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/real_input.h"
@@ -191,10 +192,10 @@ void modify_and_move(const WendlowProcess& wendlow, const Desktop& desktop)
     const HWND cell = choose_modify_cell(wendlow, menu);
     picture("12-modify-cell");
     bring_to_front(cell);
-    double_click(centre_of(GetDlgItem(cell, 0)));
+    double_click(centre_of(GetDlgItem(cell, cell_control::kX)));
     type_text(L"880");
     picture("13-modify-cell-typed");
-    click(GetDlgItem(cell, 4));
+    click(GetDlgItem(cell, cell_control::kOk));
     wait_until([&] { return !IsWindow(cell); }, kShortWait, "Modify Cell to close");
     expect(list.cell(row, 2) == L"880", "the list does not show the X that was typed");
     click(GetDlgItem(wendlow.list_window(), 1));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/all_windows_open.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/profile_encoder.h"
@@ -30,8 +31,8 @@ TEST_F(HostileMessages, CommandsOfWrongIdsCodesAndControlsDoNothing)
                              GetDesktopWindow(),
                              made_up(0xDEADBEEF),
                              made_up(~std::uintptr_t{0}),
-                             GetDlgItem(list_window_, 1),
-                             GetDlgItem(name_window_, 1)};
+                             GetDlgItem(list_window_, list_control::kMove),
+                             GetDlgItem(name_window_, name_control::kOk)};
     int sent = 0;
     for (const HWND window : windows_) {
         for (const unsigned id :
@@ -55,9 +56,13 @@ TEST_F(HostileMessages, CommandsOfWrongIdsCodesAndControlsDoNothing)
 
 TEST_F(HostileMessages, DataOfWrongSizesKindsAndSendersIsRefused)
 {
-    const HWND senders[] = {
-        neighbours_[0], GetDesktopWindow(),  made_up(0xDEADBEEF),        wendlow_.main_window(),
-        list_window_,   modify_cell_window_, GetDlgItem(name_window_, 1)};
+    const HWND senders[] = {neighbours_[0],
+                            GetDesktopWindow(),
+                            made_up(0xDEADBEEF),
+                            wendlow_.main_window(),
+                            list_window_,
+                            modify_cell_window_,
+                            GetDlgItem(name_window_, name_control::kOk)};
     Bytes bytes(1 << 20, 'A');
     for (const HWND window : windows_) {
         for (const HWND sender : senders) {
@@ -129,7 +134,7 @@ TEST_F(HostileMessages, CellsOfRowsThatAreNotThereChangeNothing)
         } cell{row, 2, list.window()};
         send_data(modify_cell_window_, list_window_, 0, &cell, sizeof(cell));
         SetDlgItemTextW(modify_cell_window_, 0, L"77");
-        wendlow_.press(GetDlgItem(modify_cell_window_, 4));
+        wendlow_.press(GetDlgItem(modify_cell_window_, cell_control::kOk));
         expected.push_back(
             {L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
                        L"incorrect input parameters:\nrow = " +
@@ -176,7 +181,7 @@ TEST_F(HostileMessages, NamesOfMadeUpSendersAreAskedAFileForAndDestroyNothing)
 {
     Bytes bytes(1 << 20, 'A');
     const HWND senders[] = {neighbours_[0], GetDesktopWindow(),  made_up(0xDEADBEEF),
-                            list_window_,   modify_cell_window_, GetDlgItem(name_window_, 1)};
+                            list_window_,   modify_cell_window_, GetDlgItem(name_window_, name_control::kOk)};
     DWORD size = 0;
     for (const HWND sender : senders) {
         LRESULT answer = 99;
@@ -221,7 +226,7 @@ TEST_F(HostileMessages, CellsOfOtherWindowsAreRefused)
                                 made_up(~std::uintptr_t{0}),
                                 wendlow_.main_window(),
                                 list_window_,
-                                GetDlgItem(name_window_, 3)};
+                                GetDlgItem(name_window_, name_control::kName)};
     for (const HWND list : wrong_lists) {
         for (const std::uint32_t row : {0U, 1U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
             struct {

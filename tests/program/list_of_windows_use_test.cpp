@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/control_ids.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/real_input.h"
 #include "tests/support/wendlow_process.h"
@@ -52,9 +53,9 @@ TEST(ListOfWindows, ResizingChangesTheListAndItsColumnsButNotTheButtons)
     const WendlowProcess wendlow;
     const RemoteListView list = wendlow.scan();
     const HWND window = wendlow.list_window();
-    const RECT move = rectangle_of(GetDlgItem(window, 1));
+    const RECT move = rectangle_of(GetDlgItem(window, list_control::kMove));
     SetWindowPos(window, nullptr, 30, 30, 700, 400, SWP_NOZORDER);
-    const RECT move_now = rectangle_of(GetDlgItem(window, 1));
+    const RECT move_now = rectangle_of(GetDlgItem(window, list_control::kMove));
     EXPECT_TRUE(EqualRect(&move, &move_now));
     RECT client{};
     GetClientRect(window, &client);

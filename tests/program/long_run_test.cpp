@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/counters.h"
 #include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
@@ -18,8 +19,6 @@ using namespace test_support;
 namespace
 {
 
-constexpr WORD kModifyCellCommand = 101; // of the list's popup menu
-constexpr int kModifyCell_cancel = 5;
 // Of the heap, which takes memory in pieces at times that are its own.
 constexpr std::size_t kHeapPieces_bytes = 64 * 1024;
 
@@ -70,10 +69,10 @@ protected:
     // Opens the window for the cell that was clicked last and cancels it.
     void modify_and_cancel() const
     {
-        PostMessageW(wendlow_.list_window(), WM_COMMAND, kModifyCellCommand, 0);
+        PostMessageW(wendlow_.list_window(), WM_COMMAND, list_control::kModifyCell, 0);
         const HWND window =
             wait_for([&] { return wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell");
-        wendlow_.press(GetDlgItem(window, kModifyCell_cancel));
+        wendlow_.press(GetDlgItem(window, cell_control::kCancel));
         wait_until([&] { return !IsWindow(window); }, kShortWait, "Modify Cell to close");
     }
 
@@ -137,7 +136,7 @@ TEST_F(LongRun, LeavesNothingBehindOnOneProcess)
     wendlow_.scan();
     wendlow_.tick(L"Neighbour");
     wendlow_.press(
-        GetDlgItem(wendlow_.open_modify_cell(wendlow_.row_of(L"Neighbour"), 3), kModifyCell_cancel));
+        GetDlgItem(wendlow_.open_modify_cell(wendlow_.row_of(L"Neighbour"), 3), cell_control::kCancel));
     wait_until([&] { return !wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell to close");
     for (int i = 0; i < 5; ++i) {
         modify_and_cancel();

@@ -6,6 +6,7 @@
 
 #include "tests/program/on_the_list.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 
 // Modify Cell as a user works it, with mouse, keys and clipboard.
 
@@ -144,7 +145,7 @@ TEST_F(ModifyCell, EnterOnCancelChangesNothing)
 TEST_F(ModifyCell, CopesWithoutARow)
 {
     const BoxWatcher boxes = wendlow_.watch_boxes();
-    PostMessageW(wendlow_.list_window(), WM_COMMAND, 101, 0);
+    PostMessageW(wendlow_.list_window(), WM_COMMAND, list_control::kModifyCell, 0);
     const RemoteListView list = wendlow_.list_view();
     const POINT below_all = {list.cell_centre(0, 1).x, rectangle_of(list.window()).bottom - 40};
     cell_ = wait_for([&] { return wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell");
@@ -154,7 +155,7 @@ TEST_F(ModifyCell, CopesWithoutARow)
     bring_to_front(wendlow_.list_window());
     click(below_all);
     wendlow_.wait_until_idle();
-    PostMessageW(wendlow_.list_window(), WM_COMMAND, 101, 0);
+    PostMessageW(wendlow_.list_window(), WM_COMMAND, list_control::kModifyCell, 0);
     cell_ = wait_for([&] { return wendlow_.modify_cell_window(); }, kShortWait, "Modify Cell");
     EXPECT_EQ(text_of(kX), L"");
     PostMessageW(control(kOk), BM_CLICK, 0, 0);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/stopped_window.h"
 #include "tests/support/wendlow_process.h"
@@ -36,7 +37,7 @@ protected:
         const HWND cell = wendlow_.open_modify_cell(wendlow_.row_of(L"Hung"), 2);
         for (int id = 0; id < 4; ++id)
             SendMessageW(GetDlgItem(cell, id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(values[id]));
-        PostMessageW(GetDlgItem(cell, 4), BM_CLICK, 0, 0);
+        PostMessageW(GetDlgItem(cell, cell_control::kOk), BM_CLICK, 0, 0);
         wait_until([&] { return !IsWindow(cell); }, kShortWait, "Modify Cell to close");
     }
     static bool comes_to(HWND window, const RECT& place)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/control_ids.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
@@ -19,11 +20,6 @@ namespace
 {
 
 using Texts = std::vector<std::wstring>;
-
-constexpr int kCommand_scan = 1;
-constexpr int kCommand_load = 2;
-constexpr int kCommand_apply = 6;
-constexpr int kListCommand_create_profile = 2;
 
 class NestedCommands : public testing::Test
 {
@@ -83,7 +79,7 @@ TEST_F(NestedCommands, CloseBelowTheReportOfALoad)
     boxes_.hold();
     wendlow_.drop_files({path});
     EXPECT_EQ(boxes_.wait_for_box(0).owner, wendlow_.main_window());
-    post_button(kCommand_apply);
+    post_button(main_control::kApply);
     fixtures_.wait_for_end(L"Work");
     wait_until([&] { return profiles().empty(); }, kShortWait, "the closed profile's name to go");
     boxes_.release();
@@ -97,7 +93,7 @@ TEST_F(NestedCommands, ScanAndEndBelowTheAboutBox)
     boxes_.hold();
     wendlow_.choose_about();
     EXPECT_EQ(boxes_.wait_for_box(0).owner, wendlow_.main_window());
-    post_button(kCommand_scan);
+    post_button(main_control::kScan);
     wendlow_.wait_for_list_window();
     wait_until([&] { return wendlow_.list_view().find_row(L"Work").has_value(); }, kLongWait, "the rows");
     PostMessageW(wendlow_.main_window(), WM_CLOSE, 0, 0);
@@ -121,9 +117,9 @@ TEST_F(NestedCommands, LoadBelowTheOpenDialog)
 
 TEST_F(NestedCommands, TwoOpenDialogs)
 {
-    post_button(kCommand_load);
+    post_button(main_control::kLoadProfile);
     const HWND first = wait_for_file_dialog(wendlow_.process_id());
-    post_button(kCommand_load);
+    post_button(main_control::kLoadProfile);
     const auto dialogs = [&] {
         std::size_t count = 0;
         for (const HWND window : top_level_windows_of(wendlow_.process_id()))
@@ -146,7 +142,7 @@ TEST_F(NestedCommands, TwoOpenDialogs)
 TEST_F(NestedCommands, CreateProfileBelowTheSaveDialogDoesNothing)
 {
     open_save_dialog();
-    post_to_list(kListCommand_create_profile);
+    post_to_list(list_control::kCreateProfile);
     choose_file(wendlow_.process_id(), folder_.file(L"saved.txt"));
     boxes_.expect_no_boxes();
     EXPECT_EQ(wendlow_.name_window(), nullptr);
@@ -159,7 +155,7 @@ TEST_F(NestedCommands, ScanBelowTheSaveDialogCancelsTheSave)
 {
     open_save_dialog();
     const HWND list = wendlow_.list_window();
-    post_button(kCommand_scan);
+    post_button(main_control::kScan);
     wait_until([&] { return !IsWindow(list) && wendlow_.list_window() != nullptr; }, kLongWait,
                "the new list");
     boxes_.expect_no_boxes();

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/control_ids.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/real_input.h"
 #include "tests/support/text.h"
@@ -20,8 +21,7 @@ using namespace test_support;
 
 using Cells = std::vector<std::wstring>;
 
-// Ids of the controls of Modify Cell, which are the order of Tab as well.
-enum Cell { kX, kY, kWidth, kHeight, kOk, kCancel };
+using namespace cell_control;
 
 // One program on the list, its window and its row.
 class OnTheList : public testing::Test

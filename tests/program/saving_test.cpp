@@ -6,6 +6,7 @@
 #include <map>
 
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/file_dialogs.h"
 #include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
@@ -20,8 +21,6 @@ using namespace test_support;
 
 namespace
 {
-
-constexpr int kNameEdit = 3;
 
 // Programs and a folder on the screen, the program that lists them, and a place for the profile.
 class Saving : public testing::Test
@@ -65,7 +64,7 @@ protected:
     }
 
     std::wstring file() const { return folder_.file(L"profile.txt"); }
-    HWND name_edit() const { return GetDlgItem(wendlow_.wait_for_name_window(), kNameEdit); }
+    HWND name_edit() const { return GetDlgItem(wendlow_.wait_for_name_window(), name_control::kName); }
     std::wstring shown_name() const
     {
         std::wstring text(2000, L'\0');
@@ -218,9 +217,9 @@ TEST_F(Saving, TakesPlacesFromModifyCell)
     show(L"Modified", 120, 130, 400, 300);
     scan_and_tick({L"Modified"});
     const HWND cell = wendlow_.open_modify_cell(wendlow_.row_of(L"Modified"), 4);
-    double_click(centre_of(GetDlgItem(cell, 0)));
+    double_click(centre_of(GetDlgItem(cell, cell_control::kX)));
     type_text(L"100");
-    click(GetDlgItem(cell, 4));
+    click(GetDlgItem(cell, cell_control::kOk));
     wait_until([&] { return !IsWindow(cell); }, kShortWait, "Modify Cell to close");
     entries_[L"Modified"].x = 100;
     EXPECT_EQ(hex(save(L"A")), hex(expected({L"Modified"}, u"A")));

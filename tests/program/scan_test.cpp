@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/folder_windows_script.h"
 #include "tests/support/real_input.h"
@@ -73,9 +74,9 @@ TEST(Scan, SecondScanReplacesTheListAndItsEdits)
     wendlow.scan();
     const HWND first = wendlow.list_window();
     const HWND cell = wendlow.open_modify_cell(wendlow.row_of(L"Edited"), 2);
-    double_click(centre_of(GetDlgItem(cell, 0)));
+    double_click(centre_of(GetDlgItem(cell, cell_control::kX)));
     type_text(L"1");
-    click(GetDlgItem(cell, 4));
+    click(GetDlgItem(cell, cell_control::kOk));
     wait_until([&] { return cells_of(wendlow, L"Edited")[1] == L"1"; }, kShortWait, "the edit");
     wendlow.scan();
     EXPECT_FALSE(IsWindow(first));

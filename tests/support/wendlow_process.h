@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/remote_list_view.h"
 #include "tests/support/waiting.h"
 
@@ -52,11 +53,11 @@ public:
 
     // The main window and its controls.
     HWND main_window() const { return main_window_; }
-    HWND scan_button() const { return control(1); }
-    HWND load_profile_button() const { return control(2); }
-    HWND profile_combo() const { return control(4); }
-    HWND action_combo() const { return control(5); }
-    HWND apply_button() const { return control(6); }
+    HWND scan_button() const { return control(main_control::kScan); }
+    HWND load_profile_button() const { return control(main_control::kLoadProfile); }
+    HWND profile_combo() const { return control(main_control::kProfile); }
+    HWND action_combo() const { return control(main_control::kAction); }
+    HWND apply_button() const { return control(main_control::kApply); }
     HWND control(int id) const;
 
     // Presses a button as BM_CLICK does, or sends a menu command, without waiting.
@@ -65,7 +66,7 @@ public:
     void press_scan() const { press(scan_button()); }
     void press_load_profile() const { press(load_profile_button()); }
     void press_apply() const { press(apply_button()); }
-    void choose_about() const { send_command(9); }
+    void choose_about() const { send_command(main_control::kAbout); }
 
     // Answers and records the boxes of the program. Its expect_boxes() waits until the program is idle, so it
     // sees a box too many as well; while a dialog is left open use wait_for_box() and boxes().

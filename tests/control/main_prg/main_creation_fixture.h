@@ -8,6 +8,7 @@
 
 #include "sources/main_prg/main_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 
 // What is there after the creation of a main window that could not make everything.
@@ -50,11 +51,11 @@ inline void expect_controls(const MainWindow& main, bool with_font, int missing 
                       main_window.hFont_controls);
         }
     }
-    EXPECT_EQ(main_window.hWndBTN00, main.control(1));
-    EXPECT_EQ(main_window.hWndBTN_LoadProfile, main.control(2));
-    EXPECT_EQ(main_window.hwnd_CB_Profile, main.control(4));
-    EXPECT_EQ(main_window.hwnd_CB_Action, main.control(5));
-    EXPECT_EQ(main_window.hWndBTN_Apply, main.control(6));
+    EXPECT_EQ(main_window.hWndBTN00, main.control(main_control::kScan));
+    EXPECT_EQ(main_window.hWndBTN_LoadProfile, main.control(main_control::kLoadProfile));
+    EXPECT_EQ(main_window.hwnd_CB_Profile, main.control(main_control::kProfile));
+    EXPECT_EQ(main_window.hwnd_CB_Action, main.control(main_control::kAction));
+    EXPECT_EQ(main_window.hWndBTN_Apply, main.control(main_control::kApply));
 }
 
 inline void expect_profile_list_set_up()

@@ -12,6 +12,7 @@
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/files.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/report_texts.h"
@@ -52,7 +53,7 @@ TEST(MainWindowCommands, ShowTheAboutBox)
 {
     const MainWindow main;
     const BoxWatcher boxes;
-    main.menu_command(9);
+    main.menu_command(main_control::kAbout);
     boxes.expect_boxes(
         {{L"About",
           L"This small software utility \"Wendlow\" is intended for keeping your folders and programs "
@@ -78,16 +79,16 @@ TEST(MainWindowCommands, ShowTheReservedOnesAsBytes)
 TEST(MainWindowCommands, LeaveTheProfileListAloneForTheReservedOneOfItsNumber)
 {
     const MainWindow main;
-    SendMessageW(main.control(4), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"one"));
-    SendMessageW(main.control(4), CB_SETCURSEL, 0, 0);
+    SendMessageW(main.control(main_control::kProfile), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"one"));
+    SendMessageW(main.control(main_control::kProfile), CB_SETCURSEL, 0, 0);
     main_window.CB_Profile.uiSelection = 7;
     const BoxWatcher boxes;
     main.menu_command(4);
     boxes.expect_boxes({{L"", bytes_as_wide("menu item FILE OPEN")}});
     EXPECT_EQ(main_window.CB_Profile.uiSelection, 7u);
     // The list itself does.
-    SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(4, CBN_SELCHANGE),
-                 reinterpret_cast<LPARAM>(main.control(4)));
+    SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(main_control::kProfile, CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(main.control(main_control::kProfile)));
     EXPECT_EQ(main_window.CB_Profile.uiSelection, 0u);
     EXPECT_EQ(boxes.count(), 1u);
 }
@@ -96,7 +97,7 @@ TEST(MainWindowCommands, TakeTheSelectionOfTheActionListOver)
 {
     const MainWindow main;
     const BoxWatcher boxes;
-    SendMessageW(main.control(5), CB_SETCURSEL, 2, 0);
+    SendMessageW(main.control(main_control::kAction), CB_SETCURSEL, 2, 0);
     const auto notify = [&](int id, int code, int control) {
         return SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, code),
                             reinterpret_cast<LPARAM>(main.control(control)));
@@ -146,12 +147,12 @@ TEST(MainWindowCommands, AreIgnoredWhenTheyAreUnknown)
     const BoxWatcher boxes;
     for (const int id : {0, 10, 101})
         main.menu_command(static_cast<WORD>(id));
-    SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(6, BN_CLICKED),
-                 reinterpret_cast<LPARAM>(main.control(1)));
+    SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(main_control::kApply, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(main.control(main_control::kScan)));
     for (int id = 3; id <= 9; ++id) {
         // What is reserved for the menu, but comes from a control or a key.
         SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
-                     reinterpret_cast<LPARAM>(main.control(1)));
+                     reinterpret_cast<LPARAM>(main.control(main_control::kScan)));
         SendMessageW(main.window, WM_COMMAND, MAKEWPARAM(id, 1), 0);
     }
     boxes.expect_no_boxes();

@@ -10,6 +10,7 @@
 
 #include "sources/main_prg/main_window.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/report_texts.h"
 #include "tests/support/test_window.h"
@@ -202,13 +203,13 @@ TEST(MainWindowCreation, SetsTheRecordsOfTheListsUp)
 {
     const Creation creation(3000, 2000, 0);
     const CB_mng_STR& profiles = main_window.CB_Profile;
-    EXPECT_EQ(profiles.hwnd_CB, GetDlgItem(creation.window, 4));
+    EXPECT_EQ(profiles.hwnd_CB, GetDlgItem(creation.window, main_control::kProfile));
     EXPECT_EQ(profiles.uiCtlID, 4u);
     EXPECT_EQ(profiles.uiN_strs, 0u);
     EXPECT_EQ(profiles.uiMax_N_strs, 32u);
     EXPECT_EQ(profiles.uiSelection, 0u);
     const CB_Action_mng_STR& actions = main_window.CB_Action;
-    EXPECT_EQ(actions.hwnd_CB, GetDlgItem(creation.window, 5));
+    EXPECT_EQ(actions.hwnd_CB, GetDlgItem(creation.window, main_control::kAction));
     EXPECT_EQ(actions.uiCtlID, 5u);
     EXPECT_EQ(actions.uiN_items, 3u);
     EXPECT_EQ(actions.uiSelection, 0u);

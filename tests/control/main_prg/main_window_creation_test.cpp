@@ -8,6 +8,7 @@
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/main_prg/main_creation_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/report_texts.h"
 
@@ -63,7 +64,7 @@ TEST(MainWindowCreation, ReportsEveryControlThatCannotBeMade)
         // It goes on with what it has.
         expect_controls(main, true, control.id);
         expect_profile_list_set_up();
-        EXPECT_EQ(main_window.CB_Action.hwnd_CB, main.control(5));
+        EXPECT_EQ(main_window.CB_Action.hwnd_CB, main.control(main_control::kAction));
         EXPECT_EQ(com.calls, 1);
     }
 }

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "sources/main_prg/main_window.h"
+#include "tests/support/control_ids.h"
 
 namespace main_tests
 {
@@ -40,7 +41,7 @@ public:
     {
         SendMessageW(window, WM_COMMAND, button, reinterpret_cast<LPARAM>(control(button)));
     }
-    LRESULT profiles() const { return SendMessageW(control(4), CB_GETCOUNT, 0, 0); }
+    LRESULT profiles() const { return SendMessageW(control(main_control::kProfile), CB_GETCOUNT, 0, 0); }
 
     HWND window;
 };

@@ -13,6 +13,7 @@
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/report_texts.h"
 #include "tests/support/text.h"
@@ -36,7 +37,7 @@ TEST(MainWindow, BuildsItsFiveControls)
                     {4, L"ComboBox", L"", 0x50000243},
                     {5, L"ComboBox", L"", 0x50000203},
                     {6, L"Button", L"Apply", 0x50000300}};
-    const LRESULT font = SendMessageW(main.control(1), WM_GETFONT, 0, 0);
+    const LRESULT font = SendMessageW(main.control(main_control::kScan), WM_GETFONT, 0, 0);
     EXPECT_NE(font, 0);
     for (const auto& control : controls) {
         const HWND window = main.control(control.id);
@@ -78,12 +79,12 @@ TEST(MainWindow, DoesNotLayOutAgainWhenItIsMinimised)
 {
     const MainWindow main;
     MoveWindow(main.window, 50, 60, 800, 560, FALSE);
-    const RECT before = rectangle_of(main.control(6));
+    const RECT before = rectangle_of(main.control(main_control::kApply));
     EXPECT_GT(before.left, 500);
     EXPECT_EQ(SendMessageW(main.window, WM_SIZE, SIZE_MINIMIZED, MAKELPARAM(0, 0)), 0);
-    EXPECT_EQ(rectangle_of(main.control(6)).left, before.left);
+    EXPECT_EQ(rectangle_of(main.control(main_control::kApply)).left, before.left);
     EXPECT_EQ(SendMessageW(main.window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(0, 0)), 0);
-    EXPECT_NE(rectangle_of(main.control(6)).left, before.left);
+    EXPECT_NE(rectangle_of(main.control(main_control::kApply)).left, before.left);
 }
 
 TEST(MainWindow, PlacesEachControlWhereItBelongs)

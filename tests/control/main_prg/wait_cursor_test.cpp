@@ -15,6 +15,7 @@
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/profile_encoder.h"
 
@@ -168,7 +169,8 @@ TEST(WaitCursor, StaysOverTheMainWindowAndItsControlsUntilTheWorkIsDone)
     const TestWindow window(L"window");
     Desktop desktop({window});
     const auto move_all_ways = [&] {
-        return Names{cursor_over(main.window, HTCLIENT), cursor_over(main.control(1), HTCLIENT),
+        return Names{cursor_over(main.window, HTCLIENT),
+                     cursor_over(main.control(main_control::kScan), HTCLIENT),
                      cursor_over(main.window, HTLEFT)};
     };
     const Names usual = move_all_ways();

@@ -11,6 +11,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/main_prg/main_window.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/waiting.h"
 
 using namespace test_support;
@@ -61,7 +62,7 @@ std::int32_t ScanFixture::scan()
 
 RemoteListView ScanFixture::list() const
 {
-    const HWND list = GetDlgItem(hwnd_ScanListView, 4);
+    const HWND list = GetDlgItem(hwnd_ScanListView, list_control::kList);
     if (list == nullptr)
         throw Failure("there is no list");
     return RemoteListView(list);
@@ -92,7 +93,7 @@ std::wstring path_of_slot(std::uint32_t slot)
 
 void press_scan(HWND main_window)
 {
-    EXPECT_EQ(WndProc(main_window, WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), 0), 0);
+    EXPECT_EQ(WndProc(main_window, WM_COMMAND, MAKEWPARAM(main_control::kScan, BN_CLICKED), 0), 0);
 }
 
 RecordCopy::RecordCopy()

@@ -8,6 +8,7 @@
 
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/profiles/profile_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/hostile_files.h"
 #include "tests/support/text.h"
 #include "tools/wendlow_profile/contents/checking.h"
@@ -37,7 +38,7 @@ protected:
     static std::vector<std::wstring> profiles_after_messages(const MainWindow& main)
     {
         pump_messages();
-        return combo_texts(main.control(4));
+        return combo_texts(main.control(main_control::kProfile));
     }
 
     TemporaryFolder files;
@@ -65,7 +66,7 @@ TEST_F(ProfileOpening, DropsAFileOnTheMainWindow)
     const MainWindow main;
     const BoxWatcher boxes;
     EXPECT_TRUE(profile_tool::post_drop(main.window, write_profile(L"p.txt")));
-    EXPECT_EQ(combo_texts(main.control(4)), Names()); // posted, so not yet done
+    EXPECT_EQ(combo_texts(main.control(main_control::kProfile)), Names()); // posted, so not yet done
     EXPECT_EQ(profiles_after_messages(main), Names{L"Dropped"});
     boxes.expect_no_boxes();
 }

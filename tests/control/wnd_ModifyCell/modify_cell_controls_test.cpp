@@ -9,6 +9,7 @@
 
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/waiting.h"
 
@@ -69,7 +70,8 @@ TEST_F(ModifyCell, HandsControlsAndRowOverToASecondOne)
     open(0);
     const HWND older = dialog;
     const auto font_of = [](HWND window) {
-        return reinterpret_cast<HGDIOBJ>(SendMessageW(GetDlgItem(window, 0), WM_GETFONT, 0, 0));
+        return reinterpret_cast<HGDIOBJ>(
+            SendMessageW(GetDlgItem(window, cell_control::kX), WM_GETFONT, 0, 0));
     };
     const HGDIOBJ font_of_older = font_of(older);
     open(1);
@@ -77,12 +79,12 @@ TEST_F(ModifyCell, HandsControlsAndRowOverToASecondOne)
     SetDlgItemTextW(older, 0, L"66");
 
     // Tab in the older one goes to the next control of the newer one.
-    SendMessageW(GetDlgItem(older, 0), WM_KEYDOWN, VK_TAB, 0);
-    EXPECT_EQ(GetFocus(), control(1));
+    SendMessageW(GetDlgItem(older, cell_control::kX), WM_KEYDOWN, VK_TAB, 0);
+    EXPECT_EQ(GetFocus(), control(cell_control::kY));
 
     // Ok of the older one applies the newer one's texts to the newer one's row, and closes the older one.
     const BoxWatcher boxes;
-    SendMessageW(older, WM_COMMAND, 4, 0);
+    SendMessageW(older, WM_COMMAND, cell_control::kOk, 0);
     EXPECT_FALSE(IsWindow(older));
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
@@ -102,8 +104,8 @@ TEST_F(ModifyCell, HandsControlsAndRowOverToASecondOne)
 TEST_F(ModifyCell, AnswersNotificationsAndSizesWithoutAnyChange)
 {
     open(0);
-    const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control(0), WM_GETFONT, 0, 0));
-    NMHDR header{control(0), 0, static_cast<UINT>(NM_CLICK)};
+    const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control(cell_control::kX), WM_GETFONT, 0, 0));
+    NMHDR header{control(cell_control::kX), 0, static_cast<UINT>(NM_CLICK)};
     EXPECT_EQ(SendMessageW(dialog, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header)), 0);
     EXPECT_EQ(SendMessageW(dialog, WM_SIZE, SIZE_RESTORED, MAKELPARAM(100, 90)), 0);
     for (const WORD id : {WORD{4}, WORD{5}}) // what else a button may tell

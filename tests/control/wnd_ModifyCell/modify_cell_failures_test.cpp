@@ -11,6 +11,7 @@
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/report_texts.h"
 
@@ -56,7 +57,7 @@ TEST_F(ModifyCell, WritesNothingForARowThatTheScanDoesNotHave)
             on_Button_OK(dialog, fixture.list().window(), static_cast<std::uint32_t>(row), &scan_record), -3);
         press(4);
         EXPECT_TRUE(IsWindow(dialog));
-        SendMessageW(control(4), WM_KEYDOWN, VK_RETURN, 0);
+        SendMessageW(control(cell_control::kOk), WM_KEYDOWN, VK_RETURN, 0);
         EXPECT_FALSE(IsWindow(dialog));
         boxes.expect_boxes({box, box, box});
         EXPECT_EQ(std::memcmp(&scan_record, &record, sizeof record), 0);
@@ -154,7 +155,8 @@ TEST_F(ModifyCell, AppliesNothingWhenASecondOneTookItsEditsAndClosed)
     open(1);
     for (int id = 0; id < 4; ++id)
         enter(id, L"77");
-    const HWND edits[] = {control(0), control(1), control(2), control(3)};
+    const HWND edits[] = {control(cell_control::kX), control(cell_control::kY), control(cell_control::kWidth),
+                          control(cell_control::kHeight)};
     DestroyWindow(dialog);
     dialog = older;
     for (int id = 0; id < 4; ++id)
@@ -207,7 +209,7 @@ TEST_F(ModifyCell, StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter)
 TEST_F(ModifyCell, GoesWithTheList)
 {
     // As the command of the popup menu opens it.
-    SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+    SendMessageW(hwnd_ScanListView, WM_COMMAND, list_control::kModifyCell, 0);
     dialog = FindWindowW(L"Modify Cell Window", nullptr);
     ASSERT_NE(dialog, nullptr);
     SendMessageW(hwnd_ScanListView, WM_CLOSE, 0, 0);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/waiting.h"
 #include "tests/support/windows_lookup.h"
@@ -88,8 +89,8 @@ TEST_F(ModifyCell, TakesANegativeNumberFromTheClipboard)
     EmptyClipboard();
     SetClipboardData(CF_UNICODETEXT, block);
     CloseClipboard();
-    SendMessageW(control(0), EM_SETSEL, 0, -1);
-    SendMessageW(control(0), WM_PASTE, 0, 0);
+    SendMessageW(control(cell_control::kX), EM_SETSEL, 0, -1);
+    SendMessageW(control(cell_control::kX), WM_PASTE, 0, 0);
     EXPECT_EQ(text(0), L"-8");
     press(4);
     EXPECT_EQ(cells(0), (Texts{L"-8", L"50", L"300", L"200"}));
@@ -178,16 +179,16 @@ TEST_F(ModifyCell, MovesTheFocusWithTab)
 TEST_F(ModifyCell, SwallowsKeyPressesInTheEditsButTakesCharacters)
 {
     open(0);
-    SetFocus(control(0));
-    SendMessageW(control(0), EM_SETSEL, 2, 2);
+    SetFocus(control(cell_control::kX));
+    SendMessageW(control(cell_control::kX), EM_SETSEL, 2, 2);
     for (const WPARAM key : {VK_LEFT, VK_HOME, VK_DELETE, VK_RETURN, VK_ESCAPE})
-        EXPECT_EQ(SendMessageW(control(0), WM_KEYDOWN, key, 0), 0);
-    EXPECT_EQ(LOWORD(SendMessageW(control(0), EM_GETSEL, 0, 0)), 2);
-    SendMessageW(control(0), WM_CHAR, L'5', 0);
+        EXPECT_EQ(SendMessageW(control(cell_control::kX), WM_KEYDOWN, key, 0), 0);
+    EXPECT_EQ(LOWORD(SendMessageW(control(cell_control::kX), EM_GETSEL, 0, 0)), 2);
+    SendMessageW(control(cell_control::kX), WM_CHAR, L'5', 0);
     EXPECT_EQ(text(0), L"105");
-    SendMessageW(control(0), WM_CHAR, L'b', 0); // refused by the edit itself
+    SendMessageW(control(cell_control::kX), WM_CHAR, L'b', 0); // refused by the edit itself
     EXPECT_EQ(text(0), L"105");
-    SendMessageW(control(0), WM_CHAR, VK_BACK, 0);
+    SendMessageW(control(cell_control::kX), WM_CHAR, VK_BACK, 0);
     EXPECT_EQ(text(0), L"10");
     EXPECT_TRUE(IsWindow(dialog));
 }
@@ -196,10 +197,10 @@ TEST_F(ModifyCell, AppliesOnEnterOnOkAndNotOnSpace)
 {
     open(0);
     enter(3, L"333");
-    SetFocus(control(4));
+    SetFocus(control(cell_control::kOk));
     for (const WPARAM other : {VK_SPACE, VK_ESCAPE, VK_LEFT})
         EXPECT_EQ(key(4, other), 0);
-    SendMessageW(control(4), WM_KEYUP, VK_SPACE, 0);
+    SendMessageW(control(cell_control::kOk), WM_KEYUP, VK_SPACE, 0);
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(key(4, VK_RETURN), 0);
     EXPECT_FALSE(IsWindow(dialog));
@@ -221,11 +222,11 @@ TEST_F(ModifyCell, ClosesOnEnterOnCancel)
 TEST_F(ModifyCell, MakesTheFocusedButtonTheDefaultOne)
 {
     open(0);
-    SetFocus(control(4));
+    SetFocus(control(cell_control::kOk));
     pump_messages();
-    EXPECT_EQ(GetWindowLongW(control(4), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
-    SetFocus(control(5));
+    EXPECT_EQ(GetWindowLongW(control(cell_control::kOk), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
+    SetFocus(control(cell_control::kCancel));
     pump_messages();
-    EXPECT_EQ(GetWindowLongW(control(4), GWL_STYLE) & BS_TYPEMASK, BS_PUSHBUTTON);
-    EXPECT_EQ(GetWindowLongW(control(5), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
+    EXPECT_EQ(GetWindowLongW(control(cell_control::kOk), GWL_STYLE) & BS_TYPEMASK, BS_PUSHBUTTON);
+    EXPECT_EQ(GetWindowLongW(control(cell_control::kCancel), GWL_STYLE) & BS_TYPEMASK, BS_DEFPUSHBUTTON);
 }

@@ -9,6 +9,7 @@
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/control/wnd_ScanListView/windows_made.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
@@ -70,8 +71,8 @@ TEST_F(ModifyCell, MakesItsWindowAndSixControlsInOrder)
         EXPECT_EQ(made.parents, (std::vector<HWND>{nullptr, dialog, dialog, dialog, dialog, dialog, dialog}));
         // The box of X has the focus as soon as it is there, and keeps it.
         ASSERT_EQ(made.focused.size(), 7u);
-        EXPECT_EQ(made.focused[4], control(0));
-        EXPECT_EQ(GetFocus(), control(0));
+        EXPECT_EQ(made.focused[4], control(cell_control::kX));
+        EXPECT_EQ(GetFocus(), control(cell_control::kX));
         DestroyWindow(dialog);
     }
 }

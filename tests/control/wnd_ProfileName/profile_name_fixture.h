@@ -7,6 +7,7 @@
 
 #include "sources/wnd_ProfileName/wnd_ProfileName.h"
 #include "tests/control/profiles/profile_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/waiting.h"
 
 // What the tests of the profile name window share: an owner, the window, and its places.
@@ -67,7 +68,7 @@ public:
     NameWindow& operator=(const NameWindow&) = delete;
     operator HWND() const { return window_; }
     HWND control(int id) const { return GetDlgItem(window_, id); }
-    HWND edit() const { return control(3); }
+    HWND edit() const { return control(name_control::kName); }
     void press(int id) const { SendMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0); }
     std::wstring typed() const
     {

@@ -8,6 +8,7 @@
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/windows_lookup.h"
 
@@ -153,7 +154,8 @@ TEST(ProfileNamePainting, TakesSizesAndNotificationsWithoutDoingAnything)
     for (const int id : {1, 2, 3})
         places += place_in_parent(window.control(id)) + "; ";
     EXPECT_EQ(SendMessageW(window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(50, 40)), 0);
-    NMHDR notification{.hwndFrom = window.control(1), .idFrom = 1, .code = static_cast<UINT>(NM_CLICK)};
+    NMHDR notification{
+        .hwndFrom = window.control(name_control::kOk), .idFrom = 1, .code = static_cast<UINT>(NM_CLICK)};
     EXPECT_EQ(SendMessageW(window, WM_NOTIFY, 1, reinterpret_cast<LPARAM>(&notification)), 0);
     EXPECT_EQ(SendMessageW(window, WM_NOTIFY, 0, 0), 0);
     std::string places_after;
@@ -180,7 +182,8 @@ TEST(ProfileNamePainting, MeasuresItsButtonsFromTheWidthItReallyHas)
     ASSERT_GT(width, 20);
     const int bw = part(0.045F, GetSystemMetrics(SM_CXSCREEN));
     const int bh = part(0.025F, GetSystemMetrics(SM_CYSCREEN));
-    EXPECT_EQ(place_in_parent(GetDlgItem(narrow, 1)), place(width - bw - 10, 5, bw, bh));
-    EXPECT_EQ(place_in_parent(GetDlgItem(narrow, 2)), place(width - bw - 10, 10 + bh, bw, bh));
+    EXPECT_EQ(place_in_parent(GetDlgItem(narrow, name_control::kOk)), place(width - bw - 10, 5, bw, bh));
+    EXPECT_EQ(place_in_parent(GetDlgItem(narrow, name_control::kCancel)),
+              place(width - bw - 10, 10 + bh, bw, bh));
     DestroyWindow(narrow);
 }

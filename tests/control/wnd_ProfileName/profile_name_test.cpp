@@ -6,6 +6,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/waiting.h"
 
 namespace
@@ -266,7 +267,7 @@ TEST(ProfileName, RefusesMissingHandles)
 TEST(ProfileName, ReportsTwiceWhenNoWindowIsCancelled)
 {
     BoxWatcher boxes;
-    WndProc_wnd_ProfileName(nullptr, WM_COMMAND, 2, 0);
+    WndProc_wnd_ProfileName(nullptr, WM_COMMAND, name_control::kCancel, 0);
     boxes.expect_boxes(
         {name_box(L"on_Button_CANCEL", 548, 571, L"incorrect input parameters:\nhwndThis = 0000000000000000"),
          name_box(L"WndProc_wnd_ProfileName", 289, 394,

@@ -10,6 +10,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/report_texts.h"
 #include "tests/support/test_window.h"
@@ -114,7 +115,7 @@ TEST(ListOfWindows, StaysWithItsButtonsWhenThereIsNoFont)
         EXPECT_NE(GetDlgItem(hwnd_ScanListView, button), nullptr);
         EXPECT_EQ(font_of_button(button), nullptr);
     }
-    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
+    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, list_control::kList), nullptr);
 }
 
 TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
@@ -167,7 +168,7 @@ TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
     BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);
     boxes.expect_boxes({{bytes_as_wide("ERROR"), text(hwnd_ScanListView)}});
-    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, 4), nullptr);
+    EXPECT_EQ(GetDlgItem(hwnd_ScanListView, list_control::kList), nullptr);
     EXPECT_NE(hwnd_ScanListView, nullptr);
 
     // The window is kept, for the routine has done what it could.

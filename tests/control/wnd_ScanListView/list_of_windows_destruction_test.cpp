@@ -13,6 +13,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/text.h"
 #include "tests/support/waiting.h"
@@ -154,7 +155,7 @@ TEST(ListOfWindows, TakesItsDialogsDownAfterItsMenu)
 {
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
-    SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+    SendMessageW(hwnd_ScanListView, WM_COMMAND, list_control::kModifyCell, 0);
     const HWND name_window = create_wnd_ProfileName(hwnd_ScanListView);
     COPYDATASTRUCT data{.dwData = 1, .cbData = 0, .lpData = nullptr}; // tells who sent it, and nothing else
     SendMessageW(hwnd_ScanListView, WM_COPYDATA, reinterpret_cast<WPARAM>(name_window),
@@ -264,7 +265,9 @@ TEST(ListOfWindows, LeavesTheButtonsOfTheNextListAlone)
             return move.call_original(window, to...);
         });
         SendMessageW(next, WM_SIZE, SIZE_RESTORED, MAKELPARAM(500, 300));
-        EXPECT_EQ(placed, (std::vector<HWND>{GetDlgItem(next, 1), GetDlgItem(next, 2), GetDlgItem(next, 4)}));
+        EXPECT_EQ(placed, (std::vector<HWND>{GetDlgItem(next, list_control::kMove),
+                                             GetDlgItem(next, list_control::kCreateProfile),
+                                             GetDlgItem(next, list_control::kList)}));
         for (const HWND window : {unfinished, older, next})
             DestroyWindow(window);
     }
@@ -289,7 +292,7 @@ TEST(ListOfWindows, LeavesNoDialogBehindWhenItIsDestroyedWhileTheDialogIsMade)
             return box.call_original(arguments...);
         });
         const BoxWatcher boxes;
-        SendMessageW(window, WM_COMMAND, 101, 0);
+        SendMessageW(window, WM_COMMAND, list_control::kModifyCell, 0);
         boxes.expect_boxes({{L"error", L"err, hEdit = NULL, func WndProc"},
                             {L"error", L"error, SetWindowLongPtr, GWL_WNDPROC, TAB focus changing"}});
         EXPECT_FALSE(IsWindow(window));
@@ -297,7 +300,7 @@ TEST(ListOfWindows, LeavesNoDialogBehindWhenItIsDestroyedWhileTheDialogIsMade)
         EXPECT_EQ(hwnd_ScanListView != nullptr, scanned_again);
     }
     // The next list has a dialog of its own, which goes with it.
-    SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+    SendMessageW(hwnd_ScanListView, WM_COMMAND, list_control::kModifyCell, 0);
     EXPECT_NE(FindWindowW(L"Modify Cell Window", nullptr), nullptr);
     DestroyWindow(hwnd_ScanListView);
     EXPECT_EQ(FindWindowW(L"Modify Cell Window", nullptr), nullptr);

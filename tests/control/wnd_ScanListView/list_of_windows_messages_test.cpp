@@ -12,6 +12,7 @@
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/control/wnd_ScanListView/windows_made.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/windows_lookup.h"
 
@@ -131,7 +132,7 @@ TEST(ListOfWindows, TakesClicksOfItsListOnly)
         SendMessageW(hwnd_ScanListView, WM_NOTIFY, id, reinterpret_cast<LPARAM>(&told));
     };
     click(list.window(), 5);
-    click(GetDlgItem(hwnd_ScanListView, 1), 4);
+    click(GetDlgItem(hwnd_ScanListView, list_control::kMove), 4);
     click(nullptr, 4);
     EXPECT_EQ(menus, 0);
     click(list.window(), 4);
@@ -148,11 +149,12 @@ TEST(ListOfWindows, TakesCommandsAsItsButtonsAndItsMenuSendThem)
         const auto button = reinterpret_cast<LPARAM>(GetDlgItem(window, id));
         EXPECT_EQ(SendMessageW(window, WM_COMMAND, MAKEWPARAM(id, 1), button), 0);
     }
-    SendMessageW(window, WM_COMMAND, MAKEWPARAM(101, 1), 0);
-    SendMessageW(window, WM_COMMAND, 101, reinterpret_cast<LPARAM>(GetDlgItem(window, 1)));
+    SendMessageW(window, WM_COMMAND, MAKEWPARAM(list_control::kModifyCell, 1), 0);
+    SendMessageW(window, WM_COMMAND, list_control::kModifyCell,
+                 reinterpret_cast<LPARAM>(GetDlgItem(window, list_control::kMove)));
     boxes.expect_no_boxes();
     EXPECT_EQ(modify_cell(), nullptr);
-    SendMessageW(window, WM_COMMAND, 101, 0);
+    SendMessageW(window, WM_COMMAND, list_control::kModifyCell, 0);
     EXPECT_NE(modify_cell(), nullptr);
     DestroyWindow(modify_cell());
 }

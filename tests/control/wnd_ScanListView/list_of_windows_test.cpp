@@ -10,6 +10,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/real_input.h"
 #include "tests/support/text.h"
@@ -61,12 +62,14 @@ void expect_layout()
     GetClientRect(hwnd_ScanListView, &client);
     const int bw = screen_fraction(0.09F, SM_CXSCREEN);
     const int bh = screen_fraction(0.03F, SM_CYSCREEN);
-    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, 1))), rectangle_text(5, 5, bw, bh));
-    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, 2))), rectangle_text(bw + 10, 5, bw, bh));
-    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, 4))),
+    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, list_control::kMove))),
+              rectangle_text(5, 5, bw, bh));
+    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, list_control::kCreateProfile))),
+              rectangle_text(bw + 10, 5, bw, bh));
+    EXPECT_EQ(text_of(in_client(GetDlgItem(hwnd_ScanListView, list_control::kList))),
               rectangle_text(5, bh + 10, client.right - 10, client.bottom - (bh + 10) - 5));
     const double fractions[] = {0.088, 0.56, 0.088, 0.088, 0.088, 0.088};
-    const RemoteListView list(GetDlgItem(hwnd_ScanListView, 4));
+    const RemoteListView list(GetDlgItem(hwnd_ScanListView, list_control::kList));
     for (int i = 0; i < 6; ++i)
         EXPECT_EQ(list.column_width(i), static_cast<int>(fractions[i] * client.right)) << "column " << i;
 }
@@ -98,11 +101,11 @@ TEST(ListOfWindows, HasItsColumnsButtonsAndStyles)
     EXPECT_EQ(list.extended_style(), 0x10005u);
     EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(list.window(), GWL_STYLE)) & 0xFFFF, 0x0009u);
     EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(list.window(), GWL_STYLE)) & 0x50800000u, 0x50800000u);
-    EXPECT_EQ(title_of(GetDlgItem(hwnd_ScanListView, 1)), L"Move");
-    EXPECT_EQ(title_of(GetDlgItem(hwnd_ScanListView, 2)), L"Create Profile");
+    EXPECT_EQ(title_of(GetDlgItem(hwnd_ScanListView, list_control::kMove)), L"Move");
+    EXPECT_EQ(title_of(GetDlgItem(hwnd_ScanListView, list_control::kCreateProfile)), L"Create Profile");
     for (const int id : {1, 2})
         EXPECT_EQ(GetWindowLongW(GetDlgItem(hwnd_ScanListView, id), GWL_STYLE), 0x50000300);
-    const HWND button = GetDlgItem(hwnd_ScanListView, 1);
+    const HWND button = GetDlgItem(hwnd_ScanListView, list_control::kMove);
     LOGFONTW font{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0)), sizeof font, &font);
     EXPECT_EQ(font.lfWeight, 700);
@@ -278,12 +281,12 @@ TEST(ListOfWindows, PassesOnThatNoRowWasHitBelowTheLast)
         click_list(list, NM_RCLICK, below);
         EXPECT_EQ(menus, (std::vector<std::string>{std::to_string(below.x) + "," + std::to_string(below.y)}));
         const BoxWatcher boxes;
-        SendMessageW(hwnd_ScanListView, WM_COMMAND, 101, 0);
+        SendMessageW(hwnd_ScanListView, WM_COMMAND, list_control::kModifyCell, 0);
         EXPECT_EQ(cell, (std::vector<std::uint32_t>{0xFFFFFFFF, static_cast<std::uint32_t>(column)}));
         const HWND dialog = FindWindowW(L"Modify Cell Window", nullptr);
         ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(dialog, 0)), 0);
-        SendMessageW(dialog, WM_COMMAND, 4, 0);
+        EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(dialog, cell_control::kX)), 0);
+        SendMessageW(dialog, WM_COMMAND, cell_control::kOk, 0);
         EXPECT_EQ(boxes.count(), 1u); // that there is no such row
         EXPECT_TRUE(IsWindow(dialog));
         DestroyWindow(dialog);

@@ -7,6 +7,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/support/control_ids.h"
 
 namespace
 {
@@ -136,7 +137,7 @@ TEST(CreateProfile, LeavesAnOpenNameWindowWhenNothingIsTicked)
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
     const HWND first = list.ask_name_for({1});
-    SetWindowTextW(GetDlgItem(first, 3), L"typed");
+    SetWindowTextW(GetDlgItem(first, name_control::kName), L"typed");
     list.untick(1);
     const Releases releases("kernel32.dll", -1, TRUE, 0);
     const BoxWatcher boxes;
@@ -144,7 +145,7 @@ TEST(CreateProfile, LeavesAnOpenNameWindowWhenNothingIsTicked)
     boxes.expect_boxes({kNothingTicked});
     EXPECT_EQ(name_window(), first);
     wchar_t typed[8] = {};
-    GetWindowTextW(GetDlgItem(first, 3), typed, 8);
+    GetWindowTextW(GetDlgItem(first, name_control::kName), typed, 8);
     EXPECT_STREQ(typed, L"typed");
     EXPECT_EQ(releases.calls(), 8); // its profile is abandoned all the same
     EXPECT_NE(list.ask_name_for({2}), first);
@@ -178,7 +179,7 @@ TEST(CreateProfile, GivesBackTheArraysOfAProfileThatWasAbandoned)
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
     const HWND first = list.ask_name_for({1});
-    SendMessageW(first, WM_COMMAND, 2, 0); // Cancel
+    SendMessageW(first, WM_COMMAND, name_control::kCancel, 0);
     EXPECT_EQ(name_window(), nullptr);
     const Releases releases("kernel32.dll", -1, TRUE, 0);
     list.press_create_profile();

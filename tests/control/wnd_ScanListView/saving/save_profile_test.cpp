@@ -8,6 +8,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/file_dialogs.h"
 
 using namespace profile_tests;
@@ -126,8 +127,8 @@ TEST(SaveProfile, CreatesNoFileAfterEitherCancel)
     {
         AnsweredSaveDialog dialog(folder.file(L"name cancelled.txt"));
         const HWND name = list.ask_name_for({1});
-        SetWindowTextW(GetDlgItem(name, 3), L"x");
-        SendMessageW(name, WM_COMMAND, 2, 0);
+        SetWindowTextW(GetDlgItem(name, name_control::kName), L"x");
+        SendMessageW(name, WM_COMMAND, name_control::kCancel, 0);
         EXPECT_FALSE(IsWindow(name));
         EXPECT_EQ(dialog.asked, 0);
     }
@@ -229,7 +230,7 @@ TEST(SaveProfile, AddsTheEndingThatTheRealSaveDialogWasGiven)
         title = test_support::file_dialog_title(dialog);
         proposed = test_support::file_dialog_name(dialog);
         // Create Profile, pressed by another program, would begin a new record below the dialog.
-        SendMessageW(list.window, WM_COMMAND, 2, 0);
+        SendMessageW(list.window, WM_COMMAND, list_control::kCreateProfile, 0);
         test_support::choose_file(GetCurrentProcessId(), folder.file(L"real"));
     });
     enter_name(name, L"Real");

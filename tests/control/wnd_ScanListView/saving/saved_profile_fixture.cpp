@@ -9,6 +9,7 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 #include "tests/control/profiles/profile_fixture.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/test_window.h"
 #include "tests/support/waiting.h"
 
@@ -153,8 +154,8 @@ HWND name_window()
 
 void enter_name(HWND window, const std::wstring& name)
 {
-    SetWindowTextW(GetDlgItem(window, 3), name.c_str());
-    SendMessageW(window, WM_COMMAND, 1, 0);
+    SetWindowTextW(GetDlgItem(window, name_control::kName), name.c_str());
+    SendMessageW(window, WM_COMMAND, name_control::kOk, 0);
 }
 
 LRESULT send_name(const ListOfWindows& list, HWND sender, ULONG_PTR data, const std::wstring& name,

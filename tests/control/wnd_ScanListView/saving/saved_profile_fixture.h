@@ -12,6 +12,7 @@
 
 #include "sources/wnd_ScanListView/saving/profile_writing.h"
 #include "tests/support/box_watcher.h"
+#include "tests/support/control_ids.h"
 #include "tests/support/files.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/profile_encoder.h"
@@ -71,7 +72,7 @@ public:
     {
         return SendMessageW(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) != 0;
     }
-    void press_create_profile() const { SendMessageW(window, WM_COMMAND, 2, 0); }
+    void press_create_profile() const { SendMessageW(window, WM_COMMAND, list_control::kCreateProfile, 0); }
     // Ticks the rows, presses Create Profile and returns the name window.
     HWND ask_name_for(const std::vector<int>& rows) const;
 

@@ -7,6 +7,7 @@
 #include "tests/support/import_patch.h"
 #include "tests/support/stopped_window.h"
 #include "tests/support/test_window.h"
+#include "tests/support/waiting.h"
 
 using namespace test_support;
 
@@ -71,6 +72,21 @@ TEST(AskedWindows, AreWaitedForNoLongerThanTheTimeLimit)
     stopped.go_on();
     EXPECT_FALSE(asked.answers(window)) << "it is asked once";
     EXPECT_TRUE(becomes_true([&] { return AskedWindows().answers(window); }));
+}
+
+TEST(AskedWindows, AreWaitedForWhileTheyAreBusy)
+{
+    FixturePrograms programs;
+    programs.add(L"busy");
+    const HWND window = programs.start(L"busy");
+    const StoppedWindow stopped(window);
+    const Background let_go([&] {
+        // It handles messages again only after it has left another question without an answer.
+        DWORD_PTR unused = 0;
+        SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, 1000, &unused);
+        stopped.go_on();
+    });
+    EXPECT_TRUE(AskedWindows().answers(window));
 }
 
 // Nobody waits for a window that is gone: the calls on it fail at once.

@@ -11,6 +11,7 @@
 #include "tests/support/files.h"
 #include "tests/support/profile_encoder.h"
 #include "tests/support/remote_memory.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
 
@@ -26,13 +27,11 @@ class HostileDrops : public hostile::AllWindowsOpen
 {
 };
 
-ExpectedBox drop_box(int line, int handler, const std::string& detail)
+ExpectedBox drop_box(int site, int handler, const std::wstring& detail)
 {
     return {bytes_as_wide("error"),
-            bytes_as_wide(
-                "error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\non_wm_dropfiles\n\nline:\n" +
-                std::to_string(line) + "\n\n" + detail + "\n\nline of error handler:\n" +
-                std::to_string(handler))};
+            shown_as_bytes(
+                gap_text({L"sources/funcs_layout_windows", L"on_wm_dropfiles", site, handler}, detail))};
 }
 
 TEST_F(HostileDrops, OfWrongHandlesAndListsAreReportedAndNothingElse)
@@ -78,7 +77,7 @@ TEST_F(HostileDrops, OfWrongHandlesAndListsAreReportedAndNothingElse)
          }},
     };
     const ExpectedBox query =
-        drop_box(9142, 9251, "error, one of callable functions returned error, DragQueryFile( )");
+        drop_box(9142, 9251, L"error, one of callable functions returned error, DragQueryFile( )");
     for (const auto& drop : drops) {
         SCOPED_TRACE(drop.what);
         const WPARAM handle = drop.handle();

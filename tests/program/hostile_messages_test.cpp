@@ -136,10 +136,9 @@ TEST_F(HostileMessages, CellsOfRowsThatAreNotThereChangeNothing)
         SetDlgItemTextW(modify_cell_window_, 0, L"77");
         wendlow_.press(GetDlgItem(modify_cell_window_, cell_control::kOk));
         expected.push_back(
-            {L"error", L"error\n\nfile:\nsources/wnd_ModifyCell\nfunction:\non_Button_OK\nline:\n668\n\n"
-                       L"incorrect input parameters:\nrow = " +
-                           std::to_wstring(row) + L", counter_valid = " + std::to_wstring(rows) +
-                           L"\nline of error handler:845"});
+            {L"error", compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 668, 845},
+                                    L"incorrect input parameters:\nrow = " + std::to_wstring(row) +
+                                        L", counter_valid = " + std::to_wstring(rows))});
         boxes_.expect_boxes(expected);
     }
     for (int row = 0; row < rows; ++row)

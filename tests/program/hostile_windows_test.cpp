@@ -10,6 +10,7 @@
 #include "tests/support/files.h"
 #include "tests/support/fixture_programs.h"
 #include "tests/support/profile_encoder.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 #include "tests/support/wendlow_process.h"
 #include "tests/support/windows_lookup.h"
@@ -280,9 +281,8 @@ TEST(HostileWindows, MayDieWhileTheyAreLoaded)
     // gone.
     std::size_t passes_ended = 0;
     while (boxes.wait_for_box(passes_ended, kLongWait).text ==
-           L"error\n\nfile:\nsources/"
-           L"funcs_layout_windows\nfunction:\nGetHWNDS_of_LoadedPrograms\nline:\n8405\n\n"
-           L"ERROR <- GetModuleFileNameEx()\nline of error handler:8713")
+           compact_text({L"sources/funcs_layout_windows", L"GetHWNDS_of_LoadedPrograms", 8405, 8713},
+                        L"ERROR <- GetModuleFileNameEx()"))
         ++passes_ended;
     EXPECT_EQ(boxes.wait_for_box(passes_ended, kLongWait).text,
               L"Not all Programs of Profile were detected after launching\n");

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "tests/support/text.h"
+
 namespace test_support
 {
 namespace
@@ -47,6 +49,26 @@ std::wstring handler_first_text(const Where& where, const std::wstring& detail)
 {
     return spaced_head(where) + L"\nline of error handler:\n" + std::to_wstring(where.handler) + L"\n" +
            detail;
+}
+
+std::wstring inline_text(const Where& where, const std::wstring& detail)
+{
+    return L"error\nfile: " + where.file + L"\nfunction: " + where.function + L"\nline: " +
+           std::to_wstring(where.site) + L"\n" + detail;
+}
+
+std::wstring shouted_text(const Where& where, const std::wstring& detail)
+{
+    return L"\nERROR\n\nfile:\n\n" + where.file + L"\nfunction:\n\n" + where.function + L"\nline:\n\n" +
+           std::to_wstring(where.site) + L"\n\n" + detail;
+}
+
+std::wstring shown_as_bytes(const std::wstring& text)
+{
+    std::string bytes;
+    for (const wchar_t unit : text)
+        bytes += static_cast<char>(unit);
+    return bytes_as_wide(bytes);
 }
 
 } // namespace test_support

@@ -15,11 +15,17 @@ struct Where {
     std::wstring file;
     std::wstring function;
     int site;
-    int handler;
+    int handler = 0;
 };
 std::wstring compact_text(const Where& where, const std::wstring& detail);
 std::wstring spaced_text(const Where& where, const std::wstring& detail);
 std::wstring gap_text(const Where& where, const std::wstring& detail);
 std::wstring handler_first_text(const Where& where, const std::wstring& detail);
+// These two do not tell the line of the handler.
+std::wstring inline_text(const Where& where, const std::wstring& detail);
+std::wstring shouted_text(const Where& where, const std::wstring& detail);
+
+// A text of characters below U+0100 whose bytes are handed over as wide characters, two in each.
+std::wstring shown_as_bytes(const std::wstring& text);
 
 } // namespace test_support

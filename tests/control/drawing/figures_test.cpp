@@ -44,9 +44,8 @@ TEST(Figures, TakesALineWithoutLengthForAnError)
 {
     const Canvas canvas(20, 20);
     const auto text = [](HDC dc, const wchar_t* points) {
-        return L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nvex_DrawLine\n\nline:\n3151\n\n"
-               L"incorrect input:\nhdc = " +
-               pointer(dc) + points + L"\n\nline of error handler:\n3179";
+        return gap_text({L"sources/funcs_layout_windows", L"vex_DrawLine", 3151, 3179},
+                        L"incorrect input:\nhdc = " + pointer(dc) + points);
     };
     const BoxWatcher boxes;
     EXPECT_EQ(vex_DrawLine(canvas.dc(), 4, 5, 4, 5), -1);
@@ -147,10 +146,9 @@ TEST(Figures, RefusesAMiniatureWithoutWindowContextOrSize)
 {
     const Canvas canvas(20, 20);
     const auto text = [](HWND window, HDC dc, const wchar_t* size) {
-        return L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\ndraw_wnd_frame\n\nline:\n3214\n\n"
-               L"incorrect input:\nhwnd_MW = " +
-               pointer(window) + L", hdc_MW = " + pointer(dc) + size +
-               L"\nreturn code : -1\n\nline of error handler:\n3338";
+        return gap_text({L"sources/funcs_layout_windows", L"draw_wnd_frame", 3214, 3338},
+                        L"incorrect input:\nhwnd_MW = " + pointer(window) + L", hdc_MW = " + pointer(dc) +
+                            size + L"\nreturn code : -1");
     };
     const BoxWatcher boxes;
     EXPECT_EQ(draw_wnd_frame(nullptr, canvas.dc(), 0, 0, 5, 6), -1);

@@ -89,10 +89,9 @@ TEST(Fonts, ReportsAMissingFaceNameAndMakesAFontAllTheSame)
 {
     const BoxWatcher boxes;
     const HFONT font = vex_CreateFont(10, 400, 0, 0, 0, 16, nullptr);
-    boxes.expect_boxes(
-        {{L"error", L"error\nfile: sources/funcs_layout_windows\nfunction: vex_CreateFont\nline: 2861\n"
-                    L"incorrect input parameters, func vex_CreateFont()\n"
-                    L"pcTypeFaceName = 0000000000000000"}});
+    boxes.expect_boxes({{L"error", inline_text({L"sources/funcs_layout_windows", L"vex_CreateFont", 2861},
+                                               L"incorrect input parameters, func vex_CreateFont()\n"
+                                               L"pcTypeFaceName = 0000000000000000")}});
     EXPECT_NE(font, nullptr);
     DeleteObject(font);
 }
@@ -210,14 +209,14 @@ TEST(Fonts, RefusesBadInput)
 {
     const Canvas canvas(10, 10);
     const auto one = [](HDC dc, const wchar_t* limit) {
-        return L"error\nfile: sources/funcs_layout_windows\nfunction: FindFontSize\nline: 2912\n"
-               L"incorrect input parameters, func FindFontSize()\nhdc = " +
-               pointer(dc) + L", hREC = " + limit;
+        return inline_text({L"sources/funcs_layout_windows", L"FindFontSize", 2912},
+                           L"incorrect input parameters, func FindFontSize()\nhdc = " + pointer(dc) +
+                               L", hREC = " + limit);
     };
     const auto two = [](HDC dc, const wchar_t* limits, const void* text) {
-        return L"error\nfile: sources/funcs_layout_windows\nfunction: FindFontSize_fit_H_and_W\nline: 3024\n"
-               L"incorrect input parameters, func FindFontSize_fit_H_and_W()\nhdc = " +
-               pointer(dc) + limits + pointer(text);
+        return inline_text({L"sources/funcs_layout_windows", L"FindFontSize_fit_H_and_W", 3024},
+                           L"incorrect input parameters, func FindFontSize_fit_H_and_W()\nhdc = " +
+                               pointer(dc) + limits + pointer(text));
     };
     const wchar_t text[] = L"x";
     const BoxWatcher boxes;

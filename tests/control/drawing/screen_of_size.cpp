@@ -1,4 +1,5 @@
 #include "tests/control/drawing/screen_of_size.h"
+#include "tests/support/report_texts.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +37,9 @@ SIZE size_in_font(HDC dc, int font_height, const wchar_t* text, int units)
 // The first box of a control without room for its text.
 ExpectedBox no_room_box(const SeenBox& seen)
 {
-    const std::wstring beginning = L"error\nfile: sources/funcs_layout_windows\nfunction: "
-                                   L"FindFontSize_fit_H_and_W\nline: 3024\nincorrect input parameters, func "
-                                   L"FindFontSize_fit_H_and_W()\nhdc = ";
+    const std::wstring beginning =
+        test_support::inline_text({L"sources/funcs_layout_windows", L"FindFontSize_fit_H_and_W", 3024},
+                                  L"incorrect input parameters, func FindFontSize_fit_H_and_W()\nhdc = ");
     // The device context is known to the program only.
     return {L"error", beginning + seen.text.substr(std::min(beginning.size(), seen.text.size()))};
 }

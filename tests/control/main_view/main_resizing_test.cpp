@@ -115,17 +115,13 @@ TEST(MainResizing, GoesOnWithoutTheListsAndApply)
 TEST(MainResizing, RefusesNullArgumentsInUnreadableWords)
 {
     Layout layout;
-    const auto narrow = [](const void* value) {
-        const std::wstring text = pointer(value);
-        return std::string(text.begin(), text.end());
-    };
     const auto box = [&](HWND window, const void* record, HWND scan, HWND load) {
         return ExpectedBox{
             bytes_as_wide("error"),
-            bytes_as_wide("error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\non_WM_SIZE\n\n"
-                          "line:\n1491\n\nincorrect input:\nhwnd_MW = " +
-                          narrow(window) + ", pSTR_GeomLt = " + narrow(record) + ", hWndBTN00 = " +
-                          narrow(scan) + ", hWndBTN02 = " + narrow(load) + "\nline of error handler:\n1713")};
+            shown_as_bytes(spaced_text({L"sources/funcs_layout_windows", L"on_WM_SIZE", 1491, 1713},
+                                       L"incorrect input:\nhwnd_MW = " + pointer(window) +
+                                           L", pSTR_GeomLt = " + pointer(record) + L", hWndBTN00 = " +
+                                           pointer(scan) + L", hWndBTN02 = " + pointer(load)))};
     };
     const auto size = [&](HWND window, STR_GeomLt* record, HWND scan, HWND load) {
         return on_WM_SIZE(window, 0, MAKELPARAM(600, 400), record, scan, load, layout.apply, layout.profile,

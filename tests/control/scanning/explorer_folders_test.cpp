@@ -294,17 +294,15 @@ TEST(ExplorerFolders, AreNoneWhenTheyCannotBeCounted)
 
 TEST(ExplorerFolders, RefuseANullRecord)
 {
-    const auto text = [](const wchar_t* function, const wchar_t* line, const wchar_t* handler) {
-        return std::wstring(L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\n") + function +
-               L"\n\nline:\n" + line +
-               L"\n\nincorrect input parameters:pSTR_params = 0000000000000000\n\nline of error handler:\n" +
-               handler;
+    const auto text = [](const wchar_t* function, int site, int handler) {
+        return gap_text({L"sources/funcs_layout_windows", function, site, handler},
+                        L"incorrect input parameters:pSTR_params = 0000000000000000");
     };
     const BoxWatcher boxes;
     EXPECT_EQ(GetCurrentExplorerFolders_01(nullptr), -1);
     EXPECT_EQ(GetCurrentExplorerFolders_02(nullptr), -1);
-    boxes.expect_boxes({{L"error", text(L"GetCurrentExplorerFolders_01", L"1802", L"1996")},
-                        {L"error", text(L"GetCurrentExplorerFolders_02", L"2038", L"2307")}});
+    boxes.expect_boxes({{L"error", text(L"GetCurrentExplorerFolders_01", 1802, 1996)},
+                        {L"error", text(L"GetCurrentExplorerFolders_02", 2038, 2307)}});
 }
 
 TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
@@ -328,11 +326,12 @@ TEST(ExplorerFolders, RefuseARecordWithAMissingBlock)
         EXPECT_EQ(GetCurrentExplorerFolders_02(&scan_record), -1);
         boxes.expect_boxes(
             {{L"error",
-              L"error\n\nfile:\nsources/funcs_layout_windows\n\nfunction:\nGetCurrentExplorerFolders_02\n\n"
-              L"line:\n2053\n\nincorrect input parameters:pSTR_params->pcDynMem_WinHndls = " +
-                  pointer(scan_record.pcDynMem_WinHndls) + L"\npSTR_params->pcDynMem_FullPaths = " +
-                  pointer(scan_record.pcDynMem_FullPaths) + L"\npSTR_params->arr1D_uc_flag_FP = " +
-                  pointer(scan_record.arr1D_uc_flag_FP) + L"\nline of error handler:\n2334"}});
+              spaced_text(
+                  {L"sources/funcs_layout_windows", L"GetCurrentExplorerFolders_02", 2053, 2334},
+                  L"incorrect input parameters:pSTR_params->pcDynMem_WinHndls = " +
+                      pointer(scan_record.pcDynMem_WinHndls) + L"\npSTR_params->pcDynMem_FullPaths = " +
+                      pointer(scan_record.pcDynMem_FullPaths) + L"\npSTR_params->arr1D_uc_flag_FP = " +
+                      pointer(scan_record.arr1D_uc_flag_FP))}});
         EXPECT_EQ(scan_record.counter_folders, 7u);
         EXPECT_EQ(scan_record.uiMaxLen_inBytes_FolderPath, 7u);
     }

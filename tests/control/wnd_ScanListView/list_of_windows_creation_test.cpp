@@ -154,16 +154,12 @@ TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
     const auto text = [&](HWND parent) {
         RECT client{};
         GetClientRect(parent, &client);
-        const auto narrow = [](const std::wstring& digits) {
-            return std::string(digits.begin(), digits.end());
-        };
-        return bytes_as_wide("\nERROR\n\nfile:\n\nsources/"
-                             "wnd_ScanListView\nfunction:\n\non_WM_CREATE_02_ListView\nline:\n\n641\n\n"
-                             "NULL <- CreateWindowEx()\nw = " +
-                             std::to_string(client.right) + "\nh = " + std::to_string(client.bottom) +
-                             "\nuiCtlID = 4\nhwndThis = " + narrow(pointer(parent)) +
-                             "\nhInst = " + narrow(pointer(GetModuleHandleW(nullptr))) + "\nWC_LISTVIEW = " +
-                             std::to_string(static_cast<int>(reinterpret_cast<INT_PTR>(class_name))));
+        return shown_as_bytes(shouted_text(
+            {L"sources/wnd_ScanListView", L"on_WM_CREATE_02_ListView", 641},
+            L"NULL <- CreateWindowEx()\nw = " + std::to_wstring(client.right) + L"\nh = " +
+                std::to_wstring(client.bottom) + L"\nuiCtlID = 4\nhwndThis = " + pointer(parent) +
+                L"\nhInst = " + pointer(GetModuleHandleW(nullptr)) + L"\nWC_LISTVIEW = " +
+                std::to_wstring(static_cast<int>(reinterpret_cast<INT_PTR>(class_name)))));
     };
     BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);

@@ -13,6 +13,7 @@
 #include "tests/support/control_ids.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/real_input.h"
+#include "tests/support/report_texts.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_lookup.h"
 
@@ -307,9 +308,9 @@ TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
     EXPECT_EQ(on_WM_NOTIFY_ListView(nullptr, list, 0, 0, &header), -1);
     EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, nullptr, 0, 0, &header), -1);
     EXPECT_EQ(on_WM_NOTIFY_ListView(hwnd_ScanListView, list, 0, 0, nullptr), -1);
-    const ExpectedBox box{bytes_as_wide("ERROR"),
-                          bytes_as_wide("\nERROR\n\nfile:\n\nsources/wnd_ScanListView\nfunction:\n\n"
-                                        "on_WM_NOTIFY_ListView\nline:\n\n871\n\n")};
+    const ExpectedBox box{
+        bytes_as_wide("ERROR"),
+        shown_as_bytes(shouted_text({L"sources/wnd_ScanListView", L"on_WM_NOTIFY_ListView", 871}, L""))};
     boxes.expect_boxes({box, box, box});
     EXPECT_EQ(scan_list.hit_cell.iRow, 7);
     EXPECT_EQ(scan_list.hit_cell.iColumn, 8);

@@ -7,6 +7,7 @@
 #include "benchmarks/bare/bare_load.h"
 #include "benchmarks/bare/bare_main_window.h"
 #include "benchmarks/bare/bare_scan.h"
+#include "tests/support/control_ids.h"
 
 namespace
 {
@@ -20,10 +21,11 @@ void load_dropped(HDROP drop)
 
 void on_button(HWND window, int id)
 {
-    if (id == bare::kScan)
+    if (id == main_control::kScan)
         bare::scan(reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(window, GWLP_HINSTANCE)));
-    else if (id == bare::kApply)
-        bare::apply(static_cast<int>(SendMessageW(GetDlgItem(window, bare::kAction), CB_GETCURSEL, 0, 0)));
+    else if (id == main_control::kApply)
+        bare::apply(
+            static_cast<int>(SendMessageW(GetDlgItem(window, main_control::kAction), CB_GETCURSEL, 0, 0)));
 }
 
 LRESULT CALLBACK window_procedure(HWND window, UINT message, WPARAM wide, LPARAM narrow)

@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "resources/resource_ids.h"
+#include "tests/support/control_ids.h"
 
 namespace bare
 {
@@ -23,11 +24,11 @@ struct Control {
     int y;
 };
 constexpr Control kControls[] = {
-    {L"button", L"Scan", kButton_style, kScan, 10},
-    {L"button", L"Load Profile", kButton_style, kLoad_profile, 70},
-    {L"ComboBox", L"", kCombo_style, kProfile, 130},
-    {L"ComboBox", L"", kCombo_style, kAction, 190},
-    {L"button", L"Apply", kButton_style, kApply, 250},
+    {L"button", L"Scan", kButton_style, main_control::kScan, 10},
+    {L"button", L"Load Profile", kButton_style, main_control::kLoadProfile, 70},
+    {L"ComboBox", L"", kCombo_style, main_control::kProfile, 130},
+    {L"ComboBox", L"", kCombo_style, main_control::kAction, 190},
+    {L"button", L"Apply", kButton_style, main_control::kApply, 250},
 };
 
 void create_controls(HWND window, HINSTANCE instance)
@@ -43,7 +44,7 @@ void create_controls(HWND window, HINSTANCE instance)
             reinterpret_cast<HMENU>(static_cast<INT_PTR>(control.id)), instance, nullptr);
         SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
     }
-    const HWND action = GetDlgItem(window, kAction);
+    const HWND action = GetDlgItem(window, main_control::kAction);
     for (const wchar_t* name : {L"Minimize", L"Restore", L"Close"})
         SendMessageW(action, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name));
 }

@@ -1,17 +1,10 @@
-// A window with the controls of the program's main window, made with bare calls.
+// A window with the controls of the program's main window, and their identifiers, made with bare calls.
 #pragma once
 
 #include <windows.h>
 
 namespace bare
 {
-
-// The controls have the ids of the program's.
-inline constexpr int kScan = 1;
-inline constexpr int kLoad_profile = 2;
-inline constexpr int kProfile = 4;
-inline constexpr int kAction = 5;
-inline constexpr int kApply = 6;
 
 // Positions of the Action list.
 inline constexpr int kMinimise = 0;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 namespace test_support
 {
 
@@ -12,3 +14,17 @@ inline bool under_wine()
 }
 
 } // namespace test_support
+
+// The first step of a test, or of a fixture's SetUp, that only one of the two systems can run: on the other
+// one it is skipped, and says why. docs/windows.md lists every such test.
+//     ONLY_UNDER_WINE("the shell's folder windows are programs of their own there");
+#define ONLY_UNDER_WINE(reason)                                                                              \
+    if (::test_support::under_wine())                                                                        \
+        SUCCEED();                                                                                           \
+    else                                                                                                     \
+        GTEST_SKIP() << "only under Wine: " << (reason)
+#define ONLY_ON_WINDOWS(reason)                                                                              \
+    if (!::test_support::under_wine())                                                                       \
+        SUCCEED();                                                                                           \
+    else                                                                                                     \
+        GTEST_SKIP() << "only on Windows: " << (reason)

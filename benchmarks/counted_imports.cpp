@@ -6,7 +6,7 @@
 #include <cstring>
 #include <initializer_list>
 
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
 
 namespace benchmark
 {

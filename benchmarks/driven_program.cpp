@@ -3,12 +3,12 @@
 #include <psapi.h>
 
 #include "benchmarks/results.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/files.h"
-#include "tests/support/remote_list_view.h"
-#include "tests/support/waiting.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/input/remote_list_view.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 

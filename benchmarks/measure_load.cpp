@@ -6,11 +6,11 @@
 #include "benchmarks/counted_imports.h"
 #include "benchmarks/driven_program.h"
 #include "benchmarks/results.h"
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 

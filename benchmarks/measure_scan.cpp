@@ -5,9 +5,9 @@
 #include "benchmarks/counted_imports.h"
 #include "benchmarks/driven_program.h"
 #include "benchmarks/results.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/remote_list_view.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/input/remote_list_view.h"
+#include "tests/support/processes/fixture_programs.h"
 
 using namespace test_support;
 

@@ -8,8 +8,8 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/win32/owners/memory_block.h"
 #include "sources/wnd_ScanListView/saving/profile_writing.h"
-#include "tests/support/files.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/waiting.h"
 
 using namespace test_support;
 

@@ -7,7 +7,7 @@
 #include "benchmarks/bare/bare_load.h"
 #include "benchmarks/bare/bare_main_window.h"
 #include "benchmarks/bare/bare_scan.h"
-#include "tests/support/control_ids.h"
+#include "tests/support/windows/control_ids.h"
 
 namespace
 {

@@ -5,7 +5,7 @@
 #include <initializer_list>
 
 #include "resources/resource_ids.h"
-#include "tests/support/control_ids.h"
+#include "tests/support/windows/control_ids.h"
 
 namespace bare
 {

@@ -3,10 +3,10 @@
 #include <cstring>
 
 #include "tests/demo/demo_script.h"
-#include "tests/support/folder_windows_script.h"
-#include "tests/support/text.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/windows/windows_lookup.h"
 
 #include <shellapi.h>
 

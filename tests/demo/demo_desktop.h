@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/files.h"
+#include "tests/support/basics/files.h"
 
 // The programs and the folder that the demo lays out, and the places they have on the screen.
 

@@ -4,9 +4,9 @@
 
 #include "tests/demo/demo_desktop.h"
 #include "tests/demo/demo_script.h"
-#include "tests/support/real_input.h"
-#include "tests/support/waiting.h"
-#include "tests/support/wendlow_process.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/input/real_input.h"
+#include "tests/support/processes/wendlow_process.h"
 
 namespace demo
 {

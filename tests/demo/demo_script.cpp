@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
 
 namespace demo
 {

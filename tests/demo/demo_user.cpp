@@ -1,9 +1,9 @@
 #include "tests/demo/demo_user.h"
 
-#include "tests/support/real_input.h"
-#include "tests/support/remote_list_view.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/input/real_input.h"
+#include "tests/support/input/remote_list_view.h"
+#include "tests/support/windows/windows_lookup.h"
 
 namespace demo
 {

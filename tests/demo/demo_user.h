@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-#include "tests/support/wendlow_process.h"
+#include "tests/support/processes/wendlow_process.h"
 
 // What the user of the demo does with Wendlow, by mouse and keyboard.
 

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <vector>
 
-#include "tests/support/seed_profiles.h"
+#include "tests/support/profiles/seed_profiles.h"
 
 int main(int argc, char** argv)
 {

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "tests/support/seed_profiles.h"
+#include "tests/support/profiles/seed_profiles.h"
 
 namespace
 {

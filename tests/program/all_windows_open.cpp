@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "tests/support/profile_encoder.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 namespace hostile
 {

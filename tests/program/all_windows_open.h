@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "tests/program/hostile_windows.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/files.h"
-#include "tests/support/wendlow_process.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/processes/wendlow_process.h"
 
 namespace hostile
 {

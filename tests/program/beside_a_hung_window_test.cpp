@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/stopped_window.h"
-#include "tests/support/text.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/stopped_window.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // Load, Minimize and Restore while the first of two windows handles no message.
 

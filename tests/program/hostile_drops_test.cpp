@@ -8,12 +8,12 @@
 #include <functional>
 
 #include "tests/program/all_windows_open.h"
-#include "tests/support/files.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/remote_memory.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/remote_memory.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // WM_DROPFILES as another program can send it.
 

@@ -6,13 +6,13 @@
 #include <limits>
 #include <map>
 
-#include "tests/support/counters.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/hostile_files.h"
-#include "tests/support/loading_boxes.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/processes/counters.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/hostile_files.h"
+#include "tests/support/profiles/loading_boxes.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 using loading_boxes::programs_failed_box;

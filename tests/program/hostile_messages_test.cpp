@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/all_windows_open.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/file_dialogs.h"
-#include "tests/support/files.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // WM_COMMAND and WM_COPYDATA as another program can send them.
 

@@ -4,8 +4,8 @@
 #include <map>
 #include <utility>
 
-#include "tests/support/text.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/basics/waiting.h"
 
 namespace hostile
 {

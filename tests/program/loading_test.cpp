@@ -2,16 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/file_dialogs.h"
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/folder_windows_script.h"
-#include "tests/support/loading_boxes.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/text.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/loading_boxes.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace loading_boxes;
 using namespace test_support;

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/real_input.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/input/real_input.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 

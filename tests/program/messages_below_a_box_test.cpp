@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/all_windows_open.h"
-#include "tests/support/file_dialogs.h"
-#include "tests/support/files.h"
-#include "tests/support/profile_encoder.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/profiles/profile_encoder.h"
 
 // What a user or another program asks for while a box is open.
 

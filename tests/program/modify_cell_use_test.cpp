@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "tests/program/on_the_list.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/windows/control_ids.h"
 
 // Modify Cell as a user works it, with mouse, keys and clipboard.
 

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/stopped_window.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/stopped_window.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/on_the_list.h"
-#include "tests/support/box_watcher.h"
+#include "tests/support/boxes/box_watcher.h"
 
 namespace
 {

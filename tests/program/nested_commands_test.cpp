@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/control_ids.h"
-#include "tests/support/file_dialogs.h"
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/loading_boxes.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/loading_boxes.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // Commands that arrive while a dialog of another command is open. A dialog disables the window that owns it,
 // but another program can still post to it.

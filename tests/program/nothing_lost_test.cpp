@@ -5,16 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/file_dialogs.h"
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/loading_boxes.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/remote_imports.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/remote_imports.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/loading_boxes.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // Saves that do not succeed: whatever was there before stays as it was, and the user is told.
 

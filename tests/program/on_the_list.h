@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/control_ids.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/real_input.h"
-#include "tests/support/text.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/input/real_input.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 namespace on_the_list
 {

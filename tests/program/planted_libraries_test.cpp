@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/file_dialogs.h"
-#include "tests/support/planted_libraries.h"
-#include "tests/support/platform.h"
-#include "tests/support/remote_memory.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/platform.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/processes/planted_libraries.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/windows/remote_memory.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // Who can write to the folder of the program, often that of downloads, must not get code into it that way.
 

@@ -4,14 +4,14 @@
 
 #include <optional>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/text.h"
-#include "tests/support/waiting.h"
-#include "tests/support/wendlow_process.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 

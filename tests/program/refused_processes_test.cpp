@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/files.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/remote_imports.h"
-#include "tests/support/wendlow_process.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/imports/remote_imports.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/wendlow_process.h"
+#include "tests/support/profiles/profile_encoder.h"
 
 // Processes that the program may not open, as those of an administrator or another user.
 

@@ -8,10 +8,10 @@
 #include <set>
 #include <string>
 
-#include "tests/support/file_dialogs.h"
-#include "tests/support/files.h"
-#include "tests/support/text.h"
-#include "tests/support/wendlow_process.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/processes/wendlow_process.h"
 
 using namespace test_support;
 

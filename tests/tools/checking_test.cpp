@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/profile_encoder.h"
+#include "tests/support/profiles/profile_encoder.h"
 
 namespace
 {

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/support/seed_profiles.h"
+#include "tests/support/profiles/seed_profiles.h"
 #include "tests/tools/work_folder.h"
 
 namespace

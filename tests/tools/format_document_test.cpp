@@ -3,7 +3,7 @@
 
 #include <sstream>
 
-#include "tests/support/seed_profiles.h"
+#include "tests/support/profiles/seed_profiles.h"
 #include "tests/tools/work_folder.h"
 
 namespace

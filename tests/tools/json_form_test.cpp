@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/seed_profiles.h"
+#include "tests/support/profiles/seed_profiles.h"
 #include "tools/wendlow_profile/contents/checking.h"
 
 namespace

@@ -4,7 +4,7 @@
 
 #include <set>
 
-#include "tests/support/profile_encoder.h"
+#include "tests/support/profiles/profile_encoder.h"
 
 namespace
 {

@@ -8,10 +8,10 @@
 
 #include "tests/control/drawing/canvas.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
 
 using namespace test_support;
 using drawing_tests::Canvas;

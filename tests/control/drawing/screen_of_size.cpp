@@ -1,5 +1,5 @@
 #include "tests/control/drawing/screen_of_size.h"
-#include "tests/support/report_texts.h"
+#include "tests/support/boxes/report_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
 
 // The size of the screen, and the font that fits a button, for windows that go by them.
 

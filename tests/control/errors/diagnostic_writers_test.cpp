@@ -12,8 +12,8 @@
 #include <regex>
 #include <string>
 
-#include "tests/support/files.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/imports/import_patch.h"
 
 using namespace test_support;
 

@@ -10,9 +10,9 @@
 #include <tuple>
 
 #include "tests/control/errors/listed_reports.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
 
 using test_support::BoxWatcher;
 using test_support::bytes_as_wide;

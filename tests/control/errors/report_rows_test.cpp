@@ -13,7 +13,7 @@
 #include "sources/wnd_ProfileName/profile_name_errors.h"
 #include "sources/wnd_ScanListView/saving/error_sources.h"
 #include "tests/control/errors/listed_reports.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 // Every report of the program is shown by a test. Which one is written here, row by row; whenever that test
 // runs, it fails unless it really showed the row. The same goes for every call that shows an error of the

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/files.h"
+#include "tests/support/basics/files.h"
 
 namespace
 {

@@ -7,8 +7,8 @@
 #include "sources/funcs_layout_windows/profiles/apply_command.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_blocks.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // Loads in the course of which something goes: memory, the main window, or a window that was found.
 

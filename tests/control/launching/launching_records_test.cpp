@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // What a load notes of the programs that it starts, and how it tells their windows from those of programs
 // that ran before.

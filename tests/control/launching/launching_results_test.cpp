@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/processes/fixture_programs.h"
 
 // What a load leaves behind: the programs that run, where their windows are, the handles in the store.
 

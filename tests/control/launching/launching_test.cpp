@@ -4,9 +4,9 @@
 
 #include "sources/funcs_layout_windows/profiles/profile_loading.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/windows/windows_lookup.h"
 
 namespace
 {

@@ -7,7 +7,7 @@
 #include <cstddef>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/windows/windows_lookup.h"
 
 namespace
 {

@@ -8,8 +8,8 @@
 
 #include "sources/main_prg/main_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 
 // What is there after the creation of a main window that could not make everything.
 

@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "sources/main_prg/main_window.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/test_window.h"
 
 // What the main window asks of the system when it is created, step by step.
 

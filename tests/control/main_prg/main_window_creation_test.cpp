@@ -7,10 +7,10 @@
 
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/main_prg/main_creation_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 
 // What the main window cannot make of itself, and what is there all the same.
 

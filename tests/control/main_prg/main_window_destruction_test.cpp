@@ -14,9 +14,9 @@
 #include "sources/main_prg/main_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
 
 // What the main window gives back when it is destroyed, step by step.
 

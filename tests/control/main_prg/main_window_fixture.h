@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "sources/main_prg/main_window.h"
-#include "tests/support/control_ids.h"
+#include "tests/support/windows/control_ids.h"
 
 namespace main_tests
 {

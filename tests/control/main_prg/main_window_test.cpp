@@ -12,12 +12,12 @@
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 using main_tests::MainWindow;

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
 
 using namespace test_support;
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 namespace main_tests
 {

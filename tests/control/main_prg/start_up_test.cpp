@@ -8,8 +8,8 @@
 #include "sources/main_prg/main_window.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 #include "tests/control/main_prg/start_up_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/windows/test_window.h"
 
 // What the entry point asks of the system, and in which order.
 

@@ -14,10 +14,10 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/profile_encoder.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/control_ids.h"
 
 // Which cursor the user sees while the program works, and when it waits for the user.
 

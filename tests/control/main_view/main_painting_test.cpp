@@ -9,11 +9,11 @@
 
 #include "sources/funcs_layout_windows/drawing/figures.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/counters.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/processes/counters.h"
+#include "tests/support/windows/test_window.h"
 
 using namespace test_support;
 

@@ -7,9 +7,9 @@
 
 #include "sources/funcs_layout_windows/scanning/explorer_folders.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
 
 // How the shell's list is asked for, and COM, which the main window uninitialises when it is closed; a
 // message may close it while the shell is asked.

@@ -8,8 +8,8 @@
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_placing.h"
 #include "tests/control/win32/silent_windows.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/processes/fixture_programs.h"
 
 namespace
 {

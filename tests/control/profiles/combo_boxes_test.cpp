@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
 
 namespace
 {

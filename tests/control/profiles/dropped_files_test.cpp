@@ -9,7 +9,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/profiles/recorded_blocks.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
 
 namespace
 {

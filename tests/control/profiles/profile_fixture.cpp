@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "sources/funcs_layout_windows/profiles/profile_loading.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/windows/windows_lookup.h"
 
 namespace profile_tests
 {

@@ -11,13 +11,13 @@
 
 #include "sources/funcs_layout_windows/profiles/combo_boxes.h"
 #include "sources/funcs_layout_windows/profiles/loaded_profiles.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/files.h"
-#include "tests/support/folder_windows_script.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/test_window.h"
 
 // What the tests of profiles share: a main window with its two lists and a store, and the system calls that
 // start programs and folders.

@@ -6,8 +6,8 @@
 #include <commdlg.h>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/file_dialogs.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/boxes/file_dialogs.h"
 
 // The open dialog of the Load Profile command.
 

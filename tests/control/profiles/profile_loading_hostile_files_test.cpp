@@ -6,8 +6,8 @@
 #include <map>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/hostile_files.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/profiles/hostile_files.h"
 
 // What the routine that loads returns for each of the hostile files; the program as a whole meets them in the
 // tests of the program.

@@ -8,9 +8,9 @@
 #include <string>
 
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/profile_encoder.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/profiles/profile_encoder.h"
 
 // A profile that is loaded while the box of another load is shown.
 

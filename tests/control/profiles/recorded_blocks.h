@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 namespace profile_tests
 {

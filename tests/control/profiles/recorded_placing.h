@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 namespace profile_tests
 {

@@ -7,10 +7,10 @@
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/text.h"
-#include "tests/support/thread_scale.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/windows/thread_scale.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // Numbers on a screen at another scale than 96 dots per inch; scripts/wine-session --scale makes one. The
 // thread of the tests has the scale of a program that knows of none, so that the system converts what it is

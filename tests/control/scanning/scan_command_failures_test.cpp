@@ -10,10 +10,10 @@
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
 
 // Scans that come to nothing: what is shown, and what of the record stays behind.
 

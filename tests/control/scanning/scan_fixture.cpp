@@ -11,8 +11,8 @@
 #include "sources/funcs_layout_windows/scanning/scan_use.h"
 #include "sources/main_prg/main_window.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/windows/control_ids.h"
 
 using namespace test_support;
 

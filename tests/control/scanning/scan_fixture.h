@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "tests/support/folder_windows_script.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/remote_list_view.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/input/remote_list_view.h"
+#include "tests/support/windows/test_window.h"
 
 // What the tests of scanning, of the list and of Modify Cell share: a desktop of chosen windows and a scan in
 // this process.

@@ -15,10 +15,10 @@
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/test_window.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
 
 // The main window is closed while a scan is under way: calls to other windows, to the shell and boxes let
 // messages in. The scan ends quietly then, on a record whose blocks are gone.

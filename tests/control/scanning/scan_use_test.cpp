@@ -17,9 +17,9 @@
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
 
 // Messages come in while a scan is on its way. Another Scan does nothing while the record is used, and works
 // below the boxes with which the first one ends.

@@ -10,12 +10,12 @@
 #include "sources/funcs_layout_windows/launching/window_matching.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/files.h"
-#include "tests/support/folder_windows_script.h"
-#include "tests/support/profile_encoder.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/test_window.h"
 
 // Whole scans and loads over lists of folder windows as the shell gives them on a busy desktop: many,
 // vanishing, without a handle, of no place on the disk. Nothing obtained on the way is kept.

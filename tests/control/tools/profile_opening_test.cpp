@@ -8,9 +8,9 @@
 
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/hostile_files.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/profiles/hostile_files.h"
+#include "tests/support/windows/control_ids.h"
 #include "tools/wendlow_profile/contents/checking.h"
 #include "tools/wendlow_profile/system/opening.h"
 

@@ -13,10 +13,10 @@
 #include "tests/control/main_prg/main_window_fixture.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/test_window.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // What a screen reader is told of the controls whose labels are painted.
 

@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "tests/control/win32/silent_windows.h"
-#include "tests/support/fixture_programs.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/stopped_window.h"
-#include "tests/support/test_window.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/stopped_window.h"
+#include "tests/support/windows/test_window.h"
 
 using namespace test_support;
 

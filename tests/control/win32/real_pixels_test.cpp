@@ -10,8 +10,8 @@
 
 #include "sources/win32/foreign_window.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/thread_scale.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/thread_scale.h"
 
 // In which scale the commands measure and place, and in which the program's own windows are made. The thread
 // of these tests has the scale of a program that knows of none.

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 // Windows of other programs that are said not to answer when this thread asks whether they do, and a record
 // of which windows were asked.

@@ -5,8 +5,8 @@
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
 
 // Window classes that are registered when their window is opened for the first time.
 

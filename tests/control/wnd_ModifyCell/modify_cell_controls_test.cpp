@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 
 // The controls of Modify Cell at work: the buttons' looks, two dialogs at once, messages that change nothing.
 

@@ -10,10 +10,10 @@
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 
 using namespace test_support;
 using modify_cell_tests::ModifyCell;

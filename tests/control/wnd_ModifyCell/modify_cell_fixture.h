@@ -12,7 +12,7 @@
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/test_window.h"
+#include "tests/support/windows/test_window.h"
 
 namespace modify_cell_tests
 {

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
 
 // What Modify Cell paints: the gradient and four labels, and when it paints nothing.
 

@@ -8,10 +8,10 @@
 #include <string>
 
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 using modify_cell_tests::ModifyCell;

@@ -9,10 +9,10 @@
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
 #include "tests/control/wnd_ScanListView/windows_made.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/text.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // The window Modify Cell as it is made: its class, its controls, their font.
 

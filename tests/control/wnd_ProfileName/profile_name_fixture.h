@@ -7,8 +7,8 @@
 
 #include "sources/wnd_ProfileName/wnd_ProfileName.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/windows/control_ids.h"
 
 // What the tests of the profile name window share: an owner, the window, and its places.
 

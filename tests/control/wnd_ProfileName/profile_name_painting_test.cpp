@@ -7,10 +7,10 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // What the profile name window paints, and when; how it answers to what it only takes note of.
 

@@ -5,8 +5,8 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
 
 // What the profile name window asks of the system, call by call.
 

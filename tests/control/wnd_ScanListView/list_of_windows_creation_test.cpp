@@ -9,12 +9,12 @@
 #include "tests/control/drawing/screen_of_size.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
-#include "tests/support/text.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/test_window.h"
 
 // What the List of Windows window cannot make of itself, and what is there all the same.
 

@@ -12,12 +12,12 @@
 #include "sources/wnd_ProfileName/wnd_ProfileName.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/text.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/windows_lookup.h"
 
 // The end of the List of Windows window, whoever asks for it.
 

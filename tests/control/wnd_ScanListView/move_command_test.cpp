@@ -9,13 +9,13 @@
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "tests/control/scanning/scan_fixture.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/report_texts.h"
-#include "tests/support/test_window.h"
-#include "tests/support/text.h"
-#include "tests/support/waiting.h"
-#include "tests/support/windows_lookup.h"
+#include "tests/support/basics/text.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/boxes/report_texts.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/test_window.h"
+#include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
 using scan_tests::Desktop;

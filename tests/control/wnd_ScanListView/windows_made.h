@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 namespace window_tests
 {

@@ -10,7 +10,7 @@
 #include <span>
 #include <string>
 
-#include "tests/support/profile_encoder.h"
+#include "tests/support/profiles/profile_encoder.h"
 #include "tests/unit/exact_bytes.h"
 
 namespace

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/profile_encoder.h"
+#include "tests/support/profiles/profile_encoder.h"
 #include "tests/unit/exact_bytes.h"
 
 namespace

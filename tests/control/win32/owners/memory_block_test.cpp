@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/import_patch.h"
+#include "tests/support/imports/import_patch.h"
 
 using test_support::FailingImport;
 using test_support::ImportHook;

@@ -7,7 +7,7 @@
 
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
-#include "tests/support/control_ids.h"
+#include "tests/support/windows/control_ids.h"
 
 namespace
 {

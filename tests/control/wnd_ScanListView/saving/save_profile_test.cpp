@@ -8,8 +8,8 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/file_dialogs.h"
+#include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/windows/control_ids.h"
 
 using namespace profile_tests;
 using test_support::Background;

@@ -9,9 +9,9 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/wnd_ScanListView.h"
 #include "tests/control/profiles/profile_fixture.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/test_window.h"
-#include "tests/support/waiting.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/test_window.h"
 
 namespace profile_tests
 {

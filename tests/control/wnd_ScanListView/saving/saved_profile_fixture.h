@@ -11,11 +11,11 @@
 #include <vector>
 
 #include "sources/wnd_ScanListView/saving/profile_writing.h"
-#include "tests/support/box_watcher.h"
-#include "tests/support/control_ids.h"
-#include "tests/support/files.h"
-#include "tests/support/import_patch.h"
-#include "tests/support/profile_encoder.h"
+#include "tests/support/basics/files.h"
+#include "tests/support/boxes/box_watcher.h"
+#include "tests/support/imports/import_patch.h"
+#include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/control_ids.h"
 
 // What the tests of saving profiles share: a scan to save from, the List of Windows window that
 // shows it, and the save dialog's answer.

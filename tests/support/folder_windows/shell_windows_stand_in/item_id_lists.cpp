@@ -1,0 +1,99 @@
+#include "tests/support/folder_windows/shell_windows_stand_in/item_id_lists.h"
+
+#include <set>
+
+#include "tests/support/basics/exclusive_lock.h"
+#include "tests/support/folder_windows/shell_windows_stand_in/script.h"
+
+namespace test_support::stand_in
+{
+
+namespace
+{
+
+// Sees every release of COM memory in the process and counts those of lists handed out here.
+class ReleaseWatch : public IMallocSpy
+{
+public:
+    static ReleaseWatch& instance()
+    {
+        static ReleaseWatch watch;
+        return watch;
+    }
+
+    void follow(void* list)
+    {
+        const ExclusiveLock guard(lock_);
+        if (!registered_)
+            registered_ = SUCCEEDED(CoRegisterMallocSpy(this));
+        lists_.insert(list);
+    }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override
+    {
+        const bool known = id == __uuidof(IUnknown) || id == __uuidof(IMallocSpy);
+        *out = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+
+    void* STDMETHODCALLTYPE PreFree(void* memory, BOOL) override
+    {
+        const ExclusiveLock guard(lock_);
+        if (memory && lists_.erase(memory) != 0)
+            InterlockedDecrement(&counters().id_lists_live);
+        return memory;
+    }
+
+    // The rest passes everything on as it is.
+    SIZE_T STDMETHODCALLTYPE PreAlloc(SIZE_T size) override { return size; }
+    void* STDMETHODCALLTYPE PostAlloc(void* memory) override { return memory; }
+    void STDMETHODCALLTYPE PostFree(BOOL) override {}
+    SIZE_T STDMETHODCALLTYPE PreRealloc(void* memory, SIZE_T size, void** passed, BOOL) override
+    {
+        *passed = memory;
+        return size;
+    }
+    void* STDMETHODCALLTYPE PostRealloc(void* memory, BOOL) override { return memory; }
+    void* STDMETHODCALLTYPE PreGetSize(void* memory, BOOL) override { return memory; }
+    SIZE_T STDMETHODCALLTYPE PostGetSize(SIZE_T size, BOOL) override { return size; }
+    void* STDMETHODCALLTYPE PreDidAlloc(void* memory, BOOL) override { return memory; }
+    int STDMETHODCALLTYPE PostDidAlloc(void*, BOOL, int result) override { return result; }
+    void STDMETHODCALLTYPE PreHeapMinimize() override {}
+    void STDMETHODCALLTYPE PostHeapMinimize() override {}
+
+private:
+    ReleaseWatch() = default;
+    ~ReleaseWatch() = default;
+
+    SRWLOCK lock_ = SRWLOCK_INIT;
+    bool registered_ = false;
+    std::set<void*> lists_;
+};
+
+PIDLIST_ABSOLUTE followed(PIDLIST_ABSOLUTE list)
+{
+    if (!list)
+        return nullptr;
+    InterlockedIncrement(&counters().id_lists_given);
+    InterlockedIncrement(&counters().id_lists_live);
+    ReleaseWatch::instance().follow(list);
+    return list;
+}
+
+} // namespace
+
+PIDLIST_ABSOLUTE item_id_list_of(const std::wstring& path)
+{
+    return followed(ILCreateFromPathW(path.c_str()));
+}
+
+PIDLIST_ABSOLUTE item_id_list_of_no_path()
+{
+    PIDLIST_ABSOLUTE list = nullptr;
+    SHGetSpecialFolderLocation(nullptr, CSIDL_DRIVES, &list);
+    return followed(list);
+}
+
+} // namespace test_support::stand_in

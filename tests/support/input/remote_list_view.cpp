@@ -1,0 +1,198 @@
+#include "tests/support/input/remote_list_view.h"
+
+#include <commctrl.h>
+
+#include "tests/support/basics/text.h"
+#include "tests/support/basics/waiting.h"
+#include "tests/support/input/real_input.h"
+#include "tests/support/windows/remote_memory.h"
+
+namespace test_support
+{
+
+namespace
+{
+
+constexpr int kTextUnits = 1024;
+constexpr UINT kUnticked = 1; // state images of the check boxes
+constexpr UINT kTicked = 2;
+
+DWORD_PTR ask(HWND window, UINT message, WPARAM wide, LPARAM narrow)
+{
+    DWORD_PTR answer = 0;
+    if (!SendMessageTimeoutW(window, message, wide, narrow, SMTO_NORMAL, 10'000, &answer))
+        throw Failure("the list view does not answer message " + std::to_string(message));
+    return answer;
+}
+
+int ask_number(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
+{
+    return static_cast<int>(ask(window, message, wide, narrow));
+}
+
+LPARAM as_argument(const RemoteMemory& memory)
+{
+    return reinterpret_cast<LPARAM>(memory.address());
+}
+
+// A structure with a text buffer behind it, as the list view's messages want it.
+template <typename Structure>
+std::wstring ask_text(HWND window, UINT message, WPARAM index, Structure request)
+{
+    const RemoteMemory memory(window, sizeof(Structure) + kTextUnits * sizeof(wchar_t));
+    request.pszText = static_cast<wchar_t*>(memory.address(sizeof(Structure)));
+    request.cchTextMax = kTextUnits;
+    memory.write(0, &request, sizeof(request));
+    ask(window, message, index, as_argument(memory));
+    memory.read(0, &request, sizeof(request));
+    std::wstring text(kTextUnits, L'\0');
+    memory.read(sizeof(Structure), text.data(), kTextUnits * sizeof(wchar_t));
+    text.resize(text.find(L'\0'));
+    return text;
+}
+
+RECT ask_rectangle(HWND window, UINT message, int row, RECT request)
+{
+    const RemoteMemory memory(window, sizeof(RECT));
+    memory.write(0, &request, sizeof(request));
+    if (!ask(window, message, static_cast<WPARAM>(row), as_argument(memory)))
+        throw Failure("the list view has no row " + std::to_string(row));
+    RECT rectangle{};
+    memory.read(0, &rectangle, sizeof(rectangle));
+    return rectangle;
+}
+
+RECT to_screen(HWND window, RECT rectangle)
+{
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rectangle), 2);
+    return rectangle;
+}
+
+} // namespace
+
+RemoteListView::RemoteListView(HWND list) : list_(list)
+{
+    if (!IsWindow(list))
+        throw Failure("there is no list view");
+}
+
+int RemoteListView::row_count() const
+{
+    return ask_number(list_, LVM_GETITEMCOUNT);
+}
+
+std::wstring RemoteListView::cell(int row, int column) const
+{
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.iItem = row;
+    item.iSubItem = column;
+    return ask_text(list_, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), item);
+}
+
+std::vector<std::wstring> RemoteListView::row(int row) const
+{
+    std::vector<std::wstring> cells;
+    for (int column = 0; column < column_count(); ++column)
+        cells.push_back(cell(row, column));
+    return cells;
+}
+
+std::optional<int> RemoteListView::find_row(const std::wstring& text, int column) const
+{
+    for (int row = 0; row < row_count(); ++row)
+        if (cell(row, column) == text)
+            return row;
+    return std::nullopt;
+}
+
+bool RemoteListView::is_ticked(int row) const
+{
+    const int state = ask_number(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK);
+    return state == static_cast<int>(INDEXTOSTATEIMAGEMASK(kTicked));
+}
+
+void RemoteListView::set_ticked(int row, bool ticked) const
+{
+    LVITEMW item{};
+    item.stateMask = LVIS_STATEIMAGEMASK;
+    item.state = INDEXTOSTATEIMAGEMASK(ticked ? kTicked : kUnticked);
+    const RemoteMemory memory(list_, sizeof(item));
+    memory.write(0, &item, sizeof(item));
+    ask(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), as_argument(memory));
+}
+
+void RemoteListView::click_check_box(int row) const
+{
+    ask(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    RECT request{};
+    request.left = LVIR_BOUNDS;
+    const RECT bounds = ask_rectangle(list_, LVM_GETITEMRECT, row, request);
+    request = {};
+    request.left = LVIR_ICON;
+    const RECT icon = ask_rectangle(list_, LVM_GETITEMRECT, row, request);
+
+    // The check box stands between the row's left edge and its icon.
+    const RECT box = to_screen(list_, {bounds.left, bounds.top, icon.left, bounds.bottom});
+    const bool before = is_ticked(row);
+    bring_to_front(GetAncestor(list_, GA_ROOT));
+    click({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
+
+    const auto turned = [&] { return is_ticked(row) != before; };
+    const std::string what = "row " + std::to_string(row) + " to be ticked or unticked by a click";
+    if (GetWindowThreadProcessId(list_, nullptr) == GetCurrentThreadId())
+        pump_until(turned, kShortWait, what);
+    else
+        wait_until(turned, kShortWait, what);
+}
+
+bool RemoteListView::is_selected(int row) const
+{
+    return ask_number(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED) == LVIS_SELECTED;
+}
+
+int RemoteListView::column_count() const
+{
+    const auto header = reinterpret_cast<HWND>(ask(list_, LVM_GETHEADER, 0, 0));
+    return header ? ask_number(header, HDM_GETITEMCOUNT) : 0;
+}
+
+std::wstring RemoteListView::heading(int column) const
+{
+    LVCOLUMNW request{};
+    request.mask = LVCF_TEXT;
+    return ask_text(list_, LVM_GETCOLUMNW, static_cast<WPARAM>(column), request);
+}
+
+int RemoteListView::column_width(int column) const
+{
+    return ask_number(list_, LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column));
+}
+
+DWORD RemoteListView::extended_style() const
+{
+    return static_cast<DWORD>(ask(list_, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
+}
+
+RECT RemoteListView::cell_rectangle(int row, int column) const
+{
+    ask(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    RECT request{};
+    request.left = LVIR_BOUNDS;
+    if (column != 0) {
+        request.top = column;
+        return to_screen(list_, ask_rectangle(list_, LVM_GETSUBITEMRECT, row, request));
+    }
+    // The bounds of the first cell are those of the whole row.
+    RECT cell = ask_rectangle(list_, LVM_GETITEMRECT, row, request);
+    cell.right = cell.left + column_width(0);
+    return to_screen(list_, cell);
+}
+
+POINT RemoteListView::cell_centre(int row, int column) const
+{
+    const RECT cell = cell_rectangle(row, column);
+    return {(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};
+}
+
+} // namespace test_support

@@ -1,0 +1,57 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/basics/waiting.h"
+#include "tests/support/processes/planted_libraries.h"
+
+using namespace test_support;
+using Names = std::vector<std::wstring>;
+
+namespace
+{
+
+// Starts the program in its folder and waits for its end.
+void run(const PlantedLibraries& planted, const std::wstring& arguments)
+{
+    std::wstring line = L"\"" + planted.program() + L"\" " + arguments;
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(CreateProcessW(planted.program().c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               planted.folder().path().c_str(), &startup, &process));
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, kShortWait), WAIT_OBJECT_0);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+}
+
+} // namespace
+
+TEST(PlantedLibraries, AreLoadedByAProgramThatNamesThem)
+{
+    PlantedLibraries planted(unguarded_program_path());
+    planted.plant({L"dwmapi.dll", L"msimg32.dll", L"propsys.dll", L"userenv.dll"});
+    run(planted, L"");
+    EXPECT_EQ(planted.loaded(), Names{L"msimg32.dll"});
+    run(planted, L"userenv.dll propsys.dll");
+    EXPECT_EQ(planted.loaded(), (Names{L"msimg32.dll", L"propsys.dll", L"userenv.dll"}));
+    EXPECT_EQ(planted.needed_to_start(), Names{L"msimg32.dll"});
+}
+
+TEST(PlantedLibraries, LeaveNoSettingBehind)
+{
+    const auto has_setting = [] {
+        return RegGetValueW(HKEY_CURRENT_USER,
+                            L"Software\\Wine\\AppDefaults\\unguarded_program.exe\\DllOverrides", L"version",
+                            RRF_RT_REG_SZ, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
+    };
+    {
+        PlantedLibraries planted(unguarded_program_path());
+        planted.plant({L"version.dll"});
+        EXPECT_TRUE(has_setting());
+    }
+    EXPECT_FALSE(has_setting());
+}

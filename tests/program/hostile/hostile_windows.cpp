@@ -1,4 +1,4 @@
-#include "tests/program/hostile_windows.h"
+#include "tests/program/hostile/hostile_windows.h"
 
 #include <atomic>
 #include <map>

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/program/on_the_list.h"
+#include "tests/program/list_of_windows/on_the_list_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 
 namespace

@@ -1,4 +1,4 @@
-#include "tests/program/all_windows_open.h"
+#include "tests/program/hostile/all_windows_open_fixture.h"
 
 #include <algorithm>
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/program/hostile_windows.h"
+#include "tests/program/hostile/hostile_windows.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/processes/wendlow_process.h"

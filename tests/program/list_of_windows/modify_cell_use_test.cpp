@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "tests/program/on_the_list.h"
+#include "tests/program/list_of_windows/on_the_list_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/windows/control_ids.h"
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "tests/program/hostile_windows.h"
+#include "tests/program/hostile/hostile_windows.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"

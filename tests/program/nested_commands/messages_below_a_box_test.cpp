@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/program/all_windows_open.h"
+#include "tests/program/hostile/all_windows_open_fixture.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/boxes/file_dialogs.h"
 #include "tests/support/profiles/profile_encoder.h"

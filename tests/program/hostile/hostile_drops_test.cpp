@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "tests/program/all_windows_open.h"
+#include "tests/program/hostile/all_windows_open_fixture.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/report_texts.h"

@@ -102,6 +102,7 @@ TEST(ScanCommand, RefusesAPathBufferOfNoSizeAndKeepsTheList)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
+    const Desktop desktop({window});
     fixture.scan();
     const HWND list = hwnd_ScanListView;
     scan_record.uiSize_TmpBuf_Path = 0;
@@ -192,6 +193,7 @@ TEST(ScanCommand, ShowsTheSystemsTextWhenTheListCannotBeOpened)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
+    const Desktop desktop({window});
     const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> fails("user32.dll", kEveryCall, nullptr,
                                                                             ERROR_ACCESS_DENIED);
     const BoxWatcher boxes;

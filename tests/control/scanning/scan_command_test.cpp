@@ -50,7 +50,7 @@ TEST(ScanCommand, ListsTheWindowsOfOtherProgramsAsTheyStand)
     EXPECT_EQ(scan_record.arr1D_uc_flag_FP[*first_row], 1);
     const auto* path =
         reinterpret_cast<const wchar_t*>(path_slot(&scan_record, static_cast<std::uint32_t>(*first_row)));
-    EXPECT_EQ(std::wstring(path), image_path_of(process_of(first)));
+    EXPECT_EQ(std::wstring(path), programs.path_of(L"first"));
     EXPECT_EQ(scan_record.arr1D_ui_LenPath[*first_row], 2 * std::wstring(path).size());
 }
 
@@ -58,6 +58,7 @@ TEST(ScanCommand, OpensTheListAtThreeQuartersOfTheScreen)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
+    const Desktop desktop({window});
     ASSERT_EQ(fixture.scan(), 1);
     const RECT place = rectangle_of(hwnd_ScanListView);
     EXPECT_EQ(place.left, 30);
@@ -89,6 +90,7 @@ TEST(ScanCommand, LeavesOtherWindowsAloneWhenTheStoredHandleIsStale)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
+    const Desktop desktop({window});
     fixture.scan();
     DestroyWindow(hwnd_ScanListView);
     EXPECT_EQ(hwnd_ScanListView, nullptr);
@@ -114,7 +116,7 @@ TEST(ScanCommand, ListsADesktopWhereOnlyFolderWindowsQualify)
     EXPECT_EQ(scan_record.uiMaxLen_inBytes_AllPath, 20u);
     EXPECT_EQ(scan_record.arr1D_uc_flag_FP[0], 0);
     EXPECT_EQ(scan_record.arr1D_ui_LenPath[0], 20u);
-    EXPECT_STREQ(reinterpret_cast<wchar_t*>(path_slot(&scan_record, 0)), L"C:\\windows");
+    EXPECT_EQ(scan_tests::path_of_slot(0), L"C:\\windows");
 }
 
 TEST(ScanCommand, AllocatesTheBlocksInTheirOrderAndSizes)
@@ -141,6 +143,7 @@ TEST(ScanCommand, FreesEveryBlockOfTheScanBeforeOnce)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
+    const Desktop desktop({window});
     fixture.scan();
     std::vector<LPVOID> freed;
     ImportHook<"VirtualFree", decltype(VirtualFree)> release(
@@ -278,6 +281,7 @@ TEST(ScanCommand, CreatesTheListWithItsArguments)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
+    const Desktop desktop({window});
     const auto own_instance = GetWindowLongPtrW(fixture.host(), GWLP_HINSTANCE);
     const auto marked_instance = own_instance + 0x1230000;
     SetWindowLongPtrW(fixture.host(), GWLP_HINSTANCE, marked_instance);
@@ -319,6 +323,7 @@ TEST(ScanCommand, LeavesTheListOfAnotherThreadAlone)
     FixturePrograms programs;
     programs.add(L"other", {.title = L"Other list", .class_name = L"List of Windows"});
     const HWND other = programs.start(L"other");
+    const Desktop desktop({window});
     ASSERT_EQ(class_of(other), L"List of Windows");
     hwnd_ScanListView = other;
     std::vector<HWND> destroyed;

@@ -38,6 +38,9 @@ Desktop::Desktop(std::vector<HWND> windows_given)
 ScanFixture::ScanFixture() : host_(L"", WS_POPUP, {0, 0, 10, 10}, L"ScanFixtureHost")
 {
     InitCommonControls();
+    // As the program does: while a scan waits for a hung program Windows would put ghosts over this one's
+    // windows.
+    DisableProcessWindowsGhosting();
     register_class(L"List of Windows", WndProc_ScanListView);
 }
 

@@ -14,6 +14,7 @@
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/processes/fixture_programs.h"
 #include "tests/support/windows/test_window.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -35,6 +36,17 @@ ExpectedBox refusal_box()
                                    L"ERROR, incorrect input parameters")};
 }
 
+// Writes the numbers of the first row.
+void give_row(const ScanFixture& fixture, const std::vector<std::wstring>& texts)
+{
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        LVITEMW item{};
+        item.iSubItem = static_cast<int>(2 + i);
+        item.pszText = const_cast<wchar_t*>(texts[i].c_str());
+        SendMessageW(fixture.list().window(), LVM_SETITEMTEXTW, 0, reinterpret_cast<LPARAM>(&item));
+    }
+}
+
 // One scanned window of this process with its row.
 struct OneRow {
     ScanFixture fixture;
@@ -46,13 +58,7 @@ struct OneRow {
     void give(const std::wstring& x, const std::wstring& y, const std::wstring& width,
               const std::wstring& height)
     {
-        const std::wstring* const texts[] = {&x, &y, &width, &height};
-        for (int i = 0; i < 4; ++i) {
-            LVITEMW item{};
-            item.iSubItem = 2 + i;
-            item.pszText = const_cast<wchar_t*>(texts[i]->c_str());
-            SendMessageW(fixture.list().window(), LVM_SETITEMTEXTW, 0, reinterpret_cast<LPARAM>(&item));
-        }
+        give_row(fixture, {x, y, width, height});
     }
 };
 
@@ -199,21 +205,28 @@ TEST(MoveCommand, PassesOverARowThatLacksOneSide)
 
 TEST(MoveCommand, RestoresAMinimisedWindowThatWasGivenASize)
 {
-    OneRow row;
-    row.fixture.list().set_ticked(0, true);
-    ShowWindow(row.window, SW_MINIMIZE);
-    row.give(L"30", L"40", L"310", L"220");
+    // Of another program: Windows would place a window of this thread first, and restore it later.
+    FixturePrograms programs;
+    programs.add(L"program");
+    const HWND window = programs.start(L"program");
+    ScanFixture fixture;
+    const Desktop desktop({window});
+    fixture.scan();
+    fixture.list().set_ticked(0, true);
+    ShowWindow(window, SW_MINIMIZE);
+    give_row(fixture, {L"30", L"40", L"310", L"220"});
     std::vector<int> commands;
     const ImportHook<"ShowWindowAsync", decltype(ShowWindowAsync)> restore(
-        "user32.dll", [&](HWND window, int command) {
-            EXPECT_EQ(window, static_cast<HWND>(row.window));
+        "user32.dll", [&](HWND target, int command) {
+            EXPECT_EQ(target, window);
             commands.push_back(command);
-            return restore.call_original(window, command);
+            return restore.call_original(target, command);
         });
-    row.fixture.press(1);
+    fixture.press(1);
     EXPECT_EQ(commands, std::vector<int>{9}); // restore
-    pump_until([&] { return !IsIconic(row.window); }, kShortWait, "the window to be restored");
-    EXPECT_EQ(place_of(row.window), "30,40 310x220");
+    becomes_true_pumping([&] { return !IsIconic(window) && place_of(window) == "30,40 310x220"; });
+    EXPECT_FALSE(IsIconic(window));
+    EXPECT_EQ(place_of(window), "30,40 310x220");
 }
 
 TEST(MoveCommand, ReportsAWindowThatIsGoneAndMovesTheRest)

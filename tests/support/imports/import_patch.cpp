@@ -1,8 +1,7 @@
 #include "tests/support/imports/import_patch.h"
 
-#include <string.h>
-
 #include "tests/support/basics/waiting.h"
+#include <string.h>
 
 namespace test_support
 {
@@ -14,8 +13,28 @@ template <typename Type> Type* at(BYTE* image, std::size_t offset)
     return reinterpret_cast<Type*>(image + offset);
 }
 
+// A function as a test names it: "name", or "name#number".
+struct WantedFunction {
+    explicit WantedFunction(const std::string& text) : name(text.substr(0, text.find('#')))
+    {
+        if (name.size() < text.size())
+            number = static_cast<WORD>(std::stoi(text.substr(name.size() + 1)));
+    }
+    bool is_imported_by(BYTE* image, const IMAGE_THUNK_DATA& entry) const
+    {
+        if (IMAGE_SNAP_BY_ORDINAL(entry.u1.Ordinal))
+            return number == IMAGE_ORDINAL(entry.u1.Ordinal);
+        const auto* const by_name =
+            at<IMAGE_IMPORT_BY_NAME>(image, static_cast<std::size_t>(entry.u1.AddressOfData));
+        return name == reinterpret_cast<const char*>(by_name->Name);
+    }
+
+    std::string name;
+    WORD number = 0; // none has this one
+};
+
 // The place of the import table where the address of that function stands, null when it is not imported.
-ImportPatch::AnyFunction* find_slot(const std::string& module, const std::string& function)
+ImportPatch::AnyFunction* find_slot(const std::string& module, const WantedFunction& function)
 {
     BYTE* const image = reinterpret_cast<BYTE*>(GetModuleHandleW(nullptr));
     const auto* const dos_header = at<IMAGE_DOS_HEADER>(image, 0);
@@ -27,15 +46,10 @@ ImportPatch::AnyFunction* find_slot(const std::string& module, const std::string
         if (_stricmp(at<char>(image, import->Name), module.c_str()) != 0) {
             continue;
         }
-        const auto* name = at<IMAGE_THUNK_DATA>(image, import->OriginalFirstThunk);
+        const auto* entry = at<IMAGE_THUNK_DATA>(image, import->OriginalFirstThunk);
         auto* slot = at<ImportPatch::AnyFunction>(image, import->FirstThunk);
-        for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-            if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) {
-                continue;
-            }
-            const auto* const by_name =
-                at<IMAGE_IMPORT_BY_NAME>(image, static_cast<std::size_t>(name->u1.AddressOfData));
-            if (strcmp(reinterpret_cast<const char*>(by_name->Name), function.c_str()) == 0) {
+        for (; entry->u1.AddressOfData != 0; ++entry, ++slot) {
+            if (function.is_imported_by(image, *entry)) {
                 return slot;
             }
         }
@@ -56,7 +70,7 @@ void put(ImportPatch::AnyFunction* slot, ImportPatch::AnyFunction function)
 } // namespace
 
 ImportPatch::ImportPatch(const std::string& module, const std::string& function, AnyFunction replacement, int)
-    : slot_(find_slot(module, function))
+    : slot_(find_slot(module, WantedFunction(function)))
 {
     if (slot_ == nullptr) {
         throw Failure("this executable does not import " + function + " from " + module);

@@ -11,14 +11,15 @@
 // System calls of the program under test that fail, or do what a test wants, in the test's own process.
 // The tests are linked statically, so every call of the program goes through the import table of the
 // test executable. GoogleTest and these helpers are in the same executable and are met as well.
-// A compiler reads an address of the import table once per function, so a test that calls the same function
-// itself, before or after, does so from a function of its own that is not inlined.
+// The tests are compiled without optimisation: a function would read an address of the import table once, and
+// a test that calls the same function before and after would not see the change.
 
 namespace test_support
 {
 
 // Puts a function in the place of an imported one, as long as it lives:
 //     ImportPatch patch("kernel32.dll", "GetTickCount", +[]() -> DWORD { return 5; });
+// A name may have the function's number behind it, "SetWindowSubclass#410", by which some linkers import it.
 // Throws a Failure when the executable does not import the function. Patches of one function may be
 // nested; they must end in the opposite order.
 class ImportPatch

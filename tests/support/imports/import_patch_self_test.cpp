@@ -1,5 +1,7 @@
 #include "tests/support/imports/import_patch.h"
 
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/basics/waiting.h"
@@ -9,31 +11,14 @@ using test_support::ImportHook;
 using test_support::ImportPatch;
 using test_support::kEveryCall;
 
-namespace
-{
-
-// A function keeps the address it has read from the import table, so calls before and after a change of the
-// table must not be in one.
-[[gnu::noinline]] DWORD tick_count()
-{
-    return GetTickCount();
-}
-
-[[gnu::noinline]] HDC screen_context()
-{
-    return GetDC(nullptr);
-}
-
-} // namespace
-
 TEST(ImportPatch, PutsAFunctionInPlaceOfAnImportedOneAsLongAsItLives)
 {
     {
         const ImportPatch patch(
             "KERNEL32.dll", "GetTickCount", +[]() -> DWORD { return 5; });
-        EXPECT_EQ(tick_count(), 5u);
+        EXPECT_EQ(GetTickCount(), 5u);
     }
-    EXPECT_NE(tick_count(), 5u);
+    EXPECT_NE(GetTickCount(), 5u);
 }
 
 TEST(ImportPatch, SaysWhichFunctionIsNotImported)
@@ -45,6 +30,22 @@ TEST(ImportPatch, SaysWhichFunctionIsNotImported)
     } catch (const test_support::Failure& failure) {
         EXPECT_STREQ(failure.what(), "this executable does not import NoSuchFunction from kernel32.dll");
     }
+}
+
+// MSVC's library of comctl32 tells the number alone, and the one that this executable is linked with as well.
+TEST(ImportPatch, FindsAFunctionThatIsImportedByItsNumber)
+{
+    EXPECT_FALSE(SetWindowSubclass(nullptr, nullptr, 0, 0));
+    {
+        const ImportPatch patch(
+            "comctl32.dll", "SetWindowSubclass#410",
+            +[](HWND, SUBCLASSPROC, UINT_PTR, DWORD_PTR) -> BOOL { return TRUE; });
+        EXPECT_TRUE(SetWindowSubclass(nullptr, nullptr, 0, 0));
+    }
+    EXPECT_FALSE(SetWindowSubclass(nullptr, nullptr, 0, 0));
+    EXPECT_THROW(ImportPatch(
+                     "comctl32.dll", "SetWindowSubclass", +[] {}),
+                 test_support::Failure);
 }
 
 TEST(ImportHook, HandsTheArgumentsToTheTest)
@@ -59,11 +60,11 @@ TEST(ImportHook, HandsTheArgumentsToTheTest)
 TEST(FailingImport, FailsTheCallOfThatNumberOnly)
 {
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 2, nullptr, 1234);
-    const HDC first = screen_context();
+    const HDC first = GetDC(nullptr);
     EXPECT_NE(first, nullptr);
-    EXPECT_EQ(screen_context(), nullptr);
+    EXPECT_EQ(GetDC(nullptr), nullptr);
     EXPECT_EQ(GetLastError(), 1234u);
-    const HDC third = screen_context();
+    const HDC third = GetDC(nullptr);
     EXPECT_NE(third, nullptr);
     EXPECT_EQ(fails.calls(), 3);
     ReleaseDC(nullptr, first);
@@ -74,10 +75,10 @@ TEST(FailingImport, FailsEveryCallOfItsThreadAndLeavesOtherThreadsAlone)
 {
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", kEveryCall, nullptr, 1234);
     HDC elsewhere = nullptr;
-    test_support::Background other_thread([&] { elsewhere = screen_context(); });
+    test_support::Background other_thread([&] { elsewhere = GetDC(nullptr); });
     other_thread.join();
     EXPECT_NE(elsewhere, nullptr);
-    EXPECT_EQ(screen_context(), nullptr);
-    EXPECT_EQ(screen_context(), nullptr);
+    EXPECT_EQ(GetDC(nullptr), nullptr);
+    EXPECT_EQ(GetDC(nullptr), nullptr);
     ReleaseDC(nullptr, elsewhere);
 }

@@ -68,6 +68,38 @@ RECT to_screen(HWND window, RECT rectangle)
     return rectangle;
 }
 
+// What of a row is at this place of the list's client area (LVHT_...).
+UINT part_at(HWND window, POINT place)
+{
+    LVHITTESTINFO request{};
+    request.pt = place;
+    const RemoteMemory memory(window, sizeof(request));
+    memory.write(0, &request, sizeof(request));
+    ask(window, LVM_HITTEST, 0, as_argument(memory));
+    memory.read(0, &request, sizeof(request));
+    return request.flags;
+}
+
+// The middle of a row's check box on the screen. Where in its cell that stands differs from system to system.
+POINT check_box_centre(HWND window, int row, int cell_width)
+{
+    RECT request{};
+    request.left = LVIR_BOUNDS;
+    const RECT bounds = ask_rectangle(window, LVM_GETITEMRECT, row, request);
+    POINT place{bounds.left, (bounds.top + bounds.bottom) / 2};
+    const auto on_check_box = [&] { return part_at(window, place) == LVHT_ONITEMSTATEICON; };
+    while (!on_check_box()) {
+        if (++place.x >= bounds.left + cell_width)
+            throw Failure("there is no check box in row " + std::to_string(row));
+    }
+    const LONG left = place.x;
+    while (on_check_box())
+        ++place.x;
+    place.x = (left + place.x) / 2;
+    ClientToScreen(window, &place);
+    return place;
+}
+
 } // namespace
 
 RemoteListView::RemoteListView(HWND list) : list_(list)
@@ -125,18 +157,9 @@ void RemoteListView::set_ticked(int row, bool ticked) const
 void RemoteListView::click_check_box(int row) const
 {
     ask(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-    RECT request{};
-    request.left = LVIR_BOUNDS;
-    const RECT bounds = ask_rectangle(list_, LVM_GETITEMRECT, row, request);
-    request = {};
-    request.left = LVIR_ICON;
-    const RECT icon = ask_rectangle(list_, LVM_GETITEMRECT, row, request);
-
-    // The check box stands between the row's left edge and its icon.
-    const RECT box = to_screen(list_, {bounds.left, bounds.top, icon.left, bounds.bottom});
     const bool before = is_ticked(row);
     bring_to_front(GetAncestor(list_, GA_ROOT));
-    click({(box.left + box.right) / 2, (box.top + box.bottom) / 2});
+    click(check_box_centre(list_, row, column_width(0)));
 
     const auto turned = [&] { return is_ticked(row) != before; };
     const std::string what = "row " + std::to_string(row) + " to be ticked or unticked by a click";

@@ -14,6 +14,10 @@ function(wendlow_take_resources target)
   target_include_directories(${target} PRIVATE $<$<COMPILE_LANGUAGE:RC>:${WENDLOW_RESOURCES}>)
   set_source_files_properties(${PROJECT_SOURCE_DIR}/resources/wendlow.rc PROPERTIES
     OBJECT_DEPENDS "${WENDLOW_RESOURCE_FILES}")
+  if(MSVC)
+    # Its linker would add a second manifest.
+    target_link_options(${target} PRIVATE /MANIFEST:NO)
+  endif()
 endfunction()
 
 # Gives a program its version as Windows shows it.

@@ -16,6 +16,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/quit_message.h"
 #include "tests/support/windows/test_window.h"
 
 // What the main window gives back when it is destroyed, step by step.
@@ -162,7 +163,7 @@ TEST(MainWindowDestruction, ReleasesEachBlockOnce)
     boxes.expect_no_boxes();
     EXPECT_FALSE(IsWindow(list));
     EXPECT_EQ(released, 6 + 2); // of the scan and of the store, each block once
-    MSG message;
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 0u);
+    WPARAM exit_code = 1;
+    EXPECT_TRUE(test_support::take_quit_message(&exit_code));
+    EXPECT_EQ(exit_code, 0u);
 }

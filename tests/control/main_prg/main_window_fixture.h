@@ -4,6 +4,7 @@
 
 #include "sources/main_prg/main_window.h"
 #include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/quit_message.h"
 
 namespace main_tests
 {
@@ -28,8 +29,7 @@ public:
     {
         DestroyWindow(window);
         // A message box would not come up any more with the end of the program waiting in the queue.
-        MSG message;
-        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        test_support::take_quit_message();
     }
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;

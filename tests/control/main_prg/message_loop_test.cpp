@@ -7,6 +7,7 @@
 
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/quit_message.h"
 
 using namespace test_support;
 
@@ -33,8 +34,7 @@ TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
     EXPECT_NE(FindWindowW(L"prg_wnds_layout", nullptr), nullptr);
     DestroyWindow(FindWindowW(L"prg_wnds_layout", nullptr));
     // The end of the window asks the thread to end, which would close the boxes of later tests.
-    MSG quit;
-    PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    test_support::take_quit_message();
 }
 
 TEST(MessageLoop, TranslatesAndDispatchesEveryMessage)

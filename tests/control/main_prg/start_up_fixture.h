@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/quit_message.h"
 
 namespace main_tests
 {
@@ -39,8 +40,7 @@ public:
         if (window != nullptr)
             DestroyWindow(window);
         // The end of the window asks the thread to end, which would close the boxes of later tests.
-        MSG quit;
-        PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        test_support::take_quit_message();
     }
     StartUp(const StartUp&) = delete;
     StartUp& operator=(const StartUp&) = delete;

@@ -18,6 +18,7 @@
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/quit_message.h"
 #include "tests/support/windows/test_window.h"
 
 // The main window is closed while a scan is under way: calls to other windows, to the shell and boxes let
@@ -51,8 +52,7 @@ struct ClosedOnTheWay {
     {
         DestroyWindow(main->window);
         // With the end of the program waiting in the queue a box would not come up to be seen.
-        MSG message;
-        EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+        EXPECT_TRUE(take_quit_message());
     }
 
     void expect_quiet_end()

@@ -19,6 +19,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/quit_message.h"
 #include "tests/support/windows/test_window.h"
 
 // Messages come in while a scan is on its way. Another Scan does nothing while the record is used, and works
@@ -300,8 +301,7 @@ TEST(ScanUse, EndsWithoutAnotherBoxWhenTheMainWindowCloses)
     below_each_box(
         [](Desktop*, HWND main) {
             DestroyWindow(main);
-            MSG message;
-            EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+            EXPECT_TRUE(take_quit_message());
         },
         [](const ScanFixture&, const Boxes& boxes, const Ending& ending, std::size_t box) {
             expect_boxes(boxes, {ending.boxes.begin(), ending.boxes.begin() + static_cast<int>(box) + 1});

@@ -15,6 +15,7 @@
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/input/real_input.h"
 #include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/quit_message.h"
 #include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
@@ -206,8 +207,7 @@ TEST(ListOfWindows, ReleasesTheScanAndForgetsItselfWhenItCloses)
     EXPECT_EQ(scan_record.pcDynMem_WinHndls, nullptr);
     EXPECT_EQ(scan_record.pcDynMem_FullPaths, nullptr);
     EXPECT_EQ(scan_record.counter_valid, 2u); // the counters stay
-    MSG message;
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_FALSE(take_quit_message());
 }
 
 TEST(ListOfWindows, IgnoresDataThatIsNotForIt)

@@ -101,16 +101,16 @@ TEST(StartUp, GoesItsStepsInOrder)
 {
     const BoxWatcher boxes;
     StartUp start;
-    start.exit_code = 0x0000'0001'8000'0007;
+    start.loop.exit_code = 0x0000'0001'8000'0007;
     // Only the low 32 bits of the exit code are handed on.
     EXPECT_EQ(start.run(SW_SHOWMAXIMIZED), static_cast<int>(0x80000007));
-    EXPECT_EQ(start.steps,
+    EXPECT_EQ(start.seen.steps,
               (Steps{"libraries from 800", "no ghosting", "find prg_wnds_layout, any title",
                      "common controls 4727 of 8 bytes", "class prg_wnds_layout", "class List of Windows",
                      "create", "drops on main: 1", "message 233 to main: 1", "message 4A to main: 1",
                      "message 49 to main: 1", "show main: 3", "update main", "loop"}));
-    EXPECT_TRUE(GetWindowLongW(start.window, GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
-    EXPECT_TRUE(IsZoomed(start.window));
+    EXPECT_TRUE(GetWindowLongW(start.seen.window, GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
+    EXPECT_TRUE(IsZoomed(start.seen.window));
     boxes.expect_no_boxes();
 }
 
@@ -118,8 +118,8 @@ TEST(StartUp, RegistersTheMainWindowsClass)
 {
     StartUp start;
     start.run(SW_SHOW);
-    ASSERT_EQ(start.classes.size(), 2u);
-    const WNDCLASSEXW& seen = start.classes[0];
+    ASSERT_EQ(start.creation.classes.size(), 2u);
+    const WNDCLASSEXW& seen = start.creation.classes[0];
     expect_class(seen, L"prg_wnds_layout", WndProc, BLACK_BRUSH);
     EXPECT_EQ(std::wstring(seen.lpszMenuName), L"menu_main");
     // The small icon is the large picture in its full size.
@@ -166,8 +166,8 @@ TEST(StartUp, RegistersTheListsClass)
 {
     StartUp start;
     start.run(SW_SHOW);
-    ASSERT_EQ(start.classes.size(), 2u);
-    const WNDCLASSEXW& seen = start.classes[1];
+    ASSERT_EQ(start.creation.classes.size(), 2u);
+    const WNDCLASSEXW& seen = start.creation.classes[1];
     expect_class(seen, L"List of Windows", WndProc_ScanListView, WHITE_BRUSH);
     EXPECT_EQ(seen.lpszMenuName, nullptr);
     EXPECT_EQ(seen.hIcon, LoadIconW(nullptr, IDI_APPLICATION));
@@ -178,7 +178,7 @@ TEST(StartUp, CreatesTheMainWindow)
 {
     StartUp start;
     start.run(SW_SHOW);
-    const StartUp::Creation& seen = start.creation;
+    const main_tests::RecordedCreation::Arguments& seen = start.creation.window;
     EXPECT_EQ(seen.extended_style, 0u);
     EXPECT_EQ(seen.class_name, L"prg_wnds_layout");
     EXPECT_EQ(seen.title, L"Wendlow");
@@ -192,18 +192,18 @@ TEST(StartUp, CreatesTheMainWindow)
     EXPECT_EQ(seen.instance, GetModuleHandleW(nullptr));
     EXPECT_EQ(seen.parameter, nullptr);
     // The menu is the class's.
-    EXPECT_NE(GetMenu(start.window), nullptr);
+    EXPECT_NE(GetMenu(start.seen.window), nullptr);
 }
 
 TEST(StartUp, GoesOnWithoutClassesAndWithoutAWindow)
 {
     const BoxWatcher boxes;
     StartUp start;
-    start.classes_fail = true;
-    start.creation_fails = true;
-    start.exit_code = 4;
+    start.creation.classes_fail = true;
+    start.creation.window_fails = true;
+    start.loop.exit_code = 4;
     EXPECT_EQ(start.run(SW_SHOWMINIMIZED), 4);
-    EXPECT_EQ(start.steps,
+    EXPECT_EQ(start.seen.steps,
               (Steps{"libraries from 800", "no ghosting", "find prg_wnds_layout, any title",
                      "common controls 4727 of 8 bytes", "class prg_wnds_layout", "class List of Windows",
                      "create", "drops on null: 1", "message 233 to null: 1", "message 4A to null: 1",
@@ -218,13 +218,13 @@ TEST(StartUp, RestoresARunningInstanceOnlyFromItsMinimisedState)
         SCOPED_TRACE(state);
         ShowWindow(first, state);
         StartUp start;
-        start.running_instance = first;
-        start.exit_code = 9; // of a loop that must not be reached
+        start.seen.running_instance = first;
+        start.loop.exit_code = 9; // of a loop that must not be reached
         EXPECT_EQ(start.run(SW_SHOW), 0);
         Steps expected{"libraries from 800", "no ghosting", "find prg_wnds_layout, any title"};
         if (state == SW_SHOWMINIMIZED)
             expected.push_back("show the other: 9"); // SW_RESTORE
         expected.push_back("bring the other to the front");
-        EXPECT_EQ(start.steps, expected);
+        EXPECT_EQ(start.seen.steps, expected);
     }
 }

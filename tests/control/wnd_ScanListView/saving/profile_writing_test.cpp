@@ -50,6 +50,51 @@ std::string contents(const STR_RW_PRFL& record)
     return bytes;
 }
 
+constexpr int kFieldsThatFillingNeeds = 13;
+
+// Sets one of the fields of the two records to zero without which the arrays are not filled.
+void clear_field_that_filling_needs(int field, STR_RW_PRFL* record, STR_ENUM_WNDS_DATA* scanned)
+{
+    void** const pointers[kFieldsThatFillingNeeds - 1] = {
+        reinterpret_cast<void**>(&record->p_arr1D_ui_indexes_wnds_profile),
+        reinterpret_cast<void**>(&record->p_arr1D_uc_flag_Prg_or_Folder),
+        reinterpret_cast<void**>(&record->p_arr1D_ui_x),
+        reinterpret_cast<void**>(&record->p_arr1D_ui_y),
+        reinterpret_cast<void**>(&record->p_arr1D_ui_w),
+        reinterpret_cast<void**>(&record->p_arr1D_ui_h),
+        reinterpret_cast<void**>(&record->p_arr1D_ui_len_path),
+        reinterpret_cast<void**>(&record->p_arr_strz_paths),
+        reinterpret_cast<void**>(&scanned->arr1D_uc_flag_FP),
+        reinterpret_cast<void**>(&scanned->arr1D_ui_LenPath),
+        reinterpret_cast<void**>(&scanned->pcDynMem_GeomText),
+        reinterpret_cast<void**>(&scanned->pcDynMem_FullPaths)};
+    if (field == kFieldsThatFillingNeeds - 1)
+        record->N_wnds_in_profile = 0;
+    else
+        *pointers[field] = nullptr;
+}
+
+// The box that names those fields.
+ExpectedBox not_filled_box(const STR_RW_PRFL& record, const STR_ENUM_WNDS_DATA& scanned)
+{
+    return save_box(
+        L"PrepareData_Write_Profile", 1726, 1847,
+        L"error, incorrect input parameters:\npSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile = " +
+            pointer(record.p_arr1D_ui_indexes_wnds_profile) +
+            L"\npSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder = " +
+            pointer(record.p_arr1D_uc_flag_Prg_or_Folder) + L"\npSTR_RW_PRFL->p_arr1D_ui_x = " +
+            pointer(record.p_arr1D_ui_x) + L"\npSTR_RW_PRFL->p_arr1D_ui_y = " + pointer(record.p_arr1D_ui_y) +
+            L"\npSTR_RW_PRFL->p_arr1D_ui_w = " + pointer(record.p_arr1D_ui_w) +
+            L"\npSTR_RW_PRFL->p_arr1D_ui_h = " + pointer(record.p_arr1D_ui_h) +
+            L"\npSTR_RW_PRFL->p_arr1D_ui_len_path = " + pointer(record.p_arr1D_ui_len_path) +
+            L"\npSTR_RW_PRFL->p_arr_strz_paths = " + pointer(record.p_arr_strz_paths) +
+            L"\npSTR_RW_PRFL->N_wnds_in_profile = " + std::to_wstring(record.N_wnds_in_profile) +
+            L"\npSTR_ENUM_WNDS_DATA->arr1D_uc_flag_FP = " + pointer(scanned.arr1D_uc_flag_FP) +
+            L"\npSTR_ENUM_WNDS_DATA->arr1D_ui_LenPath = " + pointer(scanned.arr1D_ui_LenPath) +
+            L"\npSTR_ENUM_WNDS_DATA->pcDynMem_GeomText = " + pointer(scanned.pcDynMem_GeomText) +
+            L"\npSTR_ENUM_WNDS_DATA->pcDynMem_FullPaths = " + pointer(scanned.pcDynMem_FullPaths));
+}
+
 } // namespace
 
 TEST(ProfileWriting, MakesSixtyFourBytesOfOneProgramWithAnEightUnitPathAndAOneLetterName)
@@ -289,6 +334,21 @@ TEST(ProfileArrays, AreRefusedForMissingOrEmptyRecords)
     EXPECT_FALSE(has_arrays(record));
 }
 
+TEST(ProfileArrays, AreFilledOnlyWithBothRecords)
+{
+    const FilledScan scan(ten_windows());
+    const BoxWatcher boxes;
+    STR_RW_PRFL record{};
+    EXPECT_EQ(PrepareData_Write_Profile(nullptr, &scan_record), -1);
+    EXPECT_EQ(PrepareData_Write_Profile(&record, nullptr), -1);
+    const auto box = [&](const void* write, const void* read) {
+        return save_box(L"PrepareData_Write_Profile", 1712, 1825,
+                        L"incorrect input parameters: pSTR_RW_PRFL = " + pointer(write) +
+                            L", pSTR_ENUM_WNDS_DATA = " + pointer(read));
+    };
+    boxes.expect_boxes({box(nullptr, &scan_record), box(&record, nullptr)});
+}
+
 TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
 {
     const FilledScan scan(ten_windows());
@@ -296,57 +356,14 @@ TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
     // Another row, so that filling the arrays once more would be seen.
     prepared.record.p_arr1D_ui_indexes_wnds_profile[0] = 4;
     const std::string before = contents(prepared.record);
-    {
-        BoxWatcher boxes;
-        STR_RW_PRFL record{};
-        EXPECT_EQ(PrepareData_Write_Profile(nullptr, &scan_record), -1);
-        EXPECT_EQ(PrepareData_Write_Profile(&record, nullptr), -1);
-        const auto box = [&](const void* write, const void* read) {
-            return save_box(L"PrepareData_Write_Profile", 1712, 1825,
-                            L"incorrect input parameters: pSTR_RW_PRFL = " + pointer(write) +
-                                L", pSTR_ENUM_WNDS_DATA = " + pointer(read));
-        };
-        boxes.expect_boxes({box(nullptr, &scan_record), box(&record, nullptr)});
-    }
-    for (int missing = 0; missing < 13; ++missing) {
-        SCOPED_TRACE(missing);
-        STR_RW_PRFL r = prepared.record;
-        STR_ENUM_WNDS_DATA s = scan_record;
-        void** const fields[] = {reinterpret_cast<void**>(&r.p_arr1D_ui_indexes_wnds_profile),
-                                 reinterpret_cast<void**>(&r.p_arr1D_uc_flag_Prg_or_Folder),
-                                 reinterpret_cast<void**>(&r.p_arr1D_ui_x),
-                                 reinterpret_cast<void**>(&r.p_arr1D_ui_y),
-                                 reinterpret_cast<void**>(&r.p_arr1D_ui_w),
-                                 reinterpret_cast<void**>(&r.p_arr1D_ui_h),
-                                 reinterpret_cast<void**>(&r.p_arr1D_ui_len_path),
-                                 reinterpret_cast<void**>(&r.p_arr_strz_paths),
-                                 nullptr,
-                                 reinterpret_cast<void**>(&s.arr1D_uc_flag_FP),
-                                 reinterpret_cast<void**>(&s.arr1D_ui_LenPath),
-                                 reinterpret_cast<void**>(&s.pcDynMem_GeomText),
-                                 reinterpret_cast<void**>(&s.pcDynMem_FullPaths)};
-        if (fields[missing])
-            *fields[missing] = nullptr;
-        else
-            r.N_wnds_in_profile = 0;
-        BoxWatcher boxes;
-        EXPECT_EQ(PrepareData_Write_Profile(&r, &s), -1);
-        boxes.expect_boxes({save_box(
-            L"PrepareData_Write_Profile", 1726, 1847,
-            L"error, incorrect input parameters:\npSTR_RW_PRFL->p_arr1D_ui_indexes_wnds_profile = " +
-                pointer(r.p_arr1D_ui_indexes_wnds_profile) +
-                L"\npSTR_RW_PRFL->p_arr1D_uc_flag_Prg_or_Folder = " +
-                pointer(r.p_arr1D_uc_flag_Prg_or_Folder) + L"\npSTR_RW_PRFL->p_arr1D_ui_x = " +
-                pointer(r.p_arr1D_ui_x) + L"\npSTR_RW_PRFL->p_arr1D_ui_y = " + pointer(r.p_arr1D_ui_y) +
-                L"\npSTR_RW_PRFL->p_arr1D_ui_w = " + pointer(r.p_arr1D_ui_w) +
-                L"\npSTR_RW_PRFL->p_arr1D_ui_h = " + pointer(r.p_arr1D_ui_h) +
-                L"\npSTR_RW_PRFL->p_arr1D_ui_len_path = " + pointer(r.p_arr1D_ui_len_path) +
-                L"\npSTR_RW_PRFL->p_arr_strz_paths = " + pointer(r.p_arr_strz_paths) +
-                L"\npSTR_RW_PRFL->N_wnds_in_profile = " + std::to_wstring(r.N_wnds_in_profile) +
-                L"\npSTR_ENUM_WNDS_DATA->arr1D_uc_flag_FP = " + pointer(s.arr1D_uc_flag_FP) +
-                L"\npSTR_ENUM_WNDS_DATA->arr1D_ui_LenPath = " + pointer(s.arr1D_ui_LenPath) +
-                L"\npSTR_ENUM_WNDS_DATA->pcDynMem_GeomText = " + pointer(s.pcDynMem_GeomText) +
-                L"\npSTR_ENUM_WNDS_DATA->pcDynMem_FullPaths = " + pointer(s.pcDynMem_FullPaths))});
+    for (int field = 0; field < kFieldsThatFillingNeeds; ++field) {
+        SCOPED_TRACE(field);
+        STR_RW_PRFL record = prepared.record;
+        STR_ENUM_WNDS_DATA scanned = scan_record;
+        clear_field_that_filling_needs(field, &record, &scanned);
+        const BoxWatcher boxes;
+        EXPECT_EQ(PrepareData_Write_Profile(&record, &scanned), -1);
+        boxes.expect_boxes({not_filled_box(record, scanned)});
         EXPECT_TRUE(contents(prepared.record) == before);
     }
 }

@@ -8,6 +8,7 @@
 #include "sources/funcs_layout_windows/scanning/explorer_folders.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/test_window.h"
 
@@ -18,13 +19,6 @@ using namespace test_support;
 
 namespace
 {
-
-bool com_is_initialised()
-{
-    APTTYPE type{};
-    APTTYPEQUALIFIER qualifier{};
-    return SUCCEEDED(CoGetApartmentType(&type, &qualifier));
-}
 
 std::wstring guid_text(const GUID& id)
 {
@@ -38,11 +32,12 @@ std::wstring guid_text(const GUID& id)
 TEST(ShellList, HoldsComFromBeforeItIsMadeUntilItIsGone)
 {
     ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    const StandInRegistration stand_in;
     bool held = false;
     const ImportHook<"CoCreateInstance", decltype(CoCreateInstance)> create(
         "ole32.dll", [&](REFCLSID id, LPUNKNOWN outer, DWORD context, REFIID interface_id, LPVOID* created) {
             CoUninitialize();
-            held = com_is_initialised();
+            held = has_com_apartment();
             return create.call_original(id, outer, context, interface_id, created);
         });
     {
@@ -50,19 +45,19 @@ TEST(ShellList, HoldsComFromBeforeItIsMadeUntilItIsGone)
         EXPECT_EQ(open_shell_windows(&list), S_OK);
         EXPECT_TRUE(held);
         EXPECT_TRUE(list.windows);
-        EXPECT_TRUE(com_is_initialised());
+        EXPECT_TRUE(has_com_apartment());
         count_shell_windows(list);
     }
-    EXPECT_FALSE(com_is_initialised());
+    EXPECT_FALSE(has_com_apartment());
 }
 
 TEST(ShellList, IsNotMadeWhereComWasNeverInitialised)
 {
-    ASSERT_FALSE(com_is_initialised());
+    ASSERT_FALSE(has_com_apartment());
     ShellWindowsList list;
     EXPECT_EQ(open_shell_windows(&list), CO_E_NOTINITIALIZED);
     EXPECT_FALSE(list.windows);
-    EXPECT_FALSE(com_is_initialised());
+    EXPECT_FALSE(has_com_apartment());
 }
 
 TEST(ShellList, IsAskedForFromAnyServerWithoutOuterObject)

@@ -163,12 +163,17 @@ ComApartment::~ComApartment()
     CoUninitialize();
 }
 
+bool has_com_apartment()
+{
+    APTTYPE type{};
+    APTTYPEQUALIFIER qualifier{};
+    return SUCCEEDED(CoGetApartmentType(&type, &qualifier)) && qualifier != APTTYPEQUALIFIER_IMPLICIT_MTA;
+}
+
 bool com_outlives_its_owner()
 {
     CoUninitialize();
-    APTTYPE type{};
-    APTTYPEQUALIFIER qualifier{};
-    const bool outlives = SUCCEEDED(CoGetApartmentType(&type, &qualifier));
+    const bool outlives = has_com_apartment();
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
         throw Failure("no COM apartment");
     return outlives;

@@ -108,6 +108,9 @@ public:
     ComApartment& operator=(const ComApartment&) = delete;
 };
 
+// Whether COM was initialised for the calling thread.
+bool has_com_apartment();
+
 // Uninitialises COM for the calling thread, as the main window does when it is closed, and tells whether it
 // is still there for whoever holds it. Initialises it again.
 bool com_outlives_its_owner();

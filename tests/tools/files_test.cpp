@@ -29,12 +29,12 @@ void expect_failure(const Ran& ran, ExitCode code, const std::string& err)
     EXPECT_EQ(ran.out, "");
 }
 
-TEST(ProfileToolFiles, TheSeedSavedByTheProgramIsWhatItIsSaidToBe)
+TEST(ProfileToolFiles, TheSeedSavedByTheProgramHasTheseBytes)
 {
     EXPECT_EQ(text_of_tree("tests/fuzz/seeds/saved_by_the_program"), std::string(kGood.begin(), kGood.end()));
 }
 
-TEST(ProfileToolFiles, ReturnByWayOfJson)
+TEST(ProfileToolFiles, AreTheSameAfterJsonAndBack)
 {
     const WorkFolder folder;
     WorkFolder::write("p.txt", kGood);
@@ -104,7 +104,7 @@ TEST(ProfileToolFiles, AreNotMadeOfAnythingWrong)
     EXPECT_EQ(folder.files(), (Names{"bad.json", "cut"}));
 }
 
-TEST(ProfileToolFiles, ThatCannotBeWrittenAreSaidToBe)
+TEST(ProfileToolFiles, ThatCannotBeWrittenAreReported)
 {
     const WorkFolder folder;
     WorkFolder::write("p.txt", kGood);
@@ -153,7 +153,7 @@ TEST(ProfileToolFiles, AreFoundBelowAFolder)
     EXPECT_FALSE(fs::exists("r.txt"));
 }
 
-TEST(ProfileToolFiles, AreLookedForAlsoWhereAFolderVanishes)
+TEST(ProfileToolFiles, AreFoundWhenAFolderVanishesMeanwhile)
 {
     namespace fs = std::filesystem;
     const WorkFolder folder;
@@ -217,7 +217,7 @@ TEST(ProfileToolFiles, NeedAName)
     EXPECT_EQ(folder.files(), Names{"p.txt"});
 }
 
-TEST(ProfileToolFiles, MayStandBehindAReplacement)
+TEST(ProfileToolFiles, MayFollowAReplacementOnTheCommandLine)
 {
     const WorkFolder folder;
     WorkFolder::write("p.txt", kGood);
@@ -242,7 +242,7 @@ std::string text_in(const std::string& name)
     return {bytes.begin(), bytes.end()};
 }
 
-TEST(ProfileToolFiles, AreNotTheOnlyThingThatCannotBeWritten)
+TEST(ProfileToolFiles, OfOutputThatCannotBeWrittenAreReported)
 {
     const WorkFolder folder;
     WorkFolder::write("p.txt", kGood);
@@ -255,7 +255,7 @@ TEST(ProfileToolFiles, AreNotTheOnlyThingThatCannotBeWritten)
     EXPECT_EQ(text_in("out"), "p.txt: fine\n");
 }
 
-TEST(ProfileToolFiles, OfSeveralTheWorstDecidesTheExitCode)
+TEST(ProfileToolFiles, GiveTheExitCodeOfTheWorst)
 {
     const WorkFolder folder;
     WorkFolder::write("good", kGood);

@@ -112,7 +112,7 @@ TEST(ProfileToolJson, GivesOddFilesBack)
         ProfileEncoder().add_program(-1, -2147483647 - 1, 2147483647, 0, u"p").name(u"n").bytes(), "limits");
 }
 
-TEST(ProfileToolJson, CannotNameWhatTheSearchForTheNameDoesNotMeet)
+TEST(ProfileToolJson, HasNoNameWhenTheSearchFindsNoZeroUnit)
 {
     // Nothing but ones between the paths and the signature, and no zero unit at that distance before them.
     ProfileEncoder encoder;
@@ -188,7 +188,7 @@ TEST(ProfileToolJson, TellsWhereItIsNoJson)
     EXPECT_TRUE(file.empty());
 }
 
-TEST(ProfileToolJson, TellsOfHostileTextWithoutRepeatingIt)
+TEST(ProfileToolJson, ReportsHostileTextWithoutRepeatingIt)
 {
     expect_refused(form_with(R"("name": "N")", R"("name": "N", "\u001b[31m\u202e": 1)"),
                    "/<U+001B>[31m<U+202E>: nothing of this name is known here");
@@ -210,7 +210,7 @@ TEST(ProfileToolJson, TellsOfHostileTextWithoutRepeatingIt)
     EXPECT_NE(why.find("\xD0\x96 ... \xD0\x96"), std::string::npos) << why;
 }
 
-TEST(ProfileToolJson, SaysThatItIsWantedInUtf8)
+TEST(ProfileToolJson, IsRefusedInUtf16)
 {
     using namespace std::string_literals;
     const char* why = "it is UTF-16, as some shells write what they redirect; UTF-8 is wanted";
@@ -222,7 +222,7 @@ TEST(ProfileToolJson, SaysThatItIsWantedInUtf8)
     EXPECT_TRUE(profile_of_json("\xEF\xBB\xBF" + form_with("", ""), &file, &said)) << said;
 }
 
-TEST(ProfileToolJson, StandsAnyDepth)
+TEST(ProfileToolJson, IsRefusedWithoutACrashAtAnyDepth)
 {
     constexpr std::size_t kDepth = 100000;
     expect_refused(std::string(kDepth, '[') + std::string(kDepth, ']'), "an object is wanted");
@@ -230,7 +230,7 @@ TEST(ProfileToolJson, StandsAnyDepth)
                    "/entries/0/path/0: a whole number from 0 to 65535 is wanted");
 }
 
-TEST(ProfileToolJson, MakesNoFileThatTheProgramWouldReadOtherwise)
+TEST(ProfileToolJson, MakesNoFileThatTheProgramWouldReadDifferently)
 {
     const char* other_name =
         "/name: the program would find another name: the character right before it must be "
@@ -242,7 +242,7 @@ TEST(ProfileToolJson, MakesNoFileThatTheProgramWouldReadOtherwise)
         "the program would refuse the file: the last three bytes are 00 00 00 instead of 00 07 0C");
 }
 
-TEST(ProfileToolJson, MakesNoLargeFileOfFewDigits)
+TEST(ProfileToolJson, LimitsTheZeroTail)
 {
     for (const char* bytes : {"3", "4294967295", "4294967296"})
         expect_refused(form_with(R"("name": "N")", std::string(R"("name": "N", "zero_tail": )") + bytes),

@@ -10,7 +10,7 @@ using namespace profile_tool;
 const std::u16string kHigh{char16_t{0xD83D}};
 const std::u16string kLow{char16_t{0xDE00}};
 
-TEST(ProfileToolText, ReadsUnitsLowByteFirstAndLeavesAnOddByteOut)
+TEST(ProfileToolText, ReadsUnitsLowByteFirstAndIgnoresAnOddByte)
 {
     EXPECT_EQ(units_of(Bytes{0x41, 0x00, 0x16, 0x04, 0x7F}), u"A\u0416");
     EXPECT_EQ(bytes_of(u"A\u0416"), (Bytes{0x41, 0x00, 0x16, 0x04}));
@@ -30,7 +30,7 @@ TEST(ProfileToolText, TakesNoBytesThatAreNoUtf8)
         EXPECT_EQ(utf16_of(bytes), std::nullopt) << bytes;
 }
 
-TEST(ProfileToolText, ShowsWhatCannotBeSeen)
+TEST(ProfileToolText, EscapesWhatCannotBePrinted)
 {
     EXPECT_EQ(shown(u"C:\\\u4E2D\\a b.exe"), "C:\\\xE4\xB8\xAD\\a b.exe");
     EXPECT_EQ(shown(kHigh + kLow), "\xF0\x9F\x98\x80");

@@ -40,7 +40,7 @@ TEST(Figures, DrawsALineWithTheSelectedPen)
     EXPECT_EQ(canvas.at(3, 6), kWhite);
 }
 
-TEST(Figures, TakesALineWithoutLengthForAnError)
+TEST(Figures, ReportsALineWithoutLength)
 {
     const Canvas canvas(20, 20);
     const auto text = [](HDC dc, const wchar_t* points) {
@@ -74,7 +74,7 @@ TEST(Figures, DrawsAMiniatureWindow)
     EXPECT_EQ(canvas.at(70, 20), kBlue);
 }
 
-TEST(Figures, MakesAMiniatureOfFiveRectangles)
+TEST(Figures, DrawsAMiniatureAsFiveRectangles)
 {
     const Canvas canvas(120, 100);
     std::vector<std::string> drawn;
@@ -101,7 +101,7 @@ TEST(Figures, MakesAMiniatureOfFiveRectangles)
                                                "80,25 to 90,35 FFFFFF", "65,25 to 75,35 FFFFFF"}));
 }
 
-TEST(Figures, MakesAMiniaturesBlackPenAndThenItsWhiteOne)
+TEST(Figures, CreatesAMiniaturesBlackPenBeforeItsWhiteOne)
 {
     const Canvas canvas(120, 100);
     std::vector<std::string> pens;
@@ -124,7 +124,7 @@ TEST(Figures, DrawsTheBoxesOfANarrowMiniatureOutsideItsFrame)
     EXPECT_EQ(canvas.at(60 + 30 - 40, 20), kWhite);
 }
 
-TEST(Figures, LeavesNoMiniaturesPensAndBrushesBehind)
+TEST(Figures, DeletesAMiniaturesPensAndBrushes)
 {
     const Canvas canvas(120, 100);
     const HGDIOBJ pen = GetCurrentObject(canvas.dc(), OBJ_PEN);

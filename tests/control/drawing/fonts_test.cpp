@@ -69,7 +69,7 @@ TEST(Fonts, MakesAFontFromItsFieldsWithAFaceNameOfUnconvertedBytes)
     DeleteObject(font);
 }
 
-TEST(Fonts, TakesEachOfItalicUnderlineAndStrikeOutForItself)
+TEST(Fonts, SetsItalicUnderlineAndStrikeOutIndependently)
 {
     for (const int set : {0, 1, 2}) {
         SCOPED_TRACE(set);
@@ -109,7 +109,7 @@ TEST(Fonts, FindsTheLargestHeightWhoseLineFits)
     }
 }
 
-TEST(Fonts, FindsNothingBelowAFontOfOnePixel)
+TEST(Fonts, FindsNoHeightBelowOnePixel)
 {
     const Canvas canvas(10, 10);
     // Lines of every font are 5 pixels high.
@@ -140,7 +140,7 @@ TEST(Fonts, GoesDownUntilTheTextFitsTheWidth)
     EXPECT_EQ(FindFontSize_fit_H_and_W(canvas.dc(), text, 30, -1), 1);
 }
 
-TEST(Fonts, MeasuresSixUnitsOfTheProbeAndLeavesNoFontBehind)
+TEST(Fonts, MeasuresSixUnitsOfTheProbeAndDeletesItsFonts)
 {
     const Canvas canvas(10, 10);
     int made = 0;

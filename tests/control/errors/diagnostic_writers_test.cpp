@@ -50,7 +50,7 @@ TEST(DiagnosticWriters, WriteATextAndFlushIt)
     std::fclose(file);
 }
 
-TEST(DiagnosticWriters, TellAFailedWriteOnStandardOutputAndGoOn)
+TEST(DiagnosticWriters, ReportAFailedWriteOnStandardOutputAndGoOn)
 {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"dump.txt");
@@ -63,7 +63,7 @@ TEST(DiagnosticWriters, TellAFailedWriteOnStandardOutputAndGoOn)
     EXPECT_EQ(told, "\n error, proc dump_str2file, iFlag == EOF \nexit(1)\n");
 }
 
-TEST(DiagnosticWriters, TellAFailedFlushOnStandardOutput)
+TEST(DiagnosticWriters, ReportAFailedFlushOnStandardOutput)
 {
     // The text fits the stream's buffer; nobody is there to take it from the pipe.
     int ends[2]{};
@@ -78,7 +78,7 @@ TEST(DiagnosticWriters, TellAFailedFlushOnStandardOutput)
     EXPECT_EQ(told, "\n error, proc dump_str2file: fflush( ) \n");
 }
 
-TEST(DiagnosticWriters, TellNothingWhenAllWentWell)
+TEST(DiagnosticWriters, PrintNothingWhenEveryWriteSucceeds)
 {
     testing::internal::CaptureStdout();
     written([](std::FILE* file) { dump_str2file(file, "text"); });

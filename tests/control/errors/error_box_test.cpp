@@ -114,7 +114,7 @@ std::size_t composed_length(const ErrorRow& row, const std::wstring& shown)
 
 } // namespace
 
-TEST(ErrorBox, ShowsEachLayoutInItsOwnWords)
+TEST(ErrorBox, ShowsEachLayoutWithItsOwnText)
 {
     for (const LayoutCase& expected : kLayouts) {
         ErrorRow site = kRow;
@@ -177,7 +177,7 @@ TEST(ErrorBox, HasOneOkButtonNoIconAndNoOwner)
     EXPECT_EQ(box.owner, nullptr);
 }
 
-TEST(ErrorBox, TakesItsOwnerAndItsIconWhereTheyAreGiven)
+TEST(ErrorBox, HasTheOwnerAndTheIconThatAreGiven)
 {
     const HWND owner = CreateWindowExW(0, L"STATIC", L"owner", WS_POPUP, 0, 0, 50, 50, nullptr, nullptr,
                                        GetModuleHandleW(nullptr), nullptr);
@@ -191,7 +191,7 @@ TEST(ErrorBox, TakesItsOwnerAndItsIconWhereTheyAreGiven)
     DestroyWindow(owner);
 }
 
-TEST(ErrorBox, HandsBytesOverTwoToAUnit)
+TEST(ErrorBox, PassesBytesTwoToAUnit)
 {
     // An odd and an even number of bytes: the last unit is filled up with a zero byte.
     for (const char* detail : {"odd", "even"}) {
@@ -208,7 +208,7 @@ TEST(ErrorBox, HandsBytesOverTwoToAUnit)
     }
 }
 
-TEST(ErrorBox, HandsOnlyFileAndFunctionOverAsBytesWhereARowSaysSo)
+TEST(ErrorBox, PassesOnlyFileAndFunctionAsBytesWhenARowSaysSo)
 {
     ErrorRow site = kRow;
     site.encoding = ErrorEncoding::WIDE_BYTE_FIELDS;
@@ -270,7 +270,7 @@ TEST(ErrorBox, ShowsTwoReportsInARowInTwoBoxesFromTheSameBuffer)
     EXPECT_STREQ(buffer.data(), L"value = 2");
 }
 
-TEST(ErrorRows, HaveEachASiteNumberOfTheirOwnInTheirSourceFile)
+TEST(ErrorRows, HaveSiteNumbersThatAreUniqueInTheirSourceFile)
 {
     std::map<std::string, std::set<std::uint32_t>> sites_of_file;
     for (const ErrorRow* row : report_rows) {
@@ -280,7 +280,7 @@ TEST(ErrorRows, HaveEachASiteNumberOfTheirOwnInTheirSourceFile)
     EXPECT_EQ(sites_of_file.size(), 5u);
 }
 
-TEST(ErrorRows, OfOneSourceFileShareASiteVariableAndThoseOfOneSourceABuffer)
+TEST(ErrorRows, ShareASiteVariablePerSourceFileAndABufferPerSource)
 {
     std::map<const std::uint32_t*, std::set<const wchar_t*>> buffers;
     std::map<const std::uint32_t*, std::set<std::string>> files;

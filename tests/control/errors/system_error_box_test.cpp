@@ -22,14 +22,14 @@ TEST(SystemErrorBox, ShowsTheSystemsTextWithTheInformationIcon)
     EXPECT_EQ(boxes.boxes().at(0).buttons, std::vector<int>{IDOK});
 }
 
-TEST(SystemErrorBox, KeepsTheCodeItWasShownFor)
+TEST(SystemErrorBox, StoresTheCodeItWasShownFor)
 {
     const BoxWatcher boxes;
     show_system_error(ERROR_ACCESS_DENIED);
     EXPECT_EQ(last_system_error, 5u);
 }
 
-TEST(SystemErrorBox, HandsItsTitleOverAsBytesWhereItIsAsked)
+TEST(SystemErrorBox, PassesItsTitleAsBytesWhenAskedTo)
 {
     const BoxWatcher boxes;
     show_system_error(ERROR_ACCESS_DENIED, ErrorEncoding::BYTES);
@@ -82,7 +82,7 @@ TEST(SystemErrorBox, AsksTheSystemForTheTextAndFreesIt)
     EXPECT_EQ(freed, 1);
 }
 
-TEST(SystemErrorBox, StaysEmptyForACodeWithoutText)
+TEST(SystemErrorBox, IsEmptyForACodeWithoutText)
 {
     const BoxWatcher boxes;
     show_system_error(0x2FFFFFFF);

@@ -66,7 +66,7 @@ TEST(EntryPath, IsCopiedWithATerminatorOfItsOwn)
     EXPECT_EQ(copy.unit(11), kFilling);
 }
 
-TEST(EntryPath, MayLieAtAnOddAddress)
+TEST(EntryPath, IsReadAtAnOddAddress)
 {
     Bytes shifted = bytes_of(L"C:\\odd.exe");
     shifted.insert(shifted.begin(), 0xEE);
@@ -111,7 +111,7 @@ TEST(EntryPath, IsTakenUpToTheLongestThatTheSystemTakes)
     EXPECT_TRUE(Copy(odd).text() == longest.substr(1) + L'y') << Copy(odd).text().size();
 }
 
-TEST(EntryPath, ThatIsTooLongGivesNothingAndTouchesNothing)
+TEST(EntryPath, ThatIsTooLongIsNotCopied)
 {
     Bytes one_byte_more = bytes_of(std::wstring(32'767, L'x'));
     one_byte_more.push_back('y');
@@ -125,7 +125,7 @@ TEST(EntryPath, ThatIsTooLongGivesNothingAndTouchesNothing)
 }
 
 // The declared length may be anything; nothing is read when it does not fit.
-TEST(EntryPath, OfAnAbsurdLengthIsNotRead)
+TEST(EntryPath, OfAnImpossibleLengthIsNotRead)
 {
     EntryPathBuffer buffer{};
     for (const std::size_t length : {0x10000ULL, 0x7FFFFFFFULL, 0xFFFFFFFEULL, 0xFFFFFFFFULL}) {
@@ -142,7 +142,7 @@ bool has_path(Bytes in_file, std::wstring_view path)
     return entry_has_path(entry_of(in_file.data() + 1, path_bytes), path);
 }
 
-TEST(EntryHasPath, ComparesItWhereItLiesIgnoringCase)
+TEST(EntryHasPath, ComparesThePathInPlaceIgnoringCase)
 {
     EXPECT_TRUE(has_path(bytes_of(L"C:\\Folder\\\x0416.exe"), L"c:\\folder\\\x0436.EXE"));
     EXPECT_FALSE(has_path(bytes_of(L"C:\\folder\\a.exe"), L"C:\\folder\\b.exe"));
@@ -153,7 +153,7 @@ TEST(EntryHasPath, ComparesItWhereItLiesIgnoringCase)
     EXPECT_TRUE(has_path(Bytes{}, L""));
 }
 
-TEST(EntryHasPath, TakesALoneLastByteForAUnit)
+TEST(EntryHasPath, TakesALoneLastByteAsAUnit)
 {
     Bytes odd = bytes_of(L"C:\\a");
     odd.push_back(0x42);
@@ -164,7 +164,7 @@ TEST(EntryHasPath, TakesALoneLastByteForAUnit)
     EXPECT_TRUE(has_path(odd, L"C:\\a"));
 }
 
-TEST(EntryHasPath, EndsItAtItsFirstZero)
+TEST(EntryHasPath, EndsThePathAtItsFirstZero)
 {
     const Bytes bytes = bytes_of(std::wstring(L"C:\\a\0b.exe", 10));
     EXPECT_TRUE(has_path(bytes, L"C:\\a"));
@@ -187,7 +187,7 @@ TEST(EntryHasPath, ComparesLongPathsToTheirEnd)
     EXPECT_FALSE(has_path(bytes_of(L"C:\\a" + std::wstring(40'000, L'\0')), L"C:\\a"));
 }
 
-TEST(EntryHasPath, ReadsNothingOfAnAbsurdLength)
+TEST(EntryHasPath, DoesNotReadAPathOfImpossibleLength)
 {
     for (const std::size_t length : {0x10000ULL, 0x7FFFFFFFULL, 0xFFFFFFFEULL, 0xFFFFFFFFULL})
         EXPECT_FALSE(entry_has_path(entry_of(nullptr, length), L"x")) << length;
@@ -200,7 +200,7 @@ TEST(SamePath, IgnoresCaseOfAllAlphabets)
     EXPECT_TRUE(same_path(L"", L""));
 }
 
-TEST(SamePath, TellsEverythingElseApart)
+TEST(SamePath, TreatsEverythingElseAsDifferent)
 {
     EXPECT_FALSE(same_path(L"C:\\a.exe", L"C:\\b.exe"));
     EXPECT_FALSE(same_path(L"C:\\a.exe", L"C:\\a.exe "));

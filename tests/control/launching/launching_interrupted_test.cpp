@@ -180,7 +180,7 @@ TEST(Launching, SearchesNoMoreOnceTheMainWindowIsClosed)
     }
 }
 
-TEST(Launching, TellsAndPlacesNothingOnceTheMainWindowIsClosed)
+TEST(Launching, ReportsAndPlacesNothingOnceTheMainWindowIsClosed)
 {
     ClosedInTheMiddle closed;
     RecordedFolderStarts starts;

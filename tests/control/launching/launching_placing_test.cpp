@@ -94,7 +94,7 @@ TEST(Launching, PlacesProgramsFirstAndRestoresTheLastOneForAMinimisedFolder)
                                         "show 9 b", "front c", "move c 1,2 301x201", "show 6 d"}));
 }
 
-TEST(Launching, LeavesItToAWindowThatDoesNotAnswerToTakeItsPlace)
+TEST(Launching, PlacesAWindowThatDoesNotAnswerWithoutWaitingForIt)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
@@ -205,7 +205,7 @@ TEST(Launching, MinimisesAFolderSavedWithoutAWidthOrAHeight)
 }
 
 // The calls are made without a window; the system refuses them.
-TEST(Launching, PlacesWindowsThatWereNotFoundAsNone)
+TEST(Launching, CallsForWindowsThatWereNotFoundWithANullHandle)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;

@@ -145,7 +145,7 @@ TEST(LaunchingRecords, PreferTheProgramThatWasStartedToOneThatRanBefore)
     EXPECT_EQ(place_of(copy.running), copy.place_of_running);
 }
 
-TEST(LaunchingRecords, KnowTheFirstThreadOfAProgramOnly)
+TEST(LaunchingRecords, HoldOnlyTheFirstThreadOfAProgram)
 {
     CopyOfARunningProgram copy({.window_of_second_thread = true});
     const std::string place_of_started = "100,120 320x240"; // as it comes up
@@ -155,7 +155,7 @@ TEST(LaunchingRecords, KnowTheFirstThreadOfAProgramOnly)
     EXPECT_EQ(place_of(copy.started), place_of_started);
 }
 
-TEST(LaunchingRecords, HoldForAllEntriesOfOneExecutable)
+TEST(LaunchingRecords, CountForAllEntriesOfOneExecutable)
 {
     ProfileFixture fixture;
     FixturePrograms programs;

@@ -109,7 +109,7 @@ TEST(Launching, GivesTwoEntriesOfOneFolderTheSameWindow)
     EXPECT_EQ(place_of(folder), "40,50 340x240");
 }
 
-TEST(Launching, HasStartedAndPlacedTheProgramOfAProfileTooLargeForTheStore)
+TEST(Launching, StartsAndPlacesTheProgramOfAProfileTooLargeForTheStore)
 {
     ProfileFixture fixture;
     FixturePrograms programs;
@@ -208,7 +208,7 @@ TEST(Launching, GoesOnWhenTheProgramsCannotBeSearchedFor)
 }
 
 // There are records for as many programs as the store has room for handles.
-TEST(Launching, NotesNoMoreProgramsThanThereIsRoomFor)
+TEST(Launching, RecordsNoMoreProgramsThanThereIsRoomFor)
 {
     const NothingStarts nothing;
     const Bytes file = ProfileEncoder()

@@ -353,7 +353,7 @@ TEST(Launching, RunsOnlyTheSearchesThatTheProfileNeeds)
     EXPECT_EQ(fixture.folders.counts().passes, 0);
 }
 
-TEST(Launching, LetsAHungProgramNeitherFreezeNorSpoilALoad)
+TEST(Launching, FindsAWindowBesideAProgramThatDoesNotTellItsTitle)
 {
     ProfileFixture fixture;
     FixturePrograms programs;

@@ -44,7 +44,7 @@ TEST(FolderMatching, GivesTheLastWindowOfAFolderToEveryEntryThatIsNoProgram)
     EXPECT_EQ(fixture.folders.counts().id_lists_live, 0);
 }
 
-TEST(FolderMatching, PassesOverWindowsThatDoNotTellTheirFolderAndReleasesEverything)
+TEST(FolderMatching, SkipsWindowsThatDoNotTellTheirFolderAndReleasesEverything)
 {
     ProfileFixture fixture;
     const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"x").bytes();
@@ -150,7 +150,7 @@ TEST(FolderCheck, AsksForAWindowOfEveryFolderThatOpened)
     }
 }
 
-TEST(FolderCheck, LooksAtNothingBehindTheLastEntry)
+TEST(FolderCheck, ReadsNothingBehindTheLastEntry)
 {
     // The left edge, which stands behind the kind flags, looks like a folder's.
     const Bytes file = ProfileEncoder().add_program(0, 0, 9, 9, u"C:\\a.exe").name(u"x").bytes();

@@ -88,7 +88,7 @@ TEST(ProgramMatching, HasARecordWithItsFieldsInOrder)
     EXPECT_EQ(offsetof(HWNDs_loadedPrgsProfile_STR, N_prgs), 40u);
 }
 
-TEST(ProgramMatching, ClosesTheProcessThatItHasAsked)
+TEST(ProgramMatching, ClosesEachProcessThatItOpens)
 {
     const TestWindow window(L"mine");
     Matcher matcher(one_entry(own_image()));
@@ -158,7 +158,7 @@ TEST(ProgramMatching, TakesTheRecordOfAnotherEntryForAStartedThreadToo)
     EXPECT_EQ(matcher.found.front(), second.get());
 }
 
-TEST(ProgramMatching, PassesOverWindowsThatDoNotQualify)
+TEST(ProgramMatching, SkipsWindowsThatDoNotQualify)
 {
     constexpr DWORD visible = WS_POPUP | WS_VISIBLE;
     const RECT place{10, 20, 110, 120};
@@ -190,7 +190,7 @@ TEST(ProgramMatching, PassesOverWindowsThatDoNotQualify)
     EXPECT_EQ(matcher.found.front(), flat.get());
 }
 
-TEST(ProgramMatching, PassesOverExplorerWhereverItLies)
+TEST(ProgramMatching, SkipsExplorerInAnyFolder)
 {
     const TestWindow window(L"mine");
     for (const wchar_t* image : {L"C:\\Windows\\EXPLORER.exe", L"C:\\my explorer.exe"}) {
@@ -207,7 +207,7 @@ TEST(ProgramMatching, PassesOverExplorerWhereverItLies)
     }
 }
 
-TEST(ProgramMatching, PassesOverAProcessThatCannotBeOpened)
+TEST(ProgramMatching, SkipsAProcessThatCannotBeOpened)
 {
     const TestWindow window(L"mine");
     Matcher matcher(one_entry(own_image()));
@@ -306,7 +306,7 @@ TEST(ProgramMatching, CopiesNothingBehindTheLastEntry)
     EXPECT_EQ(programs[1], kept);
 }
 
-TEST(ProgramMatching, KeepsWhatItFoundAlsoWhenLaterPassesBreakOff)
+TEST(ProgramMatching, KeepsWhatItFoundWhenLaterPassesFail)
 {
     Matcher matcher(one_entry(own_image()));
     std::vector<HWND> programs(1);
@@ -322,7 +322,7 @@ TEST(ProgramMatching, KeepsWhatItFoundAlsoWhenLaterPassesBreakOff)
     EXPECT_EQ(programs.front(), window.get());
 }
 
-TEST(ProgramMatching, AsksNoWindowForItsTitleThatBelongsToNoEntryAnyway)
+TEST(ProgramMatching, AsksNoWindowThatBelongsToNoEntryForItsTitle)
 {
     const TestWindow frame(L"frame", RECT{10, 20, 310, 220}, L"ApplicationFrameWindow");
     const TestWindow core(L"core", RECT{10, 20, 310, 220}, L"Windows.UI.Core.CoreWindow");

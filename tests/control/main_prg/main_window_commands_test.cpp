@@ -63,7 +63,7 @@ TEST(MainWindowCommands, ShowTheAboutBox)
     EXPECT_FALSE(boxes.boxes().at(0).has_icon);
 }
 
-TEST(MainWindowCommands, ShowTheReservedOnesAsBytes)
+TEST(MainWindowCommands, ShowTheBoxesOfReservedCommandsAsBytes)
 {
     const char* const texts[] = {"menu item FILE NEW",     "menu item FILE OPEN", "menu item FILE SAVE",
                                  "menu item FILE SAVE AS", "menu item EXIT",      "menu item HELP"};
@@ -76,7 +76,7 @@ TEST(MainWindowCommands, ShowTheReservedOnesAsBytes)
     }
 }
 
-TEST(MainWindowCommands, LeaveTheProfileListAloneForTheReservedOneOfItsNumber)
+TEST(MainWindowCommands, LeaveTheProfileListAloneForTheReservedCommandOfItsNumber)
 {
     const MainWindow main;
     SendMessageW(main.control(main_control::kProfile), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"one"));
@@ -93,7 +93,7 @@ TEST(MainWindowCommands, LeaveTheProfileListAloneForTheReservedOneOfItsNumber)
     EXPECT_EQ(boxes.count(), 1u);
 }
 
-TEST(MainWindowCommands, TakeTheSelectionOfTheActionListOver)
+TEST(MainWindowCommands, StoreTheSelectionOfTheActionList)
 {
     const MainWindow main;
     const BoxWatcher boxes;
@@ -191,7 +191,7 @@ TEST(MainWindowCommands, ResetTheScanRecordBeforeAScan)
     EXPECT_EQ(scan_record.uiSize_TmpBuf_Path, 32768u);
 }
 
-TEST(MainWindowCommands, TellTheResultOfAFailedLoad)
+TEST(MainWindowCommands, ReportTheResultOfAFailedLoad)
 {
     const MainWindow main;
     const TemporaryFolder folder;
@@ -208,7 +208,7 @@ TEST(MainWindowCommands, TellTheResultOfAFailedLoad)
     EXPECT_EQ(main.profiles(), 0);
 }
 
-TEST(MainWindowCommands, LoadWithoutTheStore)
+TEST(MainWindowCommands, GoOnLoadingWhenTheStoreCannotBeSetUp)
 {
     const MainWindow main;
     const AnsweredOpenDialog cancelled(L"");

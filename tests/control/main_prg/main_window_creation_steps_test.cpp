@@ -146,7 +146,7 @@ private:
 
 } // namespace
 
-TEST(MainWindowCreation, GoesItsStepsInOrder)
+TEST(MainWindowCreation, TakesItsStepsInOrder)
 {
     const BoxWatcher boxes;
     // Buttons are 70 by 180 pixels, so the text may be 59 (59.5) high and 144 wide.
@@ -185,7 +185,7 @@ TEST(MainWindowCreation, TakesTheFontsHeightFromTheButtonsWhenTheTextIsShort)
     EXPECT_EQ(font.lfHeight, 59);
 }
 
-TEST(MainWindowCreation, ReleasesItsContextAlsoWhenNothingFits)
+TEST(MainWindowCreation, ReleasesItsDeviceContextWhenNoFontFits)
 {
     const BoxWatcher boxes;
     // A button without height.
@@ -199,7 +199,7 @@ TEST(MainWindowCreation, ReleasesItsContextAlsoWhenNothingFits)
     EXPECT_EQ(main_window.STR_GeomLt_MW.i_font_size, -1);
 }
 
-TEST(MainWindowCreation, SetsTheRecordsOfTheListsUp)
+TEST(MainWindowCreation, SetsUpTheRecordsOfTheLists)
 {
     const Creation creation(3000, 2000, 0);
     const CB_mng_STR& profiles = main_window.CB_Profile;

@@ -97,7 +97,7 @@ TEST(MainWindowCreation, GoesOnWithoutAFontWhenItCannotBeMade)
     EXPECT_EQ(com.calls, 1);
 }
 
-TEST(MainWindowCreation, ReportsTheThreeResultsOfComThatMeanNoCom)
+TEST(MainWindowCreation, ReportsOnlyTheThreeResultsThatMeanNoCom)
 {
     for (const HRESULT result : {E_INVALIDARG, E_OUTOFMEMORY, E_UNEXPECTED, RPC_E_CHANGED_MODE, S_FALSE}) {
         SCOPED_TRACE(result);
@@ -115,7 +115,7 @@ TEST(MainWindowCreation, ReportsTheThreeResultsOfComThatMeanNoCom)
     }
 }
 
-TEST(MainWindowCreation, KeepsItsButtonsWithoutRoomForTheirText)
+TEST(MainWindowCreation, KeepsItsButtonsWhenTheirTextDoesNotFit)
 {
     const screen_tests::TinyScreen screen;
     const ComStart com;

@@ -87,7 +87,7 @@ template <typename Type> void take_block(Type*& block)
 
 } // namespace
 
-TEST(MainWindowDestruction, GivesEverythingBackInOrder)
+TEST(MainWindowDestruction, ReleasesEverythingInOrder)
 {
     scan_tests::ScanFixture fixture; // registers the list's class
     const TestWindow other(L"other");
@@ -114,7 +114,7 @@ TEST(MainWindowDestruction, GivesEverythingBackInOrder)
     EXPECT_FALSE(IsWindow(list));
 }
 
-TEST(MainWindowDestruction, LeavesTheFlagsOfAScanWithoutAList)
+TEST(MainWindowDestruction, KeepsTheFlagBlockOfAScanWithoutAList)
 {
     const TestWindow window(L"stands for the main window");
     main_window = {};

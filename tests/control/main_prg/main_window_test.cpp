@@ -152,7 +152,7 @@ TEST(MainWindow, DoesNotEraseItsBackground)
     EXPECT_EQ(SendMessageW(main.window, WM_ERASEBKGND, 0, 0), 1);
 }
 
-TEST(MainWindow, SetsTheStoreUpOnceEvenWhenThatFails)
+TEST(MainWindow, SetsUpTheStoreOnceEvenWhenThatFails)
 {
     const MainWindow main;
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);

@@ -11,7 +11,7 @@
 
 using namespace test_support;
 
-TEST(MessageLoop, TellsThatThereAreNoMessagesAndGoesOnUntilItIsEnded)
+TEST(MessageLoop, ReportsAFailedGetMessageAndGoesOn)
 {
     int calls = 0;
     const ImportHook<"GetMessageW", decltype(GetMessageW)> messages(
@@ -67,7 +67,7 @@ TEST(MessageLoop, TranslatesAndDispatchesEveryMessage)
                                                "dispatch 32769"}));
 }
 
-TEST(MessageLoop, IsReachedAlsoWithoutAMainWindow)
+TEST(MessageLoop, RunsWhenTheMainWindowCannotBeCreated)
 {
     const FailingImport<"CreateWindowExW", decltype(CreateWindowExW)> no_window("user32.dll", 1, nullptr,
                                                                                 ERROR_NOT_ENOUGH_MEMORY);

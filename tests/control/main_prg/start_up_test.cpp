@@ -97,7 +97,7 @@ void expect_class(const WNDCLASSEXW& seen, const std::wstring& name, WNDPROC pro
 
 } // namespace
 
-TEST(StartUp, GoesItsStepsInOrder)
+TEST(StartUp, TakesItsStepsInOrder)
 {
     const BoxWatcher boxes;
     StartUp start;
@@ -137,7 +137,7 @@ TEST(StartUp, HasItsIconInEverySize)
     EXPECT_EQ(sizes_of_icon(201), std::vector<int>{16});
 }
 
-TEST(StartUp, HasPicturesOfOneDrawingInItsIcon)
+TEST(StartUp, HasTheSameDrawingInEverySizeOfItsIcon)
 {
     for (const int size : {16, 20, 24, 32, 48, 64, 256}) {
         SCOPED_TRACE(size);

@@ -50,8 +50,8 @@ std::string cursor_over(HWND below, WORD hit)
     return shown_cursor();
 }
 
-// Message boxes that are answered at once, each with the cursor below it. The cursor before the work is one
-// that the program never shows by itself.
+// Message boxes that are answered at once, each with the cursor while it is up. The cursor before the work
+// is one that the program never shows by itself.
 class CursorsAtBoxes
 {
 public:
@@ -81,7 +81,7 @@ TEST(WaitCursor, IsShownThroughoutAScan)
     EXPECT_TRUE(boxes.cursors.empty());
 }
 
-TEST(WaitCursor, GivesWayToTheArrowAtTheBoxesThatEndAScan)
+TEST(WaitCursor, IsTheArrowAtTheBoxesThatEndAScan)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
@@ -137,7 +137,7 @@ TEST(WaitCursor, IsShownThroughoutALoadButNotAtItsBoxes)
     EXPECT_EQ(shown_cursor(), "before");
 }
 
-TEST(WaitCursor, GivesWayToTheArrowAtTheBoxThatEndsALoad)
+TEST(WaitCursor, IsTheArrowAtTheBoxThatEndsALoad)
 {
     ProfileFixture fixture;
     const CursorsAtBoxes boxes;

@@ -29,7 +29,7 @@ std::wstring guid_text(const GUID& id)
 
 } // namespace
 
-TEST(ShellList, HoldsComFromBeforeItIsMadeUntilItIsGone)
+TEST(ShellList, HoldsComFromItsCreationToItsRelease)
 {
     ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
     const StandInRegistration stand_in;
@@ -51,7 +51,7 @@ TEST(ShellList, HoldsComFromBeforeItIsMadeUntilItIsGone)
     EXPECT_FALSE(has_com_apartment());
 }
 
-TEST(ShellList, IsNotMadeWhereComWasNeverInitialised)
+TEST(ShellList, IsNotCreatedWithoutCom)
 {
     ASSERT_FALSE(has_com_apartment());
     ShellWindowsList list;
@@ -80,7 +80,7 @@ TEST(ShellList, IsAskedForFromAnyServerWithoutOuterObject)
     EXPECT_EQ(open_shell_windows(&list), S_OK);
 }
 
-TEST(ShellList, GivenWithAFailingResultIsReleasedUnread)
+TEST(ShellList, ReturnedWithAFailureIsReleasedUnread)
 {
     scan_tests::ScanFixture fixture;
     const TestWindow window(L"window");
@@ -171,7 +171,7 @@ TEST(ShellList, NamesTheFolderOfTheTabThatIsShown)
 }
 
 // The window of the last item counts then.
-TEST(ShellList, TakesEveryTabForShownWhenItCannotBeTold)
+TEST(ShellList, TreatsEveryTabAsShownWhenTheShownOneIsUnknown)
 {
     const TwoTabs tabs(WS_VISIBLE, 0);
     const std::wstring last = L"C:\\windows\\system32";
@@ -184,7 +184,7 @@ TEST(ShellList, TakesEveryTabForShownWhenItCannotBeTold)
     EXPECT_EQ(none_shown.scanned_folder(none_shown.first, none_shown.second), last);
 }
 
-TEST(ShellList, HasNothingOnLoanWhenAFolderIsVisited)
+TEST(ShellList, HoldsNoInterfaceOfAWindowWhileItsFolderIsVisited)
 {
     scan_tests::ScanFixture fixture;
     fixture.folders.add(fixture.host(), L"C:\\").add(fixture.host(), L"C:\\windows");

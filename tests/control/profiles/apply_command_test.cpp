@@ -217,7 +217,7 @@ TEST(Apply, TakesTheNameOffTheListAfterTheWindowsWereAsked)
     EXPECT_TRUE(combo_texts(fixture.profile_combo).empty());
 }
 
-TEST(Apply, IsDoneAlsoWhenRestoringIsRefused)
+TEST(Apply, SucceedsWhenRestoringIsRefused)
 {
     ProfileFixture fixture;
     const TestWindow window(L"window");
@@ -272,7 +272,7 @@ TEST(Apply, PostsNoCloseToAWindowThatWasNeverFound)
     EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_CLOSE, WM_CLOSE, PM_REMOVE));
 }
 
-TEST(Apply, UsesTheHandlesOfWindowsThatAreGoneAsTheyAre)
+TEST(Apply, PassesOnTheHandlesOfWindowsThatAreGone)
 {
     ProfileFixture fixture;
     HWND gone = nullptr;
@@ -315,7 +315,7 @@ TEST(Apply, TouchesNoFurtherWindowOnceTheStoreIsEmptied)
     }
 }
 
-TEST(Apply, LeavesItToAWindowThatDoesNotAnswerToShowAndPlaceItself)
+TEST(Apply, ShowsAndPlacesAWindowThatDoesNotAnswerWithoutWaitingForIt)
 {
     ProfileFixture fixture;
     FixturePrograms programs;
@@ -409,7 +409,7 @@ TEST(Apply, TouchesNoWindowOnceTheStoreIsEmptiedWhileOneIsAsked)
     }
 }
 
-TEST(Apply, DoesNothingForAListPositionThatHasOutrunTheStore)
+TEST(Apply, DoesNothingForAListPositionBeyondTheStore)
 {
     ProfileFixture fixture;
     CB_Profile_add_string(&fixture.profiles, L"beyond", 5);

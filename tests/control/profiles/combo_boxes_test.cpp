@@ -89,7 +89,7 @@ TEST(ActionCombo, RefusesMissingArguments)
     EXPECT_EQ(combo_texts(fixture.action_combo).size(), 3u);
 }
 
-TEST(ComboSelection, IsKeptForTheRecordsOwnListOnly)
+TEST(ComboSelection, IsStoredForTheRecordsOwnListOnly)
 {
     ProfileFixture fixture;
     const std::uint8_t name[] = {'a', 0, 0, 0};
@@ -123,7 +123,7 @@ TEST(ComboSelection, IsKeptForTheRecordsOwnListOnly)
     EXPECT_EQ(fixture.actions.uiSelection, 2u);
 }
 
-TEST(ComboSelection, RefusesMissingArgumentsTheProfileListUnreadably)
+TEST(ComboSelection, RefusesMissingArgumentsUnreadablyForTheProfileList)
 {
     ProfileFixture fixture;
     fixture.profiles.uiSelection = 77;
@@ -246,7 +246,7 @@ TEST(ProfileCombo, RefusesMissingArguments)
         {{L"error", input_text(L"CB_Profile_del_string", 9907, 10002, L"p_CB_mng_STR = 0000000000000000")}});
 }
 
-TEST(ProfileCombo, RaisesTheIndexesBehindADeletedName)
+TEST(ProfileCombo, RaisesTheStoreIndexesBehindADeletedName)
 {
     struct {
         int position;

@@ -135,7 +135,7 @@ HDROP drop_at_the_end_of_memory(std::uint8_t* page, const std::wstring& list)
 
 } // namespace
 
-TEST(DroppedFiles, LoadsTheFirstOfThree)
+TEST(DroppedFiles, LoadTheFirstOfThree)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
@@ -152,7 +152,7 @@ TEST(DroppedFiles, LoadsTheFirstOfThree)
     EXPECT_TRUE(dropped.alive());
 }
 
-TEST(DroppedFiles, GiveThePathsMemoryBackAfterTheLoad)
+TEST(DroppedFiles, ReleaseThePathsMemoryAfterTheLoad)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;
@@ -166,7 +166,7 @@ TEST(DroppedFiles, GiveThePathsMemoryBackAfterTheLoad)
     EXPECT_EQ(blocks.given_back.back(), blocks.taken.front());
 }
 
-TEST(DroppedFiles, ShowsTheLoadsBoxAndThenAnUnreadableOneForAFileThatIsNoProfile)
+TEST(DroppedFiles, ShowTheLoadsBoxAndThenAnUnreadableOneForAFileThatIsNoProfile)
 {
     ProfileFixture fixture;
     const NothingStarts starts;
@@ -208,7 +208,7 @@ TEST(DroppedFiles, AreCreatedEmptyAndRefusedWhenTheyAreGone)
     EXPECT_TRUE(test_support::file_exists(path));
 }
 
-TEST(DroppedFiles, RefusesAMissingWindowOrHandleUnreadably)
+TEST(DroppedFiles, RefuseAMissingWindowOrHandleUnreadably)
 {
     ProfileFixture fixture;
     const Drop dropped({L"C:\\x"});
@@ -222,7 +222,7 @@ TEST(DroppedFiles, RefusesAMissingWindowOrHandleUnreadably)
     }
 }
 
-TEST(DroppedFiles, ReportsThatThereIsNoMemoryForThePath)
+TEST(DroppedFiles, ReportThatThereIsNoMemoryForThePath)
 {
     ProfileFixture fixture;
     const Drop dropped({L"C:\\x"});
@@ -255,7 +255,7 @@ TEST(DroppedFiles, AreCountedBeforeTheFirstIsAskedFor)
     EXPECT_EQ(asked.queries[1].capacity, 2048u);
 }
 
-TEST(DroppedFiles, AreCountedAlsoWithoutMemoryForThePath)
+TEST(DroppedFiles, AreCountedWhenThereIsNoMemoryForThePath)
 {
     ProfileFixture fixture;
     const Drop dropped({L"C:\\x"});
@@ -298,7 +298,7 @@ TEST(DroppedFiles, AreNotCountedWhenTheirListHasNoEnd)
     VirtualFree(page, 0, MEM_RELEASE);
 }
 
-TEST(DroppedFiles, ReportsAPathThatCannotBeQueried)
+TEST(DroppedFiles, ReportAPathThatCannotBeQueried)
 {
     ProfileFixture fixture;
     const ExpectedBox box = unreadable(gap_text(

@@ -83,7 +83,7 @@ TEST(LoadedProfiles, AreClearedWholeWhenTheyAreSetUp)
     finishWork_onLoadProfile(record.get());
 }
 
-TEST(LoadedProfiles, AreFinishedHandlesFirstAndKeepTheirFields)
+TEST(LoadedProfiles, ReleaseTheHandlesBeforeTheFilesAndKeepTheirFields)
 {
     LoadedProfiles_STR record{};
     ASSERT_EQ(preInitOnce_onLoadProfile(&record), 1);
@@ -139,7 +139,7 @@ TEST(LoadedProfiles, ReportAnAreaThatCannotBeAllocatedAndKeepTheOneBefore)
     }
 }
 
-TEST(LoadedProfiles, MayBeFinishedWithoutHavingBeenSetUp)
+TEST(LoadedProfiles, MayBeReleasedWithoutHavingBeenSetUp)
 {
     LoadedProfiles_STR never{};
     BoxWatcher boxes;

@@ -83,7 +83,7 @@ Bytes small_profile(const std::u16string& name = u"A")
 
 } // namespace
 
-TEST(LoadedProfiles, ClearTheirOffsetsBeforeTheFirstOneComes)
+TEST(LoadedProfiles, ClearTheirOffsetsBeforeTheFirstProfile)
 {
     Store store;
     LoadedProfiles_STR& record = store.record;
@@ -105,7 +105,7 @@ TEST(LoadedProfiles, ClearTheirOffsetsBeforeTheFirstOneComes)
     EXPECT_EQ(record.arr1D_ui_off_file_end[9], 77u);
 }
 
-TEST(LoadedProfiles, LeaveTheSlotOfAnotherKindAndThoseBehindTheirOwnAsTheyAre)
+TEST(LoadedProfiles, KeepTheHandleSlotsOfEntriesOfAnotherKindAndOfNoEntry)
 {
     Store store;
     // The left edge of the first, which stands behind the kind flags, looks like a program's.
@@ -127,7 +127,7 @@ TEST(LoadedProfiles, LeaveTheSlotOfAnotherKindAndThoseBehindTheirOwnAsTheyAre)
     EXPECT_EQ(store.stored(2), kept);
 }
 
-TEST(LoadedProfiles, StandBehindEachOtherWithoutGaps)
+TEST(LoadedProfiles, AreStoredOneBehindTheOtherWithoutGaps)
 {
     Store store;
     const Bytes first = ProfileEncoder()
@@ -209,7 +209,7 @@ TEST(LoadedProfiles, WarnWhenAFileIsTooShortToHoldAName)
     }
 }
 
-TEST(LoadedProfiles, SearchTheNameBeyondTheirOwnCopy)
+TEST(LoadedProfiles, SearchForTheNameBeyondTheirOwnCopy)
 {
     Store store;
     ASSERT_EQ(store.add(small_profile(u"ab"), 0, 1), 1);

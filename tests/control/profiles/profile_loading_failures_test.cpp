@@ -135,7 +135,7 @@ TEST(ProfileLoading, ReportsAReadThatFails)
     }
 }
 
-TEST(ProfileLoading, ReportsMemoryThatIsNotThere)
+TEST(ProfileLoading, ReportsEachBlockThatCannotBeAllocated)
 {
     RefusedLoads loads;
     // Block 1 is the file, block 2 the folder windows, which nobody tests as long as no entry is a folder.
@@ -242,7 +242,7 @@ TEST(ProfileLoading, KeepsTheCopyOfAFileWhoseContentsAreRefused)
     }
 }
 
-TEST(ProfileLoading, DoesNotAskWhetherItCameBackToTheBeginningOfTheFile)
+TEST(ProfileLoading, IgnoresAFailureToReturnToTheBeginningOfTheFile)
 {
     ProfileFixture fixture;
     const NothingStarts starts;
@@ -260,7 +260,7 @@ TEST(ProfileLoading, DoesNotAskWhetherItCameBackToTheBeginningOfTheFile)
     EXPECT_EQ(fixture.stored_file(0), two_programs());
 }
 
-TEST(ProfileLoading, TakesTheLowHalfOfTheSizeOnly)
+TEST(ProfileLoading, UsesOnlyTheLowHalfOfTheFileSize)
 {
     RefusedLoads loads;
     const auto size = static_cast<DWORD>(two_programs().size());
@@ -308,7 +308,7 @@ TEST(ProfileLoading, TakesTheLowHalfOfTheSizeOnly)
     }
 }
 
-TEST(ProfileLoading, TellsThatTheStoreHasNoNameToShow)
+TEST(ProfileLoading, ReportsThatTheStoreHasNoNameToShow)
 {
     ProfileFixture fixture;
     const NothingStarts nothing;

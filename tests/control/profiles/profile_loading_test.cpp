@@ -239,7 +239,7 @@ TEST(ProfileLoading, ReadsNothingButTheSignatureOfAFileWithAWrongOne)
     EXPECT_EQ(blocks.calls(), 0);
 }
 
-TEST(ProfileLoading, TakesItsWorkingMemoryInOneOrderAndGivesItBack)
+TEST(ProfileLoading, AllocatesItsBlocksInOrderAndReleasesThem)
 {
     ProfileFixture fixture;
     RecordedFolderStarts starts;

@@ -136,7 +136,7 @@ TEST(ExplorerFolders, OfTheDesktopItselfNeverReachASlot)
     EXPECT_TRUE(RecordCopy() == before);
 }
 
-TEST(ExplorerFolders, ThatGiveNothingOnTheWayArePassedOverAndReleased)
+TEST(ExplorerFolders, ThatFailAtAnyStepAreSkippedAndReleased)
 {
     Scanned scanned;
     for (const Missing missing :

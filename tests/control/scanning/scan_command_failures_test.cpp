@@ -47,7 +47,7 @@ void expect_blocks_held(std::size_t held)
 
 } // namespace
 
-TEST(ScanCommand, ShowsTheInfoBoxWhenNoPathCanBeHad)
+TEST(ScanCommand, ShowsTheInfoBoxWhenNoPathCanBeRead)
 {
     ScanFixture fixture;
     const TestWindow one(L"one");
@@ -147,7 +147,7 @@ TEST(ScanCommand, ReportsAFailedEnumerationAndLeavesNoListOpen)
     EXPECT_FALSE(IsWindow(list_before));
 }
 
-TEST(ScanCommand, ReportsEachBlockThatCannotBeHad)
+TEST(ScanCommand, ReportsEachBlockThatCannotBeAllocated)
 {
     const int lines[] = {988, 1072, 1089, 1106, 1123, 1140};
     ScanFixture fixture;

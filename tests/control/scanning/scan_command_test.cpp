@@ -74,7 +74,7 @@ TEST(ScanCommand, OpensTheListAtThreeQuartersOfTheScreen)
     EXPECT_EQ(GetMenu(hwnd_ScanListView), nullptr);
 }
 
-TEST(ScanCommand, ReplacesTheListOfTheScanBefore)
+TEST(ScanCommand, ReplacesTheListOfThePreviousScan)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
@@ -139,7 +139,7 @@ TEST(ScanCommand, AllocatesTheBlocksInTheirOrderAndSizes)
     EXPECT_EQ(sizes, (std::vector<SIZE_T>{32768, 8, 2, 244, 16, 2 * (longest + 1) * 2}));
 }
 
-TEST(ScanCommand, FreesEveryBlockOfTheScanBeforeOnce)
+TEST(ScanCommand, FreesEveryBlockOfThePreviousScanOnce)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");
@@ -206,7 +206,7 @@ TEST(ScanCommand, ShowsAnEmptyRowWhenTheWindowThatCannotBeOpenedCameFirst)
     EXPECT_EQ(list.row(1), (Row{L"2", L"", L"0", L"0", L"0", L"0"}));
 }
 
-TEST(ScanCommand, LeavesWindowsOutThatAppearBetweenThePasses)
+TEST(ScanCommand, LeavesOutWindowsThatAppearBetweenThePasses)
 {
     ScanFixture fixture;
     const TestWindow one(L"one");
@@ -221,7 +221,7 @@ TEST(ScanCommand, LeavesWindowsOutThatAppearBetweenThePasses)
     EXPECT_EQ(scan_record.counter_filled, 1u);
 }
 
-TEST(ScanCommand, KeepsAnEmptyRowForAWindowThatGoesBetweenThePasses)
+TEST(ScanCommand, KeepsAnEmptyRowForAWindowThatVanishesBetweenThePasses)
 {
     ScanFixture fixture;
     const TestWindow one(L"one");
@@ -264,7 +264,7 @@ TEST(ScanCommand, KeepsAnEmptyRowForAWindowThatTellsItsTitleToTheFirstPassOnly)
     EXPECT_EQ(scan_record.pcDynMem_WinHndls[1], nullptr);
 }
 
-TEST(ScanCommand, IsNotHeldUpForeverByAProgramThatHangs)
+TEST(ScanCommand, WaitsForAHungProgramNoLongerThanTheLimit)
 {
     FixturePrograms programs;
     programs.add(L"hung", {.title = L"Hung program", .hang_on_get_text = true});

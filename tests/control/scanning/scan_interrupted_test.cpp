@@ -76,7 +76,7 @@ struct ClosedOnTheWay {
 
 } // namespace
 
-TEST(ScanInterrupted, ByAClosingMainWindowWhileATitleIsReadEndsQuietly)
+TEST(ScanInterrupted, ByAClosingMainWindowWhileATitleIsReadShowsNoBox)
 {
     ClosedOnTheWay scan;
     const Desktop desktop({scan.window});
@@ -98,7 +98,7 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileATitleIsReadEndsQuietly)
     }
 }
 
-TEST(ScanInterrupted, ByAClosingMainWindowWhileTheShellIsAskedEndsQuietly)
+TEST(ScanInterrupted, ByAClosingMainWindowWhileTheShellIsAskedShowsNoBox)
 {
     ClosedOnTheWay scan;
     const Desktop desktop({scan.window});
@@ -162,7 +162,7 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileAFolderIsAskedForShowsNoBox)
 }
 
 // The boxes of the folders do not end a scan, yet the closed main window does.
-TEST(ScanInterrupted, ByAClosingMainWindowBelowABoxOfTheFoldersOpensNoList)
+TEST(ScanInterrupted, ByAClosingMainWindowWhileABoxOfTheFoldersIsUpOpensNoList)
 {
     ClosedOnTheWay scan;
     const Desktop desktop({scan.window});
@@ -188,7 +188,7 @@ TEST(ScanInterrupted, ByAClosingMainWindowBelowABoxOfTheFoldersOpensNoList)
     }
 }
 
-TEST(ScanInterrupted, ByAClosingMainWindowWhileTheListIsMadeInVainShowsNoBox)
+TEST(ScanInterrupted, ByAClosingMainWindowWhileTheListFailsToBeCreatedShowsNoBox)
 {
     ClosedOnTheWay scan;
     const Desktop desktop({scan.window});
@@ -203,9 +203,9 @@ TEST(ScanInterrupted, ByAClosingMainWindowWhileTheListIsMadeInVainShowsNoBox)
     EXPECT_EQ(hwnd_ScanListView, nullptr);
 }
 
-// The box of a row that the list refuses has no owner, so the main window can be closed below it. The list,
-// still being made, comes up as it is.
-TEST(ScanInterrupted, ByAClosingMainWindowBelowABoxOfTheListShowsNoMoreOfThem)
+// The box of a row that the list refuses has no owner, so the main window can be closed while it is up. The
+// list, still being made, comes up as it is.
+TEST(ScanInterrupted, ByAClosingMainWindowWhileABoxOfTheListIsUpShowsNoFurtherBox)
 {
     ClosedOnTheWay scan;
     TestWindow second(L"second");

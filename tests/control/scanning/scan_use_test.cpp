@@ -23,7 +23,7 @@
 #include "tests/support/windows/test_window.h"
 
 // Messages come in while a scan is on its way. Another Scan does nothing while the record is used, and works
-// below the boxes with which the first one ends.
+// while a box is up with which the first one ends.
 
 using namespace test_support;
 using main_tests::MainWindow;
@@ -38,11 +38,11 @@ namespace
 using Row = std::vector<std::wstring>;
 const Row kRow{L"1", L"window", L"100", L"120", L"320", L"240"};
 
-// Notes each box of this thread, does what is to be done below it and answers it.
+// Notes each box of this thread, does what is to be done while it is up and answers it.
 class Boxes
 {
 public:
-    std::function<void(std::size_t)> below; // gets the box's number, counted from 0
+    std::function<void(std::size_t)> meanwhile; // gets the box's number, counted from 0
     std::vector<std::wstring> texts;
 
 private:
@@ -50,8 +50,8 @@ private:
         "user32.dll", [this](HWND, const wchar_t* text, const wchar_t* title, UINT) -> int {
             const std::size_t number = texts.size();
             texts.push_back(std::wstring(title) + L": " + text);
-            if (below)
-                below(number);
+            if (meanwhile)
+                meanwhile(number);
             return IDOK;
         }};
 };
@@ -124,8 +124,8 @@ std::vector<Ending> endings()
     return all;
 }
 
-// Does `action` below each box of each failing scan in turn. `check` gets the ending and the box.
-void below_each_box(
+// Does `action` while each box of each failing scan is up, in turn. `check` gets the ending and the box.
+void at_each_box(
     const std::function<void(Desktop*, HWND)>& action,
     const std::function<void(const ScanFixture&, const Boxes&, const Ending&, std::size_t)>& check)
 {
@@ -137,7 +137,7 @@ void below_each_box(
             const TestWindow window(L"window", {100, 120, 420, 360});
             Desktop desktop({window});
             Boxes boxes;
-            boxes.below = [&](std::size_t number) {
+            boxes.meanwhile = [&](std::size_t number) {
                 if (number != box)
                     return;
                 desktop.windows = {window};
@@ -244,7 +244,7 @@ TEST(ScanUse, RefusesAnotherScanWhileTheRecordIsUsed)
 }
 
 // The list is made after these boxes: they do not end the scan.
-TEST(ScanUse, RefusesAnotherScanBelowTheBoxesOfTheFolders)
+TEST(ScanUse, RefusesAnotherScanWhileABoxOfTheFoldersIsUp)
 {
     ScanFixture fixture;
     const MainWindow main;
@@ -256,7 +256,7 @@ TEST(ScanUse, RefusesAnotherScanBelowTheBoxesOfTheFolders)
         fixture.folders.add(nullptr, L"C:\\windows");
         fixture.folders.fail_creation(has_list ? S_OK : E_FAIL);
         Boxes boxes;
-        boxes.below = [&](std::size_t number) {
+        boxes.meanwhile = [&](std::size_t number) {
             if (number != 0)
                 return;
             const RecordCopy before;
@@ -271,11 +271,11 @@ TEST(ScanUse, RefusesAnotherScanBelowTheBoxesOfTheFolders)
     }
 }
 
-TEST(ScanUse, AllowsAnotherScanBelowEveryBoxThatEndsTheFirst)
+TEST(ScanUse, AllowsAnotherScanWhileABoxThatEndsTheFirstIsUp)
 {
     std::unique_ptr<RecordCopy> after_second;
     HWND list = nullptr;
-    below_each_box(
+    at_each_box(
         [&](Desktop* desktop, HWND main) {
             desktop->failing_pass = 0;
             press_scan(main);
@@ -298,7 +298,7 @@ TEST(ScanUse, AllowsAnotherScanBelowEveryBoxThatEndsTheFirst)
 
 TEST(ScanUse, EndsWithoutAnotherBoxWhenTheMainWindowCloses)
 {
-    below_each_box(
+    at_each_box(
         [](Desktop*, HWND main) {
             DestroyWindow(main);
             EXPECT_TRUE(take_quit_message());

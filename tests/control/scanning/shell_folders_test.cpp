@@ -115,7 +115,7 @@ TEST(ShellFolders, AreMissingFromAScanOfADesktopWithoutThem)
     expect_listed_as_program(&fixture, window);
 }
 
-TEST(ShellFolders, VanishingWhileTheListIsReadArePassedOver)
+TEST(ShellFolders, VanishingWhileTheListIsReadAreSkipped)
 {
     ScanFixture fixture;
     const TestWindow staying(L"staying");
@@ -211,7 +211,7 @@ TEST(ShellFolders, AreFoundAmongManyOthersByALoad)
     expect_released(fixture.folders, 1);
 }
 
-TEST(ShellFolders, NeverSeenWholeAreSearchedForTenTimes)
+TEST(ShellFolders, ThatNeverTellTheirFolderAreSearchedForTenTimes)
 {
     ProfileFixture fixture;
     const RecordedFolderStarts starts;

@@ -132,7 +132,7 @@ TEST(WindowEnumeration, ReadsEachPathIntoAClearedBuffer)
     expect_program(1, two, L"two", L"C:\\p.exe");
 }
 
-TEST(WindowEnumeration, LeavesAProgramOutWhosePathIsLongerThanAnyMeasured)
+TEST(WindowEnumeration, LeavesOutAProgramWhosePathIsLongerThanAnyMeasured)
 {
     ScanFixture fixture;
     const TestWindow grown(L"grown");
@@ -167,7 +167,7 @@ TEST(WindowEnumeration, ShowsARowWithoutPathForALastProgramWhosePathHasGrown)
     EXPECT_EQ(fixture.list().cell(1, 1), L"grown");
 }
 
-TEST(WindowEnumeration, LetsTheLastOfSeveralRefusedWindowsTakeTheFirstSlotThatIsLeft)
+TEST(WindowEnumeration, PutsTheLastOfSeveralRefusedWindowsIntoTheFirstSlotThatIsLeft)
 {
     ScanFixture fixture;
     const TestWindow first_shut(L"first shut");
@@ -231,7 +231,7 @@ TEST(WindowEnumeration, MakesRoomForTheLongerOfTheProgramsAndTheFoldersPaths)
     }
 }
 
-TEST(WindowEnumeration, LeavesAProgramOutWhenThereAreNoPathSlots)
+TEST(WindowEnumeration, LeavesOutProgramsWhenThereAreNoPathSlots)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");

@@ -338,7 +338,7 @@ TEST(WindowEnumeration, RefusesARecordWithAMissingBlock)
     scan_record = kept;
 }
 
-TEST(WindowEnumeration, AsksForTitlesOfLimitedLengthAndNotForever)
+TEST(WindowEnumeration, AsksForTitlesWithALimitOfLengthAndTime)
 {
     ScanFixture fixture;
     const TestWindow window(L"window");

@@ -178,7 +178,7 @@ using AccessibleNamesOfModifyCell = modify_cell_tests::ModifyCell;
 
 } // namespace
 
-TEST(AccessibleNames, AreThoseOfTheMainWindowsTwoListsAndGoWithThem)
+TEST(AccessibleNames, AreSetOnTheMainWindowsTwoListsAndClearedWithThem)
 {
     ScreenReader reader(true);
     const ComHolds com;
@@ -194,7 +194,7 @@ TEST(AccessibleNames, AreThoseOfTheMainWindowsTwoListsAndGoWithThem)
     EXPECT_EQ(com.count, 0);
 }
 
-TEST(AccessibleNames, AreThatOfTheListOfWindows)
+TEST(AccessibleNames, AreSetOnTheListOfTheListOfWindows)
 {
     scan_tests::ScanFixture fixture;
     const TestWindow window(L"window");
@@ -207,7 +207,7 @@ TEST(AccessibleNames, AreThatOfTheListOfWindows)
     EXPECT_EQ(reader.names.told, Told{"clear SysListView32 4"});
 }
 
-TEST_F(AccessibleNamesOfModifyCell, AreItsFourLabels)
+TEST_F(AccessibleNamesOfModifyCell, AreTheTextsOfItsFourLabels)
 {
     ScreenReader reader(true);
     open(0);
@@ -224,7 +224,7 @@ TEST_F(AccessibleNamesOfModifyCell, AreItsFourLabels)
     EXPECT_EQ(reader.names.references, 0u);
 }
 
-TEST(AccessibleNames, AreThatOfTheBoxForAProfilesName)
+TEST(AccessibleNames, AreSetOnTheEditBoxOfTheProfilesName)
 {
     const profile_tests::Owner owner;
     ScreenReader reader(true);
@@ -238,7 +238,7 @@ TEST(AccessibleNames, AreThatOfTheBoxForAProfilesName)
     EXPECT_EQ(reader.names.told, Told{"clear Edit 3"});
 }
 
-TEST(AccessibleNames, AreNotGivenWhenNoScreenReaderRuns)
+TEST(AccessibleNames, AreNotSetWhenNoScreenReaderRuns)
 {
     ScreenReader reader(false);
     const main_tests::MainWindow main;
@@ -248,7 +248,7 @@ TEST(AccessibleNames, AreNotGivenWhenNoScreenReaderRuns)
     EXPECT_EQ(reader.names.told, Told{});
 }
 
-TEST(AccessibleNames, LeaveNothingBehindWhenTheSystemRefusesThem)
+TEST(AccessibleNames, ReleaseEverythingWhenTheSystemRefusesThem)
 {
     const TestWindow control(L"control");
     ScreenReader reader(true);
@@ -269,7 +269,7 @@ TEST(AccessibleNames, LeaveNothingBehindWhenTheSystemRefusesThem)
     EXPECT_EQ(reader.services_asked_for, 2);
 }
 
-TEST(AccessibleNames, AreTakenBackAtOnceWhenNobodyWouldDoSoLater)
+TEST(AccessibleNames, AreClearedAtOnceWhenTheControlCannotBeWatched)
 {
     const TestWindow control(L"control");
     ScreenReader reader(true);

@@ -11,7 +11,7 @@
 
 using namespace test_support;
 
-TEST(AskedWindows, AreAskedWithATimeLimitAndGivenUpWhenTheyHang)
+TEST(AskedWindows, AreAskedWithATimeLimitAndSkippedWhenTheyHang)
 {
     FixturePrograms programs;
     programs.add(L"program");

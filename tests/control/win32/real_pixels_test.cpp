@@ -58,7 +58,7 @@ TEST_F(RealPixelsTest, EndWithTheScope)
     EXPECT_EQ(scale_of_thread(), DPI_AWARENESS_UNAWARE);
 }
 
-TEST_F(RealPixelsTest, AreOfTheNewerKindOrElseOfTheOlder)
+TEST_F(RealPixelsTest, UseTheNewerKindOrElseTheOlder)
 {
     for (const bool newer_is_known : {true, false}) {
         std::vector<DPI_AWARENESS_CONTEXT> asked;
@@ -78,7 +78,7 @@ TEST_F(RealPixelsTest, AreOfTheNewerKindOrElseOfTheOlder)
     }
 }
 
-TEST_F(RealPixelsTest, AreDoneWithoutWhereTheSystemRefuses)
+TEST_F(RealPixelsTest, RestoreNothingWhenTheSystemRefusesThem)
 {
     int asked = 0;
     const ScaleHook hook("user32.dll", [&](DPI_AWARENESS_CONTEXT) -> DPI_AWARENESS_CONTEXT {
@@ -104,7 +104,7 @@ TEST_F(RealPixelsTest, KeepTheLastErrorWhenTheyEnd)
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_FILE_NOT_FOUND));
 }
 
-TEST_F(RealPixelsTest, AreWhatAScanMeasuresInWhileItsListIsOfTheProgramsOwnScale)
+TEST_F(RealPixelsTest, AreUsedByAScanButNotByItsList)
 {
     TwoRows two;
     std::vector<DPI_AWARENESS> measured;
@@ -130,7 +130,7 @@ TEST_F(RealPixelsTest, AreLeftBeforeABoxOfAScan)
     EXPECT_EQ(boxes.seen, times(3, DPI_AWARENESS_UNAWARE));
 }
 
-TEST_F(RealPixelsTest, AreWhatMoveIsMadeInAndAreLeftBeforeItsBox)
+TEST_F(RealPixelsTest, AreUsedByMoveAndLeftBeforeItsBox)
 {
     TwoRows two;
     two.fixture.scan();
@@ -185,7 +185,7 @@ private:
         }};
 };
 
-TEST_F(RealPixelsTest, AreGivenOnceMoreToAWindowThatResizesItselfOnAMonitorOfAnotherScale)
+TEST_F(RealPixelsTest, PlaceAWindowAgainThatResizesItselfOnAMonitorOfAnotherScale)
 {
     const PixelRect rect{.x = 40, .y = 50, .height = 200, .width = 300};
     const std::string once = "40,50 300x200";
@@ -203,7 +203,7 @@ TEST_F(RealPixelsTest, AreGivenOnceMoreToAWindowThatResizesItselfOnAMonitorOfAno
 }
 
 // It resizes itself there, and a move that is not waited for cannot be looked at.
-TEST_F(RealPixelsTest, AreAskedForTwiceByAMoveToAMonitorOfAnotherScale)
+TEST_F(RealPixelsTest, PlaceAWindowTwiceOnAMoveToAMonitorOfAnotherScale)
 {
     TwoRows two;
     two.fixture.scan();
@@ -230,7 +230,7 @@ TEST_F(RealPixelsTest, AreAskedForTwiceByAMoveToAMonitorOfAnotherScale)
     EXPECT_EQ(placed, (std::vector<std::string>{"40,50 300x200", "40,50 300x200"}));
 }
 
-TEST_F(RealPixelsTest, AreLeftTwiceForAHungWindowThatGoesToAMonitorOfAnotherScale)
+TEST_F(RealPixelsTest, PlaceAHungWindowTwiceOnAMonitorOfAnotherScale)
 {
     const TestWindow window(L"window");
     for (const UINT scale_there : {96U, 144U}) {

@@ -49,7 +49,7 @@ template <typename Open> void expect_registered_at_the_second_opening(const wcha
 
 } // namespace
 
-TEST(WindowClasses, CountsAsRegisteredOnceTheSystemHasTakenIt)
+TEST(WindowClasses, CountAsRegisteredOnceTheSystemHasAcceptedThem)
 {
     constexpr wchar_t name[] = L"WindowClassTest";
     HINSTANCE const instance = GetModuleHandleW(nullptr);
@@ -66,14 +66,14 @@ TEST(WindowClasses, CountsAsRegisteredOnceTheSystemHasTakenIt)
     UnregisterClassW(name, instance);
 }
 
-TEST(WindowClasses, OfTheNameWindowIsTriedAgainAfterAFailure)
+TEST(WindowClasses, OfTheNameWindowAreRegisteredAgainAfterAFailure)
 {
     const Owner owner;
     expect_registered_at_the_second_opening(L"Name of Profile Window",
                                             [&] { return create_wnd_ProfileName(owner.window()); });
 }
 
-TEST(WindowClasses, OfModifyCellIsTriedAgainAfterAFailure)
+TEST(WindowClasses, OfModifyCellAreRegisteredAgainAfterAFailure)
 {
     const Owner owner;
     const HitCell_STR cell{};

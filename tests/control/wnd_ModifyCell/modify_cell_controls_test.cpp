@@ -38,7 +38,7 @@ void PrintTo(const Posted& posted, std::ostream* out)
 
 } // namespace
 
-TEST_F(ModifyCell, PostsTheLooksOfAButtonToItself)
+TEST_F(ModifyCell, PostsTheStyleOfAFocusedButtonToIt)
 {
     open(0);
     std::vector<Posted> posted;
@@ -65,7 +65,7 @@ TEST_F(ModifyCell, PostsTheLooksOfAButtonToItself)
     }
 }
 
-TEST_F(ModifyCell, HandsControlsAndRowOverToASecondOne)
+TEST_F(ModifyCell, SharesControlsAndRowWithASecondOne)
 {
     open(0);
     const HWND older = dialog;

@@ -19,7 +19,7 @@ using namespace test_support;
 using modify_cell_tests::ModifyCell;
 using modify_cell_tests::Texts;
 
-TEST_F(ModifyCell, CopesWithARowThatWasNotHit)
+TEST_F(ModifyCell, ReportsAClickThatHitNoRow)
 {
     open(-1);
     EXPECT_EQ(texts(), (Texts{L"", L"", L"", L""}));
@@ -92,7 +92,7 @@ TEST_F(ModifyCell, RefusesAMissingHandleOrRecord)
     EXPECT_EQ(entry(1), "-20,60 200x150");
 }
 
-TEST_F(ModifyCell, SaysThatTheListIsGoneAfterTheRestWasFoundThere)
+TEST_F(ModifyCell, ReportsAMissingListAfterCheckingTheRest)
 {
     open(0);
     for (int id = 0; id < 4; ++id)
@@ -121,7 +121,7 @@ TEST_F(ModifyCell, SaysThatTheListIsGoneAfterTheRestWasFoundThere)
     EXPECT_EQ(entry(1), "-20,60 200x150");
 }
 
-TEST_F(ModifyCell, TakesAnEditThatCouldNotBeMadeForAnEmptyOne)
+TEST_F(ModifyCell, TreatsAnEditThatCouldNotBeCreatedAsEmpty)
 {
     // The window itself and both buttons are the first calls, then come X, Y, Width and Height.
     for (int missing = 0; missing < 4; ++missing) {
@@ -206,7 +206,7 @@ TEST_F(ModifyCell, StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter)
     }
 }
 
-TEST_F(ModifyCell, GoesWithTheList)
+TEST_F(ModifyCell, IsDestroyedWithTheList)
 {
     // As the command of the popup menu opens it.
     SendMessageW(hwnd_ScanListView, WM_COMMAND, list_control::kModifyCell, 0);
@@ -301,7 +301,7 @@ TEST_F(ModifyCell, KeepsTheSystemFontWithoutADeviceContext)
     expect_system_font_and_no_subclassing();
 }
 
-TEST_F(ModifyCell, KeepsTheSystemFontWithoutRoomForItsText)
+TEST_F(ModifyCell, KeepsTheSystemFontWhenItsTextDoesNotFit)
 {
     const screen_tests::TinyScreen screen;
     const BoxWatcher boxes;

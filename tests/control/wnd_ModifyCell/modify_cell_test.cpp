@@ -134,7 +134,7 @@ TEST_F(ModifyCell, KeepsTheRowsTextWhenAnEditIsEmptyButStoresZero)
     EXPECT_EQ(entry(0), "10,50 0x200");
 }
 
-TEST_F(ModifyCell, LetsTheLastCharacterAloneDecide)
+TEST_F(ModifyCell, ChecksOnlyTheLastCharacterOfAnEdit)
 {
     open(0);
     enter(0, L"12a3");
@@ -144,7 +144,7 @@ TEST_F(ModifyCell, LetsTheLastCharacterAloneDecide)
     EXPECT_EQ(entry(0), "12,123 300x200");
 }
 
-TEST_F(ModifyCell, AsksTheSystemWhatTheLastCharacterIs)
+TEST_F(ModifyCell, AsksTheSystemForTheKindOfTheLastCharacter)
 {
     open(0);
     enter(0, L"12x"); // a system that counts x as alphanumeric and not as alphabetic
@@ -204,7 +204,7 @@ TEST_F(ModifyCell, MovesTheFocusWithTab)
     }
 }
 
-TEST_F(ModifyCell, SwallowsKeyPressesInTheEditsButTakesCharacters)
+TEST_F(ModifyCell, IgnoresKeyPressesInTheEditsButTakesCharacters)
 {
     open(0);
     SetFocus(control(cell_control::kX));

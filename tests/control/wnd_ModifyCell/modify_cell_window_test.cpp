@@ -151,7 +151,7 @@ TEST_F(ModifyCell, IsShownAndThenSentTheCell)
     EXPECT_EQ(steps, (Texts{L"show 5", L"update", L"data of 16 bytes: row 1, column 4"}));
 }
 
-TEST_F(ModifyCell, MakesItsControlsFontForTheWordCancel)
+TEST_F(ModifyCell, FitsItsControlsFontToTheTextCancel)
 {
     // The height of the buttons is the limit first, then their width.
     for (const SIZE size : {SIZE{20000, 4000}, SIZE{10000, 20000}}) {

@@ -177,7 +177,7 @@ TEST(ProfileNamePainting, TakesSizesAndNotificationsWithoutDoingAnything)
 }
 
 // The system gives a window with a caption a least width.
-TEST(ProfileNamePainting, MeasuresItsButtonsFromTheWidthItReallyHas)
+TEST(ProfileNamePainting, MeasuresItsButtonsFromItsActualWidth)
 {
     const Owner owner;
     const NameWindow first(owner.window()); // registers the class

@@ -27,7 +27,7 @@ std::wstring line(const wchar_t* class_name, const wchar_t* title, UINT_PTR id, 
 
 } // namespace
 
-TEST(ProfileName, IsMadeWithItsControlsFromJustTheseArguments)
+TEST(ProfileName, CreatesItsWindowAndControlsWithTheirArguments)
 {
     const Owner owner;
     std::vector<std::wstring> lines;
@@ -75,7 +75,7 @@ TEST(ProfileName, AsksItsEditBoxForAtMost1023Units)
     EXPECT_EQ(owner.told[0].name, L"name");
 }
 
-TEST(ProfileName, TakesANegativeLengthForAnEmptyName)
+TEST(ProfileName, TreatsANegativeLengthAsAnEmptyName)
 {
     const Owner owner;
     const NameWindow window(owner.window());
@@ -88,7 +88,7 @@ TEST(ProfileName, TakesANegativeLengthForAnEmptyName)
     EXPECT_TRUE(owner.told.empty());
 }
 
-TEST(ProfileName, IsDoneWithOkWhateverTheOwnerAnswers)
+TEST(ProfileName, SucceedsWhateverTheOwnerAnswersToOk)
 {
     const Owner owner;
     const TestWindow refusing(L"answers 0");

@@ -108,7 +108,7 @@ TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)
     EXPECT_TRUE(owner.told.empty());
 }
 
-TEST(ProfileName, TellsTheOwnerTheNameInBytesWithoutItsTerminator)
+TEST(ProfileName, SendsTheNameToTheOwnerWithoutItsTerminator)
 {
     const Owner owner;
     const NameWindow window(owner.window());
@@ -125,7 +125,7 @@ TEST(ProfileName, TellsTheOwnerTheNameInBytesWithoutItsTerminator)
     }
 }
 
-TEST(ProfileName, NeverTellsMoreThan256Units)
+TEST(ProfileName, SendsAtMost256Units)
 {
     const Owner owner;
     const NameWindow window(owner.window());
@@ -154,7 +154,7 @@ TEST(ProfileName, TakesNoMoreTypedTextThanItsBoxShows)
     EXPECT_GE(static_cast<SHORT>(LOWORD(SendMessageW(window.edit(), EM_POSFROMCHAR, 0, 0))), 0);
 }
 
-TEST(ProfileName, ClosesWithoutAWordOnCancelAndOnItsCloseBox)
+TEST(ProfileName, SendsNoNameOnCancelAndOnItsCloseBox)
 {
     const Owner owner;
     BoxWatcher boxes;

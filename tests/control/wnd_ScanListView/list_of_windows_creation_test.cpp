@@ -39,7 +39,7 @@ std::int32_t create_list_in(HWND parent, HWND* list)
 
 } // namespace
 
-TEST(ListOfWindows, MakesItsButtonsFontForTheWordsCreateProfile)
+TEST(ListOfWindows, FitsItsButtonsFontToTheTextCreateProfile)
 {
     TwoRows scan;
     // The height of the buttons is the limit first, then their width.
@@ -100,7 +100,7 @@ TEST(ListOfWindows, ReportsEachButtonThatCannotBeMadeInUnreadableWords)
     }
 }
 
-TEST(ListOfWindows, StaysWithItsButtonsWhenThereIsNoFont)
+TEST(ListOfWindows, StaysOpenWithItsButtonsWhenThereIsNoFont)
 {
     TwoRows scan;
     const FailingImport<"CreateFontIndirectW", decltype(CreateFontIndirectW)> fails("gdi32.dll", kEveryCall,
@@ -177,7 +177,7 @@ TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
     EXPECT_TRUE(IsWindow(parent));
 }
 
-TEST(ListOfWindows, GoesAgainWhenThereIsNoScanToShow)
+TEST(ListOfWindows, IsDestroyedAgainWhenThereIsNoScanToShow)
 {
     const ExpectedBox box{
         L"error", bytes_as_wide("error\n\nfile:\nsources/wnd_ScanListView\n\nfunction:\n"
@@ -245,7 +245,7 @@ TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
     EXPECT_EQ(drawing, (std::vector<WPARAM>{FALSE, TRUE}));
 }
 
-TEST(ListOfWindows, IsShownAlsoWithoutRoomForTheTextOfItsButtons)
+TEST(ListOfWindows, IsShownWhenTheTextOfItsButtonsDoesNotFit)
 {
     TwoRows scan;
     const screen_tests::TinyScreen screen;

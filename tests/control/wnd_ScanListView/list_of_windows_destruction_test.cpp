@@ -83,16 +83,16 @@ HWND make_list()
                            nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
 }
 
-// One of the buttons cannot be made, of the first list that is made; something is done below its box.
-class BelowTheBoxOfAButton
+// One of the buttons cannot be made, of the first list that is made; something is done while its box is up.
+class WhileTheBoxOfAButtonIsUp
 {
 public:
-    BelowTheBoxOfAButton(int button, std::function<void(HWND list)> action)
+    WhileTheBoxOfAButtonIsUp(int button, std::function<void(HWND list)> action)
         : missing_(button), action_(std::move(action))
     {
     }
-    BelowTheBoxOfAButton(const BelowTheBoxOfAButton&) = delete;
-    BelowTheBoxOfAButton& operator=(const BelowTheBoxOfAButton&) = delete;
+    WhileTheBoxOfAButtonIsUp(const WhileTheBoxOfAButtonIsUp&) = delete;
+    WhileTheBoxOfAButtonIsUp& operator=(const WhileTheBoxOfAButtonIsUp&) = delete;
 
 private:
     HWND list_ = nullptr;
@@ -122,7 +122,7 @@ const ExpectedBox kBoxes_of_buttons[] = {{L"i", bytes_as_wide("err, hWndBTN01=NU
 
 } // namespace
 
-TEST(ListOfWindows, GoesWholeWhenSomeoneElseTellsItThatItIsDestroyed)
+TEST(ListOfWindows, IsDestroyedWhenAnotherProgramSendsWmDestroy)
 {
     TwoRows scan;
     for (const bool posted : {false, true}) {
@@ -151,7 +151,7 @@ TEST(ListOfWindows, GoesWholeWhenSomeoneElseTellsItThatItIsDestroyed)
     EXPECT_EQ(scan.fixture.list().row_count(), 2);
 }
 
-TEST(ListOfWindows, TakesItsDialogsDownAfterItsMenu)
+TEST(ListOfWindows, DestroysItsDialogsAfterItsMenu)
 {
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
@@ -168,7 +168,7 @@ TEST(ListOfWindows, TakesItsDialogsDownAfterItsMenu)
     EXPECT_FALSE(IsWindow(name_window));
 }
 
-TEST(ListOfWindows, AsksForItsOwnEndOnceWhenItIsClosed)
+TEST(ListOfWindows, DestroysItselfOnceWhenItIsClosed)
 {
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
@@ -205,7 +205,7 @@ TEST(ListOfWindows, LeavesTheScanOfTheNextListAlone)
     EXPECT_EQ(blocks(), kReleased);
 }
 
-TEST(ListOfWindows, MakesNothingMoreOfItselfWhenItIsDestroyedBelowABox)
+TEST(ListOfWindows, StopsItsCreationWhenItIsDestroyedWhileABoxIsUp)
 {
     TwoRows scan;
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
@@ -228,14 +228,14 @@ TEST(ListOfWindows, MakesNothingMoreOfItselfWhenItIsDestroyedBelowABox)
     EXPECT_EQ(fonts, 0);
 }
 
-TEST(ListOfWindows, MakesAndTellsNothingMoreWhenItIsDestroyedBelowTheBoxOfAButton)
+TEST(ListOfWindows, StopsItsCreationWhenItIsDestroyedWhileTheBoxOfAButtonIsUp)
 {
     TwoRows scan;
     for (const int button : {1, 2}) {
         SCOPED_TRACE(button);
         ASSERT_EQ(scan.fixture.scan(), 1);
         const HWND older = hwnd_ScanListView;
-        const BelowTheBoxOfAButton below(button, [](HWND list) { DestroyWindow(list); });
+        const WhileTheBoxOfAButtonIsUp meanwhile(button, [](HWND list) { DestroyWindow(list); });
         const BoxWatcher boxes;
         EXPECT_EQ(make_list(), nullptr);
         boxes.expect_boxes({kBoxes_of_buttons[button - 1]});
@@ -253,7 +253,7 @@ TEST(ListOfWindows, LeavesTheButtonsOfTheNextListAlone)
         HWND next = nullptr;
         HWND unfinished = nullptr;
         {
-            const BelowTheBoxOfAButton below(button, [&](HWND) { next = make_list(); });
+            const WhileTheBoxOfAButtonIsUp meanwhile(button, [&](HWND) { next = make_list(); });
             const BoxWatcher boxes;
             unfinished = make_list();
             boxes.expect_boxes({kBoxes_of_buttons[button - 1]});

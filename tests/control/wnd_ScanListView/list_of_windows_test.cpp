@@ -194,7 +194,7 @@ TEST(ListOfWindows, SelectsARowWithItsTickAndDeselectsItAgain)
     EXPECT_EQ(list.extended_style(), 0x10025u);
 }
 
-TEST(ListOfWindows, ReleasesTheScanAndForgetsItselfWhenItCloses)
+TEST(ListOfWindows, ReleasesTheScanAndClearsItsHandleWhenItCloses)
 {
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
@@ -254,7 +254,7 @@ TEST(ListOfWindows, ShowsTheMenuOverANumberAndNotOverTheName)
     }
 }
 
-TEST(ListOfWindows, PassesOnThatNoRowWasHitBelowTheLast)
+TEST(ListOfWindows, StoresThatAClickBelowTheLastRowHitNoRow)
 {
     TwoRows scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
@@ -324,7 +324,7 @@ TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
     EXPECT_EQ(scan_list.hit_cell.iColumn, 8);
 }
 
-TEST(ListOfWindows, TakesItsMenuWithIt)
+TEST(ListOfWindows, DestroysItsMenuWhenItIsDestroyed)
 {
     TwoRows scan;
     HMENU loaded = nullptr;

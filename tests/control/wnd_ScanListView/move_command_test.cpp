@@ -152,7 +152,7 @@ TEST(MoveCommand, AsksForAnAsynchronousMoveToTheTop)
     EXPECT_EQ(restore.calls(), 0); // it is not minimised
 }
 
-TEST(MoveCommand, TakesARowWithoutCheckBoxForNotTicked)
+TEST(MoveCommand, TreatsARowWithoutCheckBoxAsNotTicked)
 {
     OneRow row;
     LVITEMW item{};
@@ -190,7 +190,7 @@ TEST(MoveCommand, LeavesAMinimisedWindowWithoutSizeAlone)
     EXPECT_TRUE(IsIconic(window));
 }
 
-TEST(MoveCommand, PassesOverARowThatLacksOneSide)
+TEST(MoveCommand, SkipsARowWithoutWidthOrHeight)
 {
     OneRow row;
     row.fixture.list().set_ticked(0, true);
@@ -274,7 +274,7 @@ TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
                          true}});
 }
 
-TEST(MoveCommand, EndsWhenTheListIsClosedBelowItsBox)
+TEST(MoveCommand, EndsWhenTheListIsClosedWhileItsBoxIsUp)
 {
     GoneAndRest two;
     const ScanFixture& fixture = two.fixture;

@@ -29,11 +29,11 @@ const ExpectedBox kFileExists{L"information", L"File already exists"};
 const ExpectedBox kNoFolder = arrival_box(
     1983, 2087, L"file of profile was not created, profile is not saved\nGetLastError = 3 <- CreateFile()");
 
-// Does something below every message box of that title.
-class BelowBox
+// Does something while a message box of that title is up, every time.
+class WhileBoxIsUp
 {
 public:
-    BelowBox(std::wstring title, std::function<void()> action)
+    WhileBoxIsUp(std::wstring title, std::function<void()> action)
         : title_(std::move(title)), action_(std::move(action))
     {
     }
@@ -68,7 +68,7 @@ bool all_given_back(const RecordedBlocks& blocks)
 
 } // namespace
 
-TEST(SaveUnderWay, TakesNoOtherNameBelowItsDialog)
+TEST(SaveUnderWay, TakesNoOtherNameWhileItsDialogIsUp)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -89,7 +89,7 @@ TEST(SaveUnderWay, TakesNoOtherNameBelowItsDialog)
     EXPECT_EQ(hex(read_file(folder.file(L"first.txt"))), hex(profile_of(ten_windows(), {1}, u"First")));
 }
 
-TEST(SaveUnderWay, RefusesCreateProfileBelowItsDialog)
+TEST(SaveUnderWay, RefusesCreateProfileWhileItsDialogIsUp)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -104,7 +104,7 @@ TEST(SaveUnderWay, RefusesCreateProfileBelowItsDialog)
     EXPECT_NE(list.ask_name_for({}), nullptr);
 }
 
-TEST(SaveUnderWay, TakesNothingBelowTheNoticeOfAFileThatExists)
+TEST(SaveUnderWay, TakesNothingWhileTheNoticeOfAFileThatExistsIsUp)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -113,14 +113,14 @@ TEST(SaveUnderWay, TakesNothingBelowTheNoticeOfAFileThatExists)
     std::optional<RecordedBlocks> blocks(std::in_place);
     const HWND name = list.ask_name_for({1});
     blocks->given_back.clear(); // what an earlier profile had left
-    const BelowBox below(L"information", [&] {
+    const WhileBoxIsUp meanwhile(L"information", [&] {
         EXPECT_EQ(list.ask_name_for({2}), nullptr);
         EXPECT_EQ(send_name(list, list.window, 0, L"Other", 10), FALSE);
     });
     const BoxWatcher boxes;
     EXPECT_EQ(send_name(list, name, 0, L"First", 10), TRUE);
     boxes.expect_boxes({kFileExists});
-    EXPECT_EQ(below.boxes, 1);
+    EXPECT_EQ(meanwhile.boxes, 1);
     EXPECT_EQ(dialog.asked, 1);
     EXPECT_EQ(blocks->taken.size(), 8u);
     EXPECT_TRUE(all_given_back(*blocks));
@@ -128,7 +128,7 @@ TEST(SaveUnderWay, TakesNothingBelowTheNoticeOfAFileThatExists)
     EXPECT_NE(list.ask_name_for({}), nullptr);
 }
 
-TEST(SaveUnderWay, EndsWellWhenItsListIsClosedBelowTheNotice)
+TEST(SaveUnderWay, ReleasesItsArraysWhenItsListIsClosedWhileTheNoticeIsUp)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -137,7 +137,7 @@ TEST(SaveUnderWay, EndsWellWhenItsListIsClosedBelowTheNotice)
     RecordedBlocks blocks;
     const HWND name = list.ask_name_for({1});
     blocks.given_back.clear(); // what an earlier profile had left
-    const BelowBox below(L"information", [&] { DestroyWindow(list.window); });
+    const WhileBoxIsUp meanwhile(L"information", [&] { DestroyWindow(list.window); });
     const BoxWatcher boxes;
     EXPECT_EQ(send_name(list, name, 0, L"First", 10), TRUE);
     boxes.expect_boxes({kFileExists});
@@ -147,7 +147,7 @@ TEST(SaveUnderWay, EndsWellWhenItsListIsClosedBelowTheNotice)
     EXPECT_EQ(hex(read_file(folder.file(L"kept.txt"))), "01 02 03");
 }
 
-// The list goes below the dialog and another scan is listed before the dialog has returned.
+// The list is closed while the dialog is up and another scan is listed before the dialog has returned.
 TEST(SaveUnderWay, RefusesTheNextListsCreateProfileUntilItHasEnded)
 {
     std::optional<FilledScan> scan(std::in_place, ten_windows());
@@ -180,7 +180,7 @@ TEST(SaveUnderWay, RefusesTheNextListsCreateProfileUntilItHasEnded)
     EXPECT_EQ(hex(read_file(folder.file(L"next.txt"))), hex(profile_of(ten_windows(), {2, 3}, u"Next")));
 }
 
-TEST(SaveUnderWay, TellsThatThereIsNoFileBeforeTheWriterRuns)
+TEST(SaveUnderWay, ReportsAMissingFileBeforeTheWriterRuns)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -213,7 +213,7 @@ TEST(SaveUnderWay, TellsThatThereIsNoFileBeforeTheWriterRuns)
     }
 }
 
-TEST(SaveUnderWay, TellsThatThereIsNoFileAlsoWhenTheWriterRefuses)
+TEST(SaveUnderWay, ReportsAMissingFileWhenTheWriterRefuses)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -245,7 +245,7 @@ TEST(SaveUnderWay, TellsThatThereIsNoFileAlsoWhenTheWriterRefuses)
     }
 }
 
-TEST(SaveUnderWay, HasEndedHoweverItEnded)
+TEST(SaveUnderWay, IsOverAfterEveryOutcome)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;

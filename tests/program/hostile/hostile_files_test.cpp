@@ -218,7 +218,7 @@ TEST_F(HostileFiles, AreRefusedWithTheirResultsThroughTheOpenDialog)
 }
 
 // What is odd but whole is taken. None of it names a program that exists.
-TEST_F(HostileFiles, ThatAreOddButWholeAreTaken)
+TEST_F(HostileFiles, ThatAreUnusualButCompleteAreLoaded)
 {
     const ProfileEntry neither{
         .flag = 7, .x = 1, .y = 2, .width = 3, .height = 4, .path = u"C:\\neither\\one"};

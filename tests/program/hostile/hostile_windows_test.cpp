@@ -97,7 +97,7 @@ TEST(HostileWindows, ShowTitlesOfEveryLengthAndKind)
     boxes.expect_no_boxes();
 }
 
-TEST(HostileWindows, AreLeftOutByTheirClassInAnyCaseButNotByANearMiss)
+TEST(HostileWindows, AreLeftOutByTheirClassInAnyCaseButNotByASimilarOne)
 {
     const Texts excluded{L"ToolTips_Class32",
                          L"TOOLTIPS_CLASS",
@@ -160,7 +160,7 @@ TEST(HostileWindows, AreNotAskedForTheirTitlesWhenTheirClassLeavesThemOut)
     EXPECT_EQ(asked, std::set<HWND>{listed});
 }
 
-TEST(HostileWindows, MayBeFifteenHundred)
+TEST(HostileWindows, AreListedWhenThereAreFifteenHundred)
 {
     constexpr std::size_t kWindows = 1500;
     std::vector<Neighbour> windows;
@@ -305,7 +305,7 @@ TEST(HostileWindows, MayDieWhileTheyAreLoaded)
 }
 
 // It has a title, but never tells it: scanning and loading go on without it.
-TEST(HostileWindows, MayNeverTellTheirTitles)
+TEST(HostileWindows, AreSkippedWhenTheyNeverTellTheirTitles)
 {
     FixturePrograms fixtures;
     const TemporaryFolder folder;

@@ -83,7 +83,7 @@ TEST_F(BesideAHungWindow, ALoadPlacesTheOthersAndTheHungOneOnceItAnswers)
     EXPECT_TRUE(comes_to(hung_, {80, 90, 480, 390}));
 }
 
-TEST_F(BesideAHungWindow, MinimizeAndRestoreReachTheOthersWhileItHangsForGood)
+TEST_F(BesideAHungWindow, MinimizeAndRestoreReachTheOthersWhileItHangs)
 {
     load();
     const StoppedWindow stopped(hung_);

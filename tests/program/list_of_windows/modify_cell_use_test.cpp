@@ -90,7 +90,7 @@ TEST_F(ModifyCell, TakesWhatIsPastedWithTheKeyboard)
     EXPECT_TRUE(comes_to(-8, 150, 400, 300));
 }
 
-TEST_F(ModifyCell, LetsTheLastCharacterDecide)
+TEST_F(ModifyCell, ChecksTheLastCharacterOfAnEdit)
 {
     open();
     SendMessageW(control(kX), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"12a3"));
@@ -100,7 +100,7 @@ TEST_F(ModifyCell, LetsTheLastCharacterDecide)
     EXPECT_EQ(cells()[1], L"150");
 }
 
-TEST_F(ModifyCell, TabGoesRoundTheControls)
+TEST_F(ModifyCell, TabMovesThroughAllControls)
 {
     open();
     bring_to_front(cell_);
@@ -142,7 +142,7 @@ TEST_F(ModifyCell, EnterOnCancelChangesNothing)
     EXPECT_EQ(cells()[0], L"200");
 }
 
-TEST_F(ModifyCell, CopesWithoutARow)
+TEST_F(ModifyCell, ReportsAClickThatHitNoRow)
 {
     const BoxWatcher boxes = wendlow_.watch_boxes();
     PostMessageW(wendlow_.list_window(), WM_COMMAND, list_control::kModifyCell, 0);
@@ -167,7 +167,7 @@ TEST_F(ModifyCell, CopesWithoutARow)
     EXPECT_EQ(cells(), (Cells{L"200", L"150", L"400", L"300"}));
 }
 
-TEST_F(ModifyCell, GoesWithTheList)
+TEST_F(ModifyCell, IsDestroyedWithTheList)
 {
     const BoxWatcher boxes = wendlow_.watch_boxes();
     open();

@@ -70,7 +70,7 @@ protected:
     BoxWatcher boxes_;
 };
 
-TEST_F(NestedCommands, CloseBelowTheReportOfALoad)
+TEST_F(NestedCommands, CloseWhileTheReportOfALoadIsUp)
 {
     const std::wstring path = profile(
         L"gone.txt", ProfileEncoder().add_program(1, 2, 300, 200, u"C:\\gone\\program.exe").name(u"Gone"));
@@ -88,7 +88,7 @@ TEST_F(NestedCommands, CloseBelowTheReportOfALoad)
     EXPECT_EQ(wendlow_.close_and_wait(), 0u);
 }
 
-TEST_F(NestedCommands, ScanAndEndBelowTheAboutBox)
+TEST_F(NestedCommands, ScanAndEndWhileTheAboutBoxIsUp)
 {
     boxes_.hold();
     wendlow_.choose_about();
@@ -103,12 +103,13 @@ TEST_F(NestedCommands, ScanAndEndBelowTheAboutBox)
     EXPECT_EQ(boxes_.count(), 1u);
 }
 
-TEST_F(NestedCommands, LoadBelowTheOpenDialog)
+TEST_F(NestedCommands, LoadWhileTheOpenDialogIsUp)
 {
     wendlow_.press_load_profile();
     wait_for_file_dialog(wendlow_.process_id());
     wendlow_.drop_files({folder_.file(L"work.txt")});
-    wait_until([&] { return profiles().size() == 2; }, kLongWait, "the profile dropped below the dialog");
+    wait_until([&] { return profiles().size() == 2; }, kLongWait,
+               "the profile dropped while the dialog is up");
     EXPECT_NE(file_dialog_of(wendlow_.process_id()), nullptr);
     cancel_file_dialog(wendlow_.process_id());
     boxes_.expect_no_boxes();
@@ -139,7 +140,7 @@ TEST_F(NestedCommands, TwoOpenDialogs)
     EXPECT_EQ(profiles(), Texts{L"Work"});
 }
 
-TEST_F(NestedCommands, CreateProfileBelowTheSaveDialogDoesNothing)
+TEST_F(NestedCommands, CreateProfileDoesNothingWhileTheSaveDialogIsUp)
 {
     open_save_dialog();
     post_to_list(list_control::kCreateProfile);
@@ -151,7 +152,7 @@ TEST_F(NestedCommands, CreateProfileBelowTheSaveDialogDoesNothing)
 }
 
 // The list is destroyed, and the dialog that it owns.
-TEST_F(NestedCommands, ScanBelowTheSaveDialogCancelsTheSave)
+TEST_F(NestedCommands, ScanWhileTheSaveDialogIsUpCancelsTheSave)
 {
     open_save_dialog();
     const HWND list = wendlow_.list_window();

@@ -86,7 +86,7 @@ TEST(PlantedLibraries, BesideTheProgramAreNotLoaded)
     EXPECT_EQ(planted.loaded(), Names{}) << "by their names";
 }
 
-TEST(PlantedLibraries, NoneIsNeededToStart)
+TEST(PlantedLibraries, AreNotNeededToStart)
 {
     PlantedLibraries planted(wendlow_path());
     planted.plant({L"msimg32.dll"});

@@ -127,7 +127,7 @@ TEST(ReleaseBinary, IsA64BitGuiProgram)
     EXPECT_EQ(image.headers().OptionalHeader.Subsystem, 2);
 }
 
-TEST(ReleaseBinary, IsLoadedAnywhereAndItsDataCannotBeRun)
+TEST(ReleaseBinary, HasRandomAddressesAndDataThatCannotBeRun)
 {
     const Image image;
     const unsigned flags = image.headers().OptionalHeader.DllCharacteristics;

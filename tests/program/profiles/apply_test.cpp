@@ -91,7 +91,7 @@ TEST_F(Apply, MinimisesRestoresAndClosesTheWindowsOfTheProfile)
     boxes.expect_no_boxes();
 }
 
-TEST_F(Apply, CloseAsksAWindowOnceAndForgetsItsName)
+TEST_F(Apply, CloseAsksAWindowOnceAndRemovesTheProfilesName)
 {
     const std::wstring program = fixtures_.add(L"stubborn", {.title = L"Stubborn", .refuse_close = true});
     const std::wstring path = folder_.file(L"p.txt");

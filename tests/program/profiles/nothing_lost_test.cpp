@@ -170,7 +170,7 @@ protected:
     WendlowProcess wendlow_;
 };
 
-TEST_F(NothingLost, ProfilesThatExistAreNeverChangedHoweverTheyAreProtected)
+TEST_F(NothingLost, ProfilesThatExistAreNeverChanged)
 {
     show_and_tick(1);
     const BoxWatcher boxes = wendlow_.watch_boxes();
@@ -206,7 +206,7 @@ TEST_F(NothingLost, AProfileThatAnotherProgramHoldsOpenStaysAsItIs)
     expect_next_save_succeeds();
 }
 
-TEST_F(NothingLost, AFolderWithoutRightsIsToldAndLeftAsItIs)
+TEST_F(NothingLost, AFolderWithoutRightsIsReportedAndLeftAsItIs)
 {
     // A folder that not even an administrator may write to.
     const std::wstring folder = windows_path("/sys/kernel");
@@ -223,7 +223,7 @@ TEST_F(NothingLost, AFolderWithoutRightsIsToldAndLeftAsItIs)
     EXPECT_EQ(boxes.count(), 1u);
 }
 
-TEST_F(NothingLost, AFullDiskIsToldAndNoHalfProfileStaysOnIt)
+TEST_F(NothingLost, AFullDiskIsReportedAndNoHalfProfileStaysOnIt)
 {
     const std::wstring disk =
         windows_path("/tmp/wendlow-small-disk-" + std::to_string(GetCurrentProcessId()));
@@ -253,7 +253,7 @@ TEST_F(NothingLost, AFullDiskIsToldAndNoHalfProfileStaysOnIt)
     RemoveDirectoryW(disk.c_str());
 }
 
-TEST_F(NothingLost, EndedBelowTheSaveDialogItLeavesNoFile)
+TEST_F(NothingLost, EndedWhileTheSaveDialogIsUpItLeavesNoFile)
 {
     show_and_tick(1);
     const std::wstring earlier = folder_.file(L"earlier.txt");
@@ -287,7 +287,7 @@ TEST_F(NothingLost, EndedInTheMiddleOfASaveItLeavesEarlierProfilesAsTheyWere)
     EXPECT_EQ(again.combo_texts(again.profile_combo()).size(), 0u);
 }
 
-TEST_F(NothingLost, EndedBeforeTheSaveIsFlushedItsProfileIsWhole)
+TEST_F(NothingLost, EndedBeforeTheSaveIsFlushedItsProfileIsComplete)
 {
     show_and_tick(1);
     end_program_in("FlushFileBuffers", wendlow_);

@@ -157,7 +157,7 @@ TEST(ProfileTool, WritesProfilesThatTheProgramLoads)
     boxes.expect_no_boxes();
 }
 
-TEST(ProfileTool, SpeaksUtf8AndKnowsThisComputer)
+TEST(ProfileTool, PrintsUtf8AndChecksPathsAndMonitorsOfThisComputer)
 {
     const TemporaryFolder folder;
     SetCurrentDirectoryW(folder.path().c_str());
@@ -242,7 +242,7 @@ TEST(ProfileTool, HandsAProfileToTheProgramThatRunsAndSaysNothing)
     SetCurrentDirectoryW(L"C:\\");
 }
 
-TEST(ProfileTool, LeavesNothingOfWhatItRefuses)
+TEST(ProfileTool, LeavesNoFileWhenItRefuses)
 {
     const TemporaryFolder folder;
     SetCurrentDirectoryW(folder.path().c_str());
@@ -261,7 +261,7 @@ TEST(ProfileTool, LeavesNothingOfWhatItRefuses)
     SetCurrentDirectoryW(L"C:\\");
 }
 
-TEST(ProfileTool, SearchesWhatIsThereAndIsAFolder)
+TEST(ProfileTool, SearchesOnlyFoldersThatExist)
 {
     const TemporaryFolder folder;
     SetCurrentDirectoryW(folder.path().c_str());

@@ -14,7 +14,7 @@ using namespace test_support;
 namespace
 {
 
-TEST(BoxWatcher, TellsTitleTextIconOwnerAndButtonsAndPressesTheChosenOne)
+TEST(BoxWatcher, ReadsTitleTextIconOwnerAndButtonsAndPressesTheChosenOne)
 {
     BoxWatcher boxes;
     boxes.answer_with(IDNO);
@@ -35,7 +35,7 @@ TEST(BoxWatcher, TellsTitleTextIconOwnerAndButtonsAndPressesTheChosenOne)
     EXPECT_EQ(seen[2].buttons, (std::vector<int>{IDOK}));
 }
 
-TEST(BoxWatcher, KeepsTextThatIsNoText)
+TEST(BoxWatcher, KeepsUnitsThatAreNoText)
 {
     BoxWatcher boxes;
     // An odd number of bytes, and units that are no characters by themselves.
@@ -169,7 +169,7 @@ TEST(FileDialogs, MayAskQuestionsThatAWatcherLeavesAlone)
     boxes.expect_boxes({{L"info", L"not the dialog"}});
 }
 
-TEST(Waiting, SaysWhatItWaitedForInVain)
+TEST(Waiting, NamesWhatDidNotHappen)
 {
     try {
         wait_until([] { return false; }, 20, "the impossible");
@@ -179,7 +179,7 @@ TEST(Waiting, SaysWhatItWaitedForInVain)
     }
 }
 
-TEST(Waiting, ABackgroundTellsWhatWentWrongWhenJoined)
+TEST(Waiting, ABackgroundReportsItsFailureWhenJoined)
 {
     Background work([] { throw Failure("gone wrong"); });
     EXPECT_THROW(work.join(), Failure);
@@ -191,7 +191,7 @@ TEST(Files, APathOfTheBuildMachineIsOnDriveZ)
     EXPECT_EQ(windows_path("C:/x/y.exe"), L"C:\\x\\y.exe");
 }
 
-TEST(Files, ATemporaryFolderGoesWithAllThatIsInIt)
+TEST(Files, ATemporaryFolderIsDeletedWithItsContents)
 {
     std::wstring path;
     {

@@ -151,7 +151,7 @@ TEST_F(FolderWindows, ListWhatTheScriptNames)
     EXPECT_EQ(script.counts().interfaces_given, 1 + 2 * 7);
 }
 
-TEST_F(FolderWindows, MissEachStepInTurn)
+TEST_F(FolderWindows, FailAtEachStepInTurn)
 {
     FolderWindowsScript script;
     for (const Missing missing : {Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp,
@@ -214,7 +214,7 @@ TEST_F(FolderWindows, FailAsTold)
     EXPECT_EQ(Walk().creation(), E_OUTOFMEMORY);
 }
 
-TEST_F(FolderWindows, CountWhatIsNotReleasedAndWhatIsReleasedTwice)
+TEST_F(FolderWindows, CountInterfacesNotReleasedAndReleasedTwice)
 {
     FolderWindowsScript script;
     script.add(nullptr, L"C:\\");

@@ -120,7 +120,7 @@ TEST(FixturePrograms, CanHang)
     EXPECT_FALSE(answers(window, WM_NULL));
 }
 
-TEST(FixturePrograms, CanHangWhenAskedForTheirTitle)
+TEST(FixturePrograms, CanHangWhenTheirTitleIsRead)
 {
     FixturePrograms fixtures;
     FixtureOptions options;
@@ -142,7 +142,7 @@ TEST(FixturePrograms, CanEndWhenAskedWhetherTheyAnswer)
     fixtures.wait_for_end(L"frail");
 }
 
-TEST(StoppedWindow, AnswersOnceItIsLetGoOn)
+TEST(StoppedWindow, AnswersOnceItGoesOnAgain)
 {
     FixturePrograms fixtures;
     fixtures.add(L"program");

@@ -41,7 +41,7 @@ TEST(PlantedLibraries, AreLoadedByAProgramThatNamesThem)
     EXPECT_EQ(planted.needed_to_start(), Names{L"msimg32.dll"});
 }
 
-TEST(PlantedLibraries, LeaveNoSettingBehind)
+TEST(PlantedLibraries, RestoreTheSettings)
 {
     const auto has_setting = [] {
         return RegGetValueW(HKEY_CURRENT_USER,

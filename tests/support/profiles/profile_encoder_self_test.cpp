@@ -51,7 +51,7 @@ TEST(ProfileEncoder, KeepsEveryArrayInEntryOrder)
     EXPECT_EQ(bytes, expected);
 }
 
-TEST(ProfileEncoder, DeclaresWhatItIsToldInsteadOfTheTruth)
+TEST(ProfileEncoder, DeclaresTheCountsAndLengthsItIsGiven)
 {
     Bytes expected = kOneProgram;
     expected[0] = 0xFF;
@@ -68,7 +68,7 @@ TEST(ProfileEncoder, DeclaresWhatItIsToldInsteadOfTheTruth)
         expected);
 }
 
-TEST(ProfileEncoder, CutsAndFillsAsTold)
+TEST(ProfileEncoder, CutsAndFillsAsAskedFor)
 {
     EXPECT_EQ(one_program().cut_to(2).bytes(), (Bytes{0x01, 0x00}));
     EXPECT_EQ(one_program().cut_before_signature(2).bytes(), (Bytes{0x01, 0x00, 0x00, 0x07, 0x0C}));

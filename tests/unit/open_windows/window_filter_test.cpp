@@ -51,7 +51,7 @@ TEST(ExcludedClasses, LeaveOtherLettersAsTheyAre)
     EXPECT_FALSE(excluded(L"w\u0130ndows.ui.core.corewindow")); // dotted capital I
 }
 
-TEST(LowerCaseAscii, ChangesAToZOnly)
+TEST(LowerCaseAscii, ChangesOnlyAToZ)
 {
     std::wstring text = L"AZ az @[`{ 09_#. \u00C4\u0416\uFF21\u0130";
     lower_case_ascii(text);
@@ -159,7 +159,7 @@ TEST(ShortenedTitle, EndsWhereTheSystemSaysTheTitleEnds)
     EXPECT_EQ(shortened(title_of(60), 50), title_of(25) + L"..." + title_of(50).substr(30));
 }
 
-TEST(ShortenedTitle, IsNeverReadBeyondWhatWasRead)
+TEST(ShortenedTitle, UsesOnlyTheUnitsThatWereRead)
 {
     // Longer than the buffer that titles are read into.
     EXPECT_EQ(shortened(title_of(999), 5000), title_of(25) + L"..." + title_of(999).substr(979));
@@ -169,7 +169,7 @@ TEST(ShortenedTitle, IsNeverReadBeyondWhatWasRead)
     EXPECT_EQ(shortened(L"", 100), L"");
 }
 
-TEST(ShortenedTitle, StaysInItsSlotWhenNoLengthIsTold)
+TEST(ShortenedTitle, StaysInItsSlotWhenNoLengthIsReported)
 {
     EXPECT_EQ(shortened(title_of(20), 0), title_of(20));
     EXPECT_EQ(shortened(title_of(48), 0), title_of(48));

@@ -176,7 +176,7 @@ TEST(ProfileFileExtent, RefusesPathLengthsBeyondTheFile)
     }
 }
 
-TEST(ProfileFileExtent, TakesWhatIsOddButWhole)
+TEST(ProfileFileExtent, AcceptsFilesThatAreUnusualButComplete)
 {
     const ProfileEncoder good =
         ProfileEncoder().add_program(1, 2, 3, 4, u"ab").add_folder(5, 6, 7, 8, u"cd").name(u"n");

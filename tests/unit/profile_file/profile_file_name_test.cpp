@@ -100,7 +100,7 @@ TEST(ProfileFileName, NeverLooksAtTheUnitAtOffsetZero)
     EXPECT_EQ(name_in({0, 0, 0x00, 0x07, 0x0C}), 0U);
 }
 
-TEST(ProfileFileName, StaysInsideAtOddOffsets)
+TEST(ProfileFileName, IsNotLookedForBeforeTheStartAtOddOffsets)
 {
     EXPECT_EQ(name_in({0xEE, 'A', 0, 0x00, 0x07, 0x0C}), 0U);
     EXPECT_EQ(name_in({0xEE, 0, 0, 0x00, 0x07, 0x0C}), 3U);

@@ -136,7 +136,7 @@ TEST(ProfileFileLayout, ReadsNumbersAsSigned)
               (std::vector<Seen>{{0, 1, kMin, kMax, -1, kMin, path_bytes(u"p")}}));
 }
 
-TEST(ProfileFileLayout, CarriesOtherKindFlagsAlong)
+TEST(ProfileFileLayout, KeepsOtherKindFlags)
 {
     const Bytes file =
         ProfileEncoder().add({.flag = 2, .path = u"a"}).add({.flag = 255, .path = u"bc"}).name(u"n").bytes();

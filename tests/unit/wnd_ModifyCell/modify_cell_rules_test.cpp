@@ -12,7 +12,7 @@
 namespace
 {
 
-TEST(ModifyCellRules, ConvertsTheNumberThatLeads)
+TEST(ModifyCellRules, ConvertTheLeadingNumber)
 {
     struct Case {
         const wchar_t* text;
@@ -27,7 +27,7 @@ TEST(ModifyCellRules, ConvertsTheNumberThatLeads)
     }
 }
 
-TEST(ModifyCellRules, TakesTheNearestNumberOf32Bits)
+TEST(ModifyCellRules, TakeTheNearestNumberOf32Bits)
 {
     EXPECT_EQ(leading_number(L"2147483647"), 2147483647);
     EXPECT_EQ(leading_number(L"2147483648"), 2147483647);
@@ -49,7 +49,7 @@ bool is_alphabetic(wchar_t character)
     return std::iswalpha(static_cast<std::wint_t>(character)) != 0;
 }
 
-TEST(ModifyCellRules, LetsTheLastCharacterAloneDecide)
+TEST(ModifyCellRules, CheckOnlyTheLastCharacter)
 {
     for (const std::wstring_view valid : {L"250", L"0", L"-8", L"12a3", L"abc1", L"- 5", L"1.5", L" 7"})
         EXPECT_TRUE(is_edit_valid(valid, is_alphanumeric, is_alphabetic)) << valid.data();
@@ -57,7 +57,7 @@ TEST(ModifyCellRules, LetsTheLastCharacterAloneDecide)
         EXPECT_FALSE(is_edit_valid(refused, is_alphanumeric, is_alphabetic)) << refused.data();
 }
 
-TEST(ModifyCellRules, AsksTheTestsGivenAboutTheLastCharacter)
+TEST(ModifyCellRules, ApplyTheGivenTestsToTheLastCharacter)
 {
     // Numerals of other scripts are digits when the system says so.
     const auto only_cjk_nine = [](wchar_t character) { return character == L'\u4E5D'; };

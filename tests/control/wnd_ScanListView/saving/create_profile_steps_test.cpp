@@ -71,7 +71,7 @@ TEST(CreateProfile, StoresNoMoreRowsThanItHasCounted)
     FreeDynMem_wnds_Profile(&record);
 }
 
-TEST(CreateProfile, ShowsAndUpdatesTheNameWindowAlsoWhenItIsMissing)
+TEST(CreateProfile, ShowsAndUpdatesTheNameWindowEvenWhenItIsMissing)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;

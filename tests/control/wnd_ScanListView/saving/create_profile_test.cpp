@@ -174,7 +174,7 @@ TEST(CreateProfile, SavesNoRowThatIsOnlyHighlighted)
     EXPECT_EQ(boxes.count(), 1u);
 }
 
-TEST(CreateProfile, GivesBackTheArraysOfAProfileThatWasAbandoned)
+TEST(CreateProfile, ReleasesTheArraysOfAnAbandonedProfile)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;

@@ -97,7 +97,7 @@ ExpectedBox not_filled_box(const STR_RW_PRFL& record, const STR_ENUM_WNDS_DATA& 
 
 } // namespace
 
-TEST(ProfileWriting, MakesSixtyFourBytesOfOneProgramWithAnEightUnitPathAndAOneLetterName)
+TEST(ProfileWriting, WritesOneProgramIn64Bytes)
 {
     const FilledScan scan({{.flag = 1, .x = 1, .y = 2, .width = 3, .height = 4, .path = L"C:\\a.exe"}});
     EXPECT_EQ(hex(written({0}, L"A")),
@@ -181,7 +181,7 @@ TEST(ProfileWriting, WritesEachPartWithOneCallAndFlushesOnce)
     EXPECT_EQ(flushed_after_all, std::vector<bool>{true});
 }
 
-TEST(ProfileWriting, GoesOnAfterAPartThatFailsAndLeavesTheFirstError)
+TEST(ProfileWriting, GoesOnAfterAPartThatFailsAndKeepsTheFirstError)
 {
     const FilledScan scan(ten_windows());
     const PreparedRecord prepared({0}, L"x");

@@ -101,7 +101,7 @@ TEST(SaveProfile, LeavesAFileThatExistsAsItIs)
     }
 }
 
-TEST(SaveProfile, DeletesAHalfWrittenFileAndSaysSo)
+TEST(SaveProfile, DeletesAHalfWrittenFileAndReportsIt)
 {
     Saving saving(L"half.txt");
     for (const int part : {1, 8, 10}) {
@@ -124,7 +124,7 @@ TEST(SaveProfile, DeletesAHalfWrittenFileAndSaysSo)
     EXPECT_FALSE(file_exists(saving.path));
 }
 
-TEST(SaveProfile, SaysThatAFileCannotBeCreated)
+TEST(SaveProfile, ReportsAFileThatCannotBeCreated)
 {
     Saving saving(L"no folder\\x.txt");
     const HWND name = saving.list.ask_name_for({1});
@@ -232,7 +232,7 @@ TEST(SaveProfile, RefusesMissingArgumentsNamingThem)
     }
 }
 
-TEST(SaveProfile, TellsWhenAHalfWrittenFileCannotBeDeleted)
+TEST(SaveProfile, ReportsAHalfWrittenFileThatCannotBeDeleted)
 {
     Saving saving(L"left.txt");
     const HWND name = saving.list.ask_name_for({1});
@@ -252,7 +252,7 @@ TEST(SaveProfile, TellsWhenAHalfWrittenFileCannotBeDeleted)
 }
 
 // A record that is not there is noticed before it is released, so nothing brings this one about.
-TEST(SaveProfile, WouldReportArraysThatCannotBeReleased)
+TEST(SaveProfile, HasAReportForArraysThatCannotBeReleased)
 {
     BoxWatcher boxes;
     EXPECT_EQ(report<kSaveFreeFailed>(-1), -2);

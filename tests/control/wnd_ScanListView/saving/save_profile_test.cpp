@@ -170,7 +170,7 @@ TEST(SaveProfile, TakesTheNameFromWhicheverWindowSendsIt)
     boxes.expect_no_boxes();
 }
 
-TEST(SaveProfile, TakesANameThatIsNowhereForAnEmptyOne)
+TEST(SaveProfile, TreatsAMissingNameAsAnEmptyOne)
 {
     Saving saving;
     BoxWatcher boxes;
@@ -202,7 +202,7 @@ TEST(SaveProfile, IgnoresDataOfOtherKindsAndMissingData)
     boxes.expect_no_boxes();
 }
 
-TEST(SaveProfile, TakesAFileSystemThatHasNoFlushing)
+TEST(SaveProfile, AcceptsAFileSystemThatCannotFlush)
 {
     for (const DWORD code : {DWORD{ERROR_INVALID_FUNCTION}, DWORD{ERROR_NOT_SUPPORTED}}) {
         Saving saving;
@@ -229,7 +229,7 @@ TEST(SaveProfile, AddsTheEndingThatTheRealSaveDialogWasGiven)
         const HWND dialog = test_support::wait_for_file_dialog(GetCurrentProcessId());
         title = test_support::file_dialog_title(dialog);
         proposed = test_support::file_dialog_name(dialog);
-        // Create Profile, pressed by another program, would begin a new record below the dialog.
+        // Create Profile, pressed by another program, would begin a new record while the dialog is up.
         SendMessageW(list.window, WM_COMMAND, list_control::kCreateProfile, 0);
         test_support::choose_file(GetCurrentProcessId(), folder.file(L"real"));
     });

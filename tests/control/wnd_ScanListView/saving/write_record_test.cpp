@@ -44,7 +44,7 @@ TEST(WriteRecord, HasItsFieldsInOrder)
     EXPECT_EQ(sizeof(STR_RW_PRFL), 584u);
 }
 
-TEST(WriteRecord, IsClearedWholeBeforeAnythingIsGathered)
+TEST(WriteRecord, IsClearedBeforeAnythingIsGathered)
 {
     const FilledScan scan(ten_windows());
     const ListOfWindows list;
@@ -62,7 +62,7 @@ TEST(WriteRecord, IsClearedWholeBeforeAnythingIsGathered)
     EXPECT_EQ(std::memcmp(record, &zeros, sizeof zeros), 0);
 }
 
-TEST(WriteRecord, TakesOneByteOfEachTerminatorAndLeavesTheOther)
+TEST(WriteRecord, HoldsOneByteOfEachTerminatorAndNotTheOther)
 {
     const FilledScan scan(ten_windows());
     for (const std::uint32_t row : {3u, 5u}) {

@@ -15,12 +15,12 @@ using hostile::Texts;
 namespace
 {
 
-class MessagesBelowABox : public hostile::AllWindowsOpen
+class MessagesWhileABoxIsUp : public hostile::AllWindowsOpen
 {
 };
 
 // Re-entrancy: a box without owner runs a message loop and leaves the windows usable.
-TEST_F(MessagesBelowABox, AreCarriedOut)
+TEST_F(MessagesWhileABoxIsUp, AreCarriedOut)
 {
     const auto bad_file = [&](const wchar_t* name) {
         write_file(folder_.file(name), {1, 2, 3, 4});
@@ -59,7 +59,7 @@ TEST_F(MessagesBelowABox, AreCarriedOut)
 }
 
 // Closing the main window while a box of a load is open ends the program.
-TEST_F(MessagesBelowABox, EndTheProgramWhenTheyCloseTheMainWindow)
+TEST_F(MessagesWhileABoxIsUp, EndTheProgramWhenTheyCloseTheMainWindow)
 {
     const std::wstring path = folder_.file(L"gone.txt");
     write_file(path,

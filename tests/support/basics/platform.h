@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <gtest/gtest.h>
-
 namespace test_support
 {
 
@@ -16,7 +14,7 @@ inline bool under_wine()
 } // namespace test_support
 
 // The first step of a test, or of a fixture's SetUp, that only one of the two systems can run: on the other
-// one it is skipped, and says why. docs/windows.md lists every such test.
+// one it is skipped, and says why. docs/windows.md lists every such test. The source includes GoogleTest.
 //     ONLY_UNDER_WINE("the shell's folder windows are programs of their own there");
 #define ONLY_UNDER_WINE(reason)                                                                              \
     if (::test_support::under_wine())                                                                        \

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "tests/support/basics/files.h"
+#include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/folder_windows/shell_windows_stand_in/class_object.h"
@@ -62,6 +64,31 @@ std::vector<HWND> folder_windows()
     std::erase_if(windows, [](HWND window) { return !is_folder_window(window); });
     return windows;
 }
+
+// The stand-in's hook on the messages of a window's thread, for as long as it is needed. The stand-in itself
+// stays in the program.
+class LendingHook
+{
+public:
+    explicit LendingHook(HWND window)
+    {
+        const HMODULE library = LoadLibraryW(windows_path(SHELL_WINDOWS_STAND_IN_DLL).c_str());
+        const auto procedure = reinterpret_cast<HOOKPROC>(
+            reinterpret_cast<void*>(library ? GetProcAddress(library, "lend_when_told") : nullptr));
+        const DWORD thread = GetWindowThreadProcessId(window, nullptr); // 0 would be every thread
+        if (procedure && thread != 0)
+            hook_ = SetWindowsHookExW(WH_GETMESSAGE, procedure, library, thread);
+        if (!hook_)
+            throw Failure("the stand-in for the folder windows cannot be lent, error " +
+                          std::to_string(GetLastError()));
+    }
+    ~LendingHook() { UnhookWindowsHookEx(hook_); }
+    LendingHook(const LendingHook&) = delete;
+    LendingHook& operator=(const LendingHook&) = delete;
+
+private:
+    HHOOK hook_ = nullptr;
+};
 
 } // namespace
 
@@ -152,6 +179,18 @@ StandInRegistration::~StandInRegistration()
     CoRevokeClassObject(cookie_);
 }
 
+void lend_stand_in(HWND window)
+{
+    const LendingHook hook(window);
+    PostMessageW(window, RegisterWindowMessageW(stand_in::kLendMessage), 0, 0);
+    const auto lent = wait_for([&] { return GetPropW(window, stand_in::kLentProperty); }, kLongWait,
+                               "the program to take the stand-in for the folder windows");
+    const auto result = reinterpret_cast<INT_PTR>(lent);
+    if (result != stand_in::kLent)
+        throw Failure("the program did not take the stand-in for the folder windows, result " +
+                      std::to_string(result));
+}
+
 ComApartment::ComApartment()
 {
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
@@ -204,7 +243,7 @@ RealFolderWindow::~RealFolderWindow()
 {
     const DWORD process_id = process_of(window_);
     PostMessageW(window_, WM_CLOSE, 0, 0);
-    if (!becomes_true([&] { return !IsWindow(window_); }))
+    if (!becomes_true([&] { return !IsWindow(window_); }) && under_wine())
         terminate_process(process_id);
 }
 

@@ -7,7 +7,8 @@
 
 // Drives the stand-in for the shell's list of folder windows, in whichever process it is at work.
 // While a FolderWindowsScript lives, the list holds exactly the windows it names; without one, the
-// list holds the folder windows that are really on the screen.
+// list holds the folder windows that are really on the screen. Where a shell runs its own list is handed
+// out then, and the stand-in counts nothing of it.
 
 namespace test_support
 {
@@ -98,6 +99,12 @@ private:
     DWORD cookie_ = 0;
 };
 
+// Does the same in the program of that window, until it ends, without anything registered for it: what is
+// registered per user is passed over for a program that runs as administrator. The window's thread needs COM
+// as a single-threaded apartment and has to handle messages. Throws a Failure when the program does not take
+// it.
+void lend_stand_in(HWND window);
+
 // COM as a single-threaded apartment for the calling thread.
 class ComApartment
 {
@@ -115,7 +122,8 @@ bool has_com_apartment();
 // is still there for whoever holds it. Initialises it again.
 bool com_outlives_its_owner();
 
-// A real folder window, opened by the shell as the program under test opens it, closed at the end.
+// A real folder window, opened by the shell as the program under test opens it, closed at the end. Not every
+// one is a process of its own: on Windows it belongs to the desktop's, which is never ended.
 class RealFolderWindow
 {
 public:

@@ -10,6 +10,7 @@
 #include "tests/support/basics/files.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/input/real_input.h"
 #include "tests/support/windows/remote_memory.h"
 #include "tests/support/windows/windows_lookup.h"
@@ -116,6 +117,7 @@ WendlowProcess::WendlowProcess(const std::wstring& path)
             },
             kLongWait, "the main window");
         wait_until_idle();
+        lend_stand_in(main_window_);
     } catch (...) {
         terminate_process(process_id_);
         CloseHandle(process_);

@@ -1,5 +1,6 @@
 #include "tests/support/folder_windows/shell_windows_stand_in/class_object.h"
 
+#include "tests/support/basics/platform.h"
 #include "tests/support/folder_windows/shell_windows_stand_in/counted.h"
 #include "tests/support/folder_windows/shell_windows_stand_in/folder_items.h"
 #include "tests/support/folder_windows/shell_windows_stand_in/script.h"
@@ -56,6 +57,14 @@ private:
     References references_;
 };
 
+// The shell's own list. Wine's is always empty.
+HRESULT list_of_the_shell(REFIID id, void** out)
+{
+    if (under_wine())
+        return E_NOTIMPL;
+    return CoCreateInstance(kShellWindowsClass, nullptr, CLSCTX_LOCAL_SERVER, id, out);
+}
+
 class Factory final : public IClassFactory
 {
 public:
@@ -77,6 +86,8 @@ public:
         const Script* script = current_script();
         if (script && FAILED(script->creation_result))
             return script->creation_result;
+        if ((!script || script->real_windows) && SUCCEEDED(list_of_the_shell(id, out)))
+            return S_OK;
         auto* list = new ShellWindows(entries_in_pass(pass)); // stays, see References
         return list->QueryInterface(id, out);
     }

@@ -86,7 +86,8 @@ PIDLIST_ABSOLUTE followed(PIDLIST_ABSOLUTE list)
 
 PIDLIST_ABSOLUTE item_id_list_of(const std::wstring& path)
 {
-    return followed(ILCreateFromPathW(path.c_str()));
+    // Without a look at the disk, where the folder may be spelled otherwise or be missing.
+    return followed(SHSimpleIDListFromPath(path.c_str()));
 }
 
 PIDLIST_ABSOLUTE item_id_list_of_no_path()

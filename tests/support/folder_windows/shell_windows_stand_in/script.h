@@ -11,6 +11,13 @@ namespace test_support::stand_in
 {
 
 constexpr wchar_t kScriptName[] = L"Local\\WendlowTestsShellWindows";
+
+// Posted to a window of the program that is to get the stand-in; what came of it is a property of that
+// window.
+constexpr wchar_t kLendMessage[] = L"WendlowTestsLendShellWindows";
+constexpr wchar_t kLentProperty[] = L"WendlowTestsLentShellWindows";
+constexpr INT_PTR kLent = 1; // anything else is the result that COM gave
+
 constexpr int kMaxWindows = 64;
 constexpr int kMaxPath = 1024;
 

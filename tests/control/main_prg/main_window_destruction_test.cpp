@@ -139,6 +139,7 @@ TEST(MainWindowDestruction, ReleasesEachBlockOnce)
 {
     scan_tests::ScanFixture fixture; // registers the list's class
     const TestWindow other(L"other");
+    const scan_tests::Desktop desktop({other});
     const MainWindow main;
     {
         // Sets the two areas of the store up; the dialog is cancelled.

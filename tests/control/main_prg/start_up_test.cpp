@@ -52,12 +52,12 @@ std::vector<COLORREF> picture_of(HICON icon, int size = 32)
     return pixels;
 }
 
-std::vector<COLORREF> picture_of_resource(WORD id)
+std::vector<COLORREF> picture_of_resource(WORD id, int size = 32)
 {
     const auto icon = static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, 32, 32, LR_DEFAULTCOLOR));
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(id), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
     EXPECT_NE(icon, nullptr);
-    const std::vector<COLORREF> picture = picture_of(icon);
+    const std::vector<COLORREF> picture = picture_of(icon, size);
     DestroyIcon(icon);
     return picture;
 }
@@ -125,7 +125,9 @@ TEST(StartUp, RegistersTheMainWindowsClass)
     // The small icon is the large picture in its full size.
     const std::vector<COLORREF> large = picture_of_resource(200);
     EXPECT_NE(large, picture_of_resource(201));
-    EXPECT_EQ(picture_of(seen.hIcon), large);
+    // The other one is as large as the system's icons are at the scale of the screen.
+    const int system_size = GetSystemMetrics(SM_CXICON);
+    EXPECT_EQ(picture_of(seen.hIcon, system_size), picture_of_resource(200, system_size));
     EXPECT_EQ(picture_of(seen.hIconSm), large);
     EXPECT_EQ(size_of(seen.hIconSm).cx, 32);
     EXPECT_EQ(size_of(seen.hIconSm).cy, 32);

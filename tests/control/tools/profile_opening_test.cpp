@@ -43,6 +43,8 @@ protected:
 
     TemporaryFolder files;
     NothingStarts starts; // of the program, and of the tool
+    ComApartment com;
+    StandInRegistration stand_in;
     FolderWindowsScript folders;
     TestWindow folder_window{L"folder"};
 

@@ -189,7 +189,11 @@ TEST_F(RealPixelsTest, PlaceAWindowAgainThatResizesItselfOnAMonitorOfAnotherScal
 {
     const PixelRect rect{.x = 40, .y = 50, .height = 200, .width = 300};
     const std::string once = "40,50 300x200";
-    const TestWindow window(L"window");
+    // A window of the thread's own scale could not have every size on a scaled screen.
+    const TestWindow window = [] {
+        const ThreadScale real(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
+        return TestWindow(L"window");
+    }();
     for (const bool resizes_itself : {true, false}) {
         for (const UINT scale : {96U, 144U}) {
             const OtherMonitor monitor(window, resizes_itself, scale);

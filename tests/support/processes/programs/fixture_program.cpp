@@ -233,6 +233,8 @@ void dispatch_until_ended(HANDLE thread)
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
+    // Or its places and sizes would be other pixels on a scaled screen, and odd ones could not be had at all.
+    SetProcessDPIAware();
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     GetStartupInfoW(&startup);

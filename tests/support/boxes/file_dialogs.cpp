@@ -1,5 +1,10 @@
 #include "tests/support/boxes/file_dialogs.h"
 
+#include <commctrl.h>
+
+#include <functional>
+
+#include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -9,8 +14,20 @@ namespace test_support
 namespace
 {
 
+// The file name's box: everywhere but in the save dialog of Windows, which has one among the controls that
+// the shell lays out itself.
 constexpr int kFileNameId = 1148;
+constexpr wchar_t kHostOfSaveName[] = L"FloatNotifySink";
 constexpr UINT kAnswerMilliseconds = 5'000;
+constexpr unsigned kActAgainMilliseconds = 5'000;
+
+bool holds_file_name(HWND edit)
+{
+    for (HWND control = edit; control; control = GetParent(control))
+        if (GetDlgCtrlID(control) == kFileNameId || class_of(control) == kHostOfSaveName)
+            return true;
+    return false;
+}
 
 // The innermost control that holds the file name: the edit box inside the combo box where there is
 // one.
@@ -20,15 +37,10 @@ HWND name_edit_of(HWND dialog)
     EnumChildWindows(
         dialog,
         [](HWND child, LPARAM result) -> BOOL {
-            if (class_of(child) != L"Edit")
+            if (class_of(child) != L"Edit" || !holds_file_name(child))
                 return TRUE;
-            for (HWND control = child; control; control = GetParent(control)) {
-                if (GetDlgCtrlID(control) == kFileNameId) {
-                    *reinterpret_cast<HWND*>(result) = child;
-                    return FALSE;
-                }
-            }
-            return TRUE;
+            *reinterpret_cast<HWND*>(result) = child;
+            return FALSE;
         },
         reinterpret_cast<LPARAM>(&found));
     return found;
@@ -55,7 +67,7 @@ void enter_name(HWND dialog, const std::wstring& path)
     DWORD_PTR result = 0;
     SendMessageTimeoutW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()), SMTO_NORMAL,
                         kAnswerMilliseconds, &result);
-    wait_until([&] { return text_of(edit) == path; }, kShortWait,
+    wait_until([&] { return text_of(edit) == path || !IsWindow(edit); }, kShortWait,
                "the file dialog to take the name " + printable(path));
 }
 
@@ -64,14 +76,38 @@ void wait_until_closed(HWND dialog, unsigned milliseconds)
     wait_until([&] { return !is_file_dialog(dialog); }, milliseconds, "the file dialog to close");
 }
 
-// The question a save dialog asks: a dialog of the same process with a Yes and a No button.
-HWND question_of(DWORD process_id)
+// Does what a user does until it shows. A dialog of Windows goes on building itself after it is on the
+// screen, and may pass over what is pressed meanwhile or put its own proposal in the place of the name: there
+// it is done again, unless the dialog is asking something.
+void act_until(HWND dialog, const std::function<void()>& act, const Condition& shows, unsigned milliseconds,
+               const std::string& what)
 {
-    for (const HWND window : top_level_windows_of(process_id))
-        if (IsWindowVisible(window) && class_of(window) == L"#32770" && GetDlgItem(window, IDYES) &&
-            GetDlgItem(window, IDNO))
+    const ULONGLONG deadline = GetTickCount64() + milliseconds;
+    act();
+    while (!becomes_true(shows, under_wine() ? milliseconds : kActAgainMilliseconds)) {
+        if (GetTickCount64() >= deadline)
+            throw Failure("waited " + std::to_string(milliseconds) + " ms in vain for " + what);
+        if (IsWindowEnabled(dialog))
+            act();
+    }
+}
+
+// The question a save dialog asks: another dialog that it owns.
+HWND question_of(HWND dialog)
+{
+    for (const HWND window : top_level_windows_of(process_of(dialog)))
+        if (IsWindowVisible(window) && class_of(window) == L"#32770" && GetWindow(window, GW_OWNER) == dialog)
             return window;
     return nullptr;
+}
+
+// Message boxes have their buttons for children; the task dialogs that Windows asks with are told.
+void answer_question(HWND question, int id)
+{
+    if (GetDlgItem(question, id))
+        press(question, id);
+    else
+        PostMessageW(question, TDM_CLICK_BUTTON, static_cast<WPARAM>(id), 0);
 }
 
 } // namespace
@@ -112,28 +148,37 @@ void enter_file_name(DWORD process_id, const std::wstring& path, unsigned millis
 void choose_file(DWORD process_id, const std::wstring& path, unsigned milliseconds)
 {
     const HWND dialog = wait_for_file_dialog(process_id, milliseconds);
-    enter_name(dialog, path);
-    press(dialog, IDOK);
-    wait_until_closed(dialog, milliseconds);
+    const auto choose = [&] {
+        enter_name(dialog, path);
+        press(dialog, IDOK);
+    };
+    act_until(
+        dialog, choose, [&] { return !is_file_dialog(dialog); }, milliseconds, "the file dialog to close");
 }
 
 void cancel_file_dialog(DWORD process_id, unsigned milliseconds)
 {
     const HWND dialog = wait_for_file_dialog(process_id, milliseconds);
-    press(dialog, IDCANCEL);
-    wait_until_closed(dialog, milliseconds);
+    act_until(
+        dialog, [&] { press(dialog, IDCANCEL); }, [&] { return !is_file_dialog(dialog); }, milliseconds,
+        "the file dialog to close");
 }
 
 void choose_existing_file(DWORD process_id, const std::wstring& path, Overwrite answer, unsigned milliseconds)
 {
     const HWND dialog = wait_for_file_dialog(process_id, milliseconds);
-    enter_name(dialog, path);
-    press(dialog, IDOK);
-    const HWND question = wait_for([&] { return question_of(process_id); }, milliseconds,
-                                   "the question whether to replace the file");
-    press(question, answer == Overwrite::kYes ? IDYES : IDNO);
-    wait_until([&] { return !IsWindow(question) || !IsWindowVisible(question); }, milliseconds,
-               "the question whether to replace the file to close");
+    HWND question = nullptr;
+    const auto choose = [&] {
+        enter_name(dialog, path);
+        press(dialog, IDOK);
+    };
+    act_until(
+        dialog, choose, [&] { return (question = question_of(dialog)) != nullptr; }, milliseconds,
+        "the question whether to replace the file");
+    act_until(
+        question, [&] { answer_question(question, answer == Overwrite::kYes ? IDYES : IDNO); },
+        [&] { return !IsWindow(question) || !IsWindowVisible(question); }, milliseconds,
+        "the question whether to replace the file to close");
     if (answer == Overwrite::kYes)
         wait_until_closed(dialog, milliseconds);
 }

@@ -16,24 +16,24 @@ bool is_file_dialog(HWND window);
 
 // The open or save dialog that is on the screen, null when there is none.
 HWND file_dialog_of(DWORD process_id);
-HWND wait_for_file_dialog(DWORD process_id, unsigned milliseconds = kShortWait);
+HWND wait_for_file_dialog(DWORD process_id, unsigned milliseconds = kLongWait);
 
 std::wstring file_dialog_title(HWND dialog);
 // The file name the dialog proposes.
 std::wstring file_dialog_name(HWND dialog);
 
 // Enters the path and leaves the dialog on the screen.
-void enter_file_name(DWORD process_id, const std::wstring& path, unsigned milliseconds = kShortWait);
+void enter_file_name(DWORD process_id, const std::wstring& path, unsigned milliseconds = kLongWait);
 
 // Enters the path and presses Open or Save.
-void choose_file(DWORD process_id, const std::wstring& path, unsigned milliseconds = kShortWait);
-void cancel_file_dialog(DWORD process_id, unsigned milliseconds = kShortWait);
+void choose_file(DWORD process_id, const std::wstring& path, unsigned milliseconds = kLongWait);
+void cancel_file_dialog(DWORD process_id, unsigned milliseconds = kLongWait);
 
 enum class Overwrite { kYes, kNo };
 
 // Enters the path of a file that exists, presses Save and answers the question whether to replace
 // it. With kNo the save dialog stays on the screen.
 void choose_existing_file(DWORD process_id, const std::wstring& path, Overwrite answer,
-                          unsigned milliseconds = kShortWait);
+                          unsigned milliseconds = kLongWait);
 
 } // namespace test_support

@@ -5,6 +5,24 @@
 namespace test_support
 {
 
+namespace
+{
+
+// Windows shows the first window of a program in the way that the program was started with, and not as the
+// program asks: not at all for one that ctest starts. Here that is some window that no test is about.
+[[maybe_unused]] const bool first_show_is_used_up = [] {
+    STARTUPINFOW startup{};
+    GetStartupInfoW(&startup);
+    if ((startup.dwFlags & STARTF_USESHOWWINDOW) == 0)
+        return false;
+    const HWND window = CreateWindowExW(WS_EX_TOOLWINDOW, L"Static", L"", WS_POPUP | WS_CAPTION, 0, 0, 0, 0,
+                                        nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    ShowWindow(window, SW_SHOWNORMAL);
+    return DestroyWindow(window) != FALSE;
+}();
+
+} // namespace
+
 void register_class(const wchar_t* name, WNDPROC procedure)
 {
     WNDCLASSEXW window_class{};

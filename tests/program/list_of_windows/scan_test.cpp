@@ -34,8 +34,13 @@ TEST(Scan, ListsProgramsFoldersAndItselfWithTheirPlaces)
     fixtures.add(L"small", {.title = L"Made small", .minimised = true});
     for (const wchar_t* name : {L"plain", L"left", L"small"})
         fixtures.start(name);
-    const RealFolderWindow folder(fixtures.folder().make_folder(L"Folder on the list"));
+    const std::wstring path = fixtures.folder().make_folder(L"Folder on the list");
+    const RealFolderWindow folder(path);
     SetWindowPos(folder.window(), nullptr, 333, 222, 500, 310, SWP_NOZORDER);
+    FolderWindowsScript script;
+    script.add(folder.window(), path);
+    const std::wstring title = title_of(folder.window());
+    EXPECT_TRUE(title.starts_with(L"Folder on the list"));
     const WendlowProcess wendlow;
     const BoxWatcher boxes = wendlow.watch_boxes();
     wendlow.scan();
@@ -43,8 +48,7 @@ TEST(Scan, ListsProgramsFoldersAndItselfWithTheirPlaces)
     EXPECT_EQ(cells_of(wendlow, L"Left of the screen"),
               (Cells{L"Left of the screen", L"-50", L"310", L"330", L"250"}));
     EXPECT_EQ(cells_of(wendlow, L"Made small"), (Cells{L"Made small", L"0", L"0", L"0", L"0"}));
-    EXPECT_EQ(cells_of(wendlow, L"Folder on the list"),
-              (Cells{L"Folder on the list", L"333", L"222", L"500", L"310"}));
+    EXPECT_EQ(cells_of(wendlow, title), (Cells{title, L"333", L"222", L"500", L"310"}));
     const RECT own = rectangle_of(wendlow.main_window());
     EXPECT_EQ(cells_of(wendlow, L"Wendlow"),
               (Cells{L"Wendlow", std::to_wstring(own.left), std::to_wstring(own.top),

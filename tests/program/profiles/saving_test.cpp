@@ -116,9 +116,13 @@ TEST_F(Saving, KeepsTheKindsOfAFolderAndAProgram)
     const std::wstring path = fixtures_.folder().make_folder(L"Folder");
     const RealFolderWindow folder(path);
     SetWindowPos(folder.window(), HWND_TOP, 333, 222, 500, 310, 0);
-    entries_[L"Folder"] = {kFolderFlag, 333, 222, 500, 310, units_of(path)};
-    scan_and_tick({L"Program", L"Folder"});
-    EXPECT_EQ(hex(save(L"both kinds")), hex(expected({L"Program", L"Folder"}, u"both kinds")));
+    FolderWindowsScript script;
+    script.add(folder.window(), path);
+    const std::wstring title = title_of(folder.window());
+    EXPECT_TRUE(title.starts_with(L"Folder"));
+    entries_[title] = {kFolderFlag, 333, 222, 500, 310, units_of(path)};
+    scan_and_tick({L"Program", title});
+    EXPECT_EQ(hex(save(L"both kinds")), hex(expected({L"Program", title}, u"both kinds")));
 }
 
 TEST_F(Saving, SavesAMinimisedWindowWithZeros)

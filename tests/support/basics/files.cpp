@@ -116,8 +116,15 @@ TemporaryFolder::TemporaryFolder()
 
 TemporaryFolder::~TemporaryFolder()
 {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
+    // Windows holds on to the file of a program for a moment after its end.
+    constexpr unsigned kGivenUpAfter = 1'000;
+    becomes_true(
+        [this] {
+            std::error_code ignored;
+            std::filesystem::remove_all(path_, ignored);
+            return !folder_exists(path_);
+        },
+        kGivenUpAfter);
 }
 
 std::wstring TemporaryFolder::file(const std::wstring& name) const

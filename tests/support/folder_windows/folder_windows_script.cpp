@@ -243,6 +243,7 @@ RealFolderWindow::~RealFolderWindow()
 {
     const DWORD process_id = process_of(window_);
     PostMessageW(window_, WM_CLOSE, 0, 0);
+    // On Windows the process is the whole desktop's.
     if (!becomes_true([&] { return !IsWindow(window_); }) && under_wine())
         terminate_process(process_id);
 }

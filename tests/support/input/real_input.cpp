@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/windows/windows_lookup.h"
@@ -64,6 +65,14 @@ void let_double_click_time_pass()
     last_click = GetTickCount64();
 }
 
+// Makes this program the one that had the last input, with an event that does nothing.
+void have_last_input()
+{
+    INPUT nothing{};
+    nothing.type = INPUT_MOUSE;
+    SendInput(1, &nothing, sizeof(nothing));
+}
+
 bool belongs_to_this_thread(HWND window)
 {
     return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
@@ -71,12 +80,21 @@ bool belongs_to_this_thread(HWND window)
 
 } // namespace
 
+void let_started_programs_come_to_front()
+{
+    if (under_wine())
+        return;
+    have_last_input();
+    AllowSetForegroundWindow(ASFW_ANY);
+}
+
 void bring_to_front(HWND window)
 {
     const auto in_front = [&] {
         if (GetForegroundWindow() == window)
             return true;
-        SetForegroundWindow(window);
+        if (!SetForegroundWindow(window))
+            have_last_input();
         return false;
     };
     const std::string what = "the window \"" + printable(title_of(window)) + "\" to come to the front";

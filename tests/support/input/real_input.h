@@ -10,6 +10,10 @@
 namespace test_support
 {
 
+// Lets the programs that this one starts come to the front, as those do that a user starts: Windows gives
+// that right to the program alone that had the last input.
+void let_started_programs_come_to_front();
+
 // Brings the window to the front so that it gets the input; throws a Failure when it does not come.
 void bring_to_front(HWND window);
 

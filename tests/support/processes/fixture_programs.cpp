@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "tests/support/basics/text.h"
+#include "tests/support/input/real_input.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace test_support
@@ -107,6 +108,7 @@ DWORD FixturePrograms::start_only(const std::wstring& name)
 {
     const std::wstring path = path_of(name);
     DeleteFileW((without_ending(path) + L".startup").c_str());
+    let_started_programs_come_to_front();
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process{};

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
 
@@ -14,7 +15,7 @@ namespace
 {
 
 // Wine loads its own libraries whatever lies beside a program, unless a setting for programs of that name
-// says otherwise. On Windows this is a key that nobody reads.
+// says otherwise.
 constexpr wchar_t kSettings[] = L"Software\\Wine\\AppDefaults\\";
 constexpr wchar_t kOrder[] = L"native,builtin";
 
@@ -39,7 +40,8 @@ PlantedLibraries::PlantedLibraries(const std::wstring& program)
 
 PlantedLibraries::~PlantedLibraries()
 {
-    RegDeleteTreeW(HKEY_CURRENT_USER, setting_.c_str());
+    if (under_wine())
+        RegDeleteTreeW(HKEY_CURRENT_USER, setting_.c_str());
 }
 
 void PlantedLibraries::plant(const std::vector<std::wstring>& names)
@@ -47,6 +49,8 @@ void PlantedLibraries::plant(const std::vector<std::wstring>& names)
     const std::wstring key = setting_ + L"\\DllOverrides";
     for (const std::wstring& name : names) {
         copy(windows_path(PLANTED_LIBRARY_DLL), folder_.file(name));
+        if (!under_wine())
+            continue;
         const std::wstring module = name.substr(0, name.rfind(L'.'));
         if (RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), module.c_str(), REG_SZ, kOrder, sizeof kOrder) !=
             ERROR_SUCCESS)

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/basics/platform.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/processes/planted_libraries.h"
 
@@ -43,6 +44,7 @@ TEST(PlantedLibraries, AreLoadedByAProgramThatNamesThem)
 
 TEST(PlantedLibraries, RestoreTheSettings)
 {
+    ONLY_UNDER_WINE("Windows needs no setting to look beside a program");
     const auto has_setting = [] {
         return RegGetValueW(HKEY_CURRENT_USER,
                             L"Software\\Wine\\AppDefaults\\unguarded_program.exe\\DllOverrides", L"version",

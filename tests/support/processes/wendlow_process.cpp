@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "tests/support/basics/files.h"
+#include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/file_dialogs.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
@@ -37,6 +38,8 @@ DWORD_PTR ask(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
 
 HANDLE start(const std::wstring& path, DWORD& process_id)
 {
+    let_started_programs_come_to_front();
+    SetErrorMode(SetErrorMode(0) | SEM_NOGPFAULTERRORBOX); // inherited: no box of Windows' when it crashes
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process{};
@@ -348,6 +351,35 @@ void WendlowProcess::start_load_profile(const std::wstring& path) const
     choose_file(process_id_, path);
 }
 
+namespace
+{
+
+// Windows carries what a drop names from the program that posts it to the one that gets it.
+void post_drop(HWND window, const DROPFILES& header, const std::wstring& list)
+{
+    const std::size_t list_bytes = list.size() * sizeof(wchar_t);
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, sizeof(header) + list_bytes);
+    auto* const bytes = static_cast<std::byte*>(GlobalLock(block));
+    std::memcpy(bytes, &header, sizeof(header));
+    std::memcpy(bytes + sizeof(header), list.data(), list_bytes);
+    GlobalUnlock(block);
+    if (!PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(block), 0))
+        throw Failure("the files cannot be dropped, error " + std::to_string(GetLastError()));
+}
+
+// Wine does not carry it, so it is put into the program's own memory.
+void post_drop_under_wine(HWND window, const DROPFILES& header, const std::wstring& list)
+{
+    const std::size_t list_bytes = list.size() * sizeof(wchar_t);
+    RemoteMemory block(window, sizeof(header) + list_bytes);
+    block.write(0, &header, sizeof(header));
+    block.write(sizeof(header), list.data(), list_bytes);
+    block.leave_to_process();
+    PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(block.address()), 0);
+}
+
+} // namespace
+
 void drop_files_on(HWND window, const std::vector<std::wstring>& paths)
 {
     DROPFILES header{};
@@ -357,13 +389,10 @@ void drop_files_on(HWND window, const std::vector<std::wstring>& paths)
     for (const std::wstring& path : paths)
         list += path + L'\0';
     list += L'\0';
-
-    const std::size_t list_bytes = list.size() * sizeof(wchar_t);
-    RemoteMemory block(window, sizeof(header) + list_bytes);
-    block.write(0, &header, sizeof(header));
-    block.write(sizeof(header), list.data(), list_bytes);
-    block.leave_to_process();
-    PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(block.address()), 0);
+    if (under_wine())
+        post_drop_under_wine(window, header, list);
+    else
+        post_drop(window, header, list);
 }
 
 std::vector<std::wstring> WendlowProcess::combo_texts(HWND combo) const

@@ -26,7 +26,8 @@ bool is_another_build();
 // The path of another program in its folder; nothing says that it is there.
 std::wstring path_beside_wendlow(const std::wstring& name);
 
-// Drops files on a window as the shell does. The path list is left in the window's process.
+// Drops files on a window as the shell does. Under Wine the path list, one page, is left in the window's
+// process.
 void drop_files_on(HWND window, const std::vector<std::wstring>& paths);
 
 class WendlowProcess

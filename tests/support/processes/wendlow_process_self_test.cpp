@@ -149,7 +149,7 @@ void crash(const WendlowProcess& wendlow)
 {
     const HANDLE thread = CreateRemoteThread(
         wendlow.process(), nullptr, 0, reinterpret_cast<LPTHREAD_START_ROUTINE>(0x10), nullptr, 0, nullptr);
-    wendlow.wait_for_exit();
+    wendlow.wait_for_exit(kLongWait);
     CloseHandle(thread);
 }
 

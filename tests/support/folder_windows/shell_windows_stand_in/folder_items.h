@@ -4,6 +4,7 @@
 
 #include <exdisp.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 

@@ -3,6 +3,8 @@
 #include <shellapi.h>
 #include <winternl.h>
 
+#include <cstdint>
+
 namespace test_support::stand_in
 {
 

@@ -8,6 +8,7 @@
 #include "tests/support/input/remote_list_view.h"
 #include "tests/support/processes/wendlow_process.h"
 #include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
@@ -22,10 +23,7 @@ constexpr unsigned kAnswer_milliseconds = 120'000;
 
 LRESULT send(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
 {
-    DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wide, narrow, SMTO_NORMAL, kAnswer_milliseconds, &answer))
-        throw Failure("the program does not answer message " + std::to_string(message));
-    return static_cast<LRESULT>(answer);
+    return answer_of(window, message, wide, narrow, kAnswer_milliseconds);
 }
 
 // Asks every millisecond, and more cheaply than the helpers of the tests do.

@@ -15,8 +15,8 @@
 #include "sources/win32/wait_cursor.h"
 #include "sources/wnd_ScanListView/saving/profile_writing.h"
 #include "sources/wnd_ScanListView/scan_list_state.h"
+#include "tests/support/basics/com_apartment.h"
 #include "tests/support/basics/text.h"
-#include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/windows/quit_message.h"
 #include "tests/support/windows/windows_lookup.h"
 

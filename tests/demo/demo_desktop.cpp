@@ -5,7 +5,6 @@
 #include "tests/demo/demo_script.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
-#include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/windows/windows_lookup.h"
 
 #include <shellapi.h>

@@ -106,10 +106,10 @@ void save_profile(const WendlowProcess& wendlow)
     step("Create Profile is pressed, the name is typed");
     wendlow.press_create_profile();
     bring_to_front(wendlow.wait_for_name_window());
-    click(GetDlgItem(wendlow.name_window(), 3));
+    click(GetDlgItem(wendlow.name_window(), name_control::kName));
     type_text(L"Office");
     picture("06-name-of-profile");
-    click(GetDlgItem(wendlow.name_window(), 1));
+    click(GetDlgItem(wendlow.name_window(), name_control::kOk));
     wait_for_file_dialog(wendlow.process_id());
     step("The profile is saved as " + printable(kProfile));
     picture("07-save-dialog");
@@ -198,7 +198,7 @@ void modify_and_move(const WendlowProcess& wendlow, const Desktop& desktop)
     click(GetDlgItem(cell, cell_control::kOk));
     wait_until([&] { return !IsWindow(cell); }, kShortWait, "Modify Cell to close");
     expect(list.cell(row, 2) == L"880", "the list does not show the X that was typed");
-    click(GetDlgItem(wendlow.list_window(), 1));
+    click(GetDlgItem(wendlow.list_window(), list_control::kMove));
     Place moved = notepad.place;
     moved.x = 880;
     expect(becomes_placed(notepad.window, moved), "Notepad was not moved");

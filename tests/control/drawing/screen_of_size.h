@@ -75,4 +75,24 @@ private:
         }};
 };
 
+// While it lives, counts the controls that are given a font and told to draw themselves anew with it.
+class FontsGiven
+{
+public:
+    FontsGiven() = default;
+    FontsGiven(const FontsGiven&) = delete;
+    FontsGiven& operator=(const FontsGiven&) = delete;
+
+    int redrawn = 0;
+    int not_redrawn = 0;
+
+private:
+    test_support::ImportHook<"SendMessageW", decltype(SendMessageW)> send_{
+        "user32.dll", [this](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == WM_SETFONT)
+                ++(lParam == TRUE ? redrawn : not_redrawn);
+            return send_.call_original(window, message, wParam, lParam);
+        }};
+};
+
 } // namespace screen_tests

@@ -163,7 +163,7 @@ TEST(MainWindowCommands, ReportAFailedScan)
     const MainWindow main;
     const FailingImport<"EnumWindows", decltype(EnumWindows)> fails("user32.dll", kEveryCall, FALSE, 87);
     const BoxWatcher boxes;
-    main.press(1);
+    main.press(main_control::kScan);
     boxes.expect_boxes(
         {{L"error", compact_text({L"sources/funcs_layout_windows", L"onButton_Scan_Clicked", 1017, 1382},
                                  L"ERROR <- EnumWindows()")},
@@ -179,7 +179,7 @@ TEST(MainWindowCommands, ResetTheScanRecordBeforeAScan)
     scan_record.uiSize_TmpBuf_Path = 1;
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);
     const BoxWatcher boxes;
-    main.press(1);
+    main.press(main_control::kScan);
     boxes.expect_boxes(
         {{L"error", compact_text({L"sources/funcs_layout_windows", L"onButton_Scan_Clicked", 988, 1355},
                                  L"ERROR <- VirtualAlloc()")},
@@ -197,7 +197,7 @@ TEST(MainWindowCommands, ReportTheResultOfAFailedLoad)
     const TemporaryFolder folder;
     const AnsweredOpenDialog dialog(folder.path());
     const BoxWatcher boxes;
-    main.press(2);
+    main.press(main_control::kLoadProfile);
     boxes.expect_boxes(
         {{L"error",
           gap_text({kLayoutFile, L"onButton_LoadProfile_clicked", 5570, 7095},
@@ -215,7 +215,7 @@ TEST(MainWindowCommands, GoOnLoadingWhenTheStoreCannotBeSetUp)
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr,
                                                                       ERROR_NOT_ENOUGH_MEMORY);
     const BoxWatcher boxes;
-    main.press(2);
+    main.press(main_control::kLoadProfile);
     const std::vector<ExpectedBox> expected{
         {L"error", handler_first_text({kLayoutFile, L"preInitOnce_onLoadProfile", 4539, 4613},
                                       L"\nerror <- VirtualAlloc()")},
@@ -224,7 +224,7 @@ TEST(MainWindowCommands, GoOnLoadingWhenTheStoreCannotBeSetUp)
     EXPECT_EQ(boxes.boxes().at(1).owner, nullptr);
     EXPECT_EQ(cancelled.times_asked, 1);
     EXPECT_EQ(fails.calls(), 1);
-    main.press(2); // one attempt only
+    main.press(main_control::kLoadProfile); // one attempt only
     boxes.expect_boxes(expected);
     EXPECT_EQ(cancelled.times_asked, 2);
     EXPECT_EQ(fails.calls(), 1);

@@ -16,6 +16,7 @@
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/quit_message.h"
 #include "tests/support/windows/test_window.h"
 
@@ -97,9 +98,9 @@ TEST(MainWindowDestruction, ReleasesEverythingInOrder)
         // Sets the two areas of the store up; the dialog is cancelled.
         const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,
                                                                                 FALSE, 0);
-        main.press(2);
+        main.press(main_control::kLoadProfile);
     }
-    main.press(1);
+    main.press(main_control::kScan);
     const HWND list = hwnd_ScanListView;
     ASSERT_NE(list, nullptr);
     TakingDown seen;
@@ -145,10 +146,10 @@ TEST(MainWindowDestruction, ReleasesEachBlockOnce)
         // Sets the two areas of the store up; the dialog is cancelled.
         const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,
                                                                                 FALSE, 0);
-        main.press(2);
+        main.press(main_control::kLoadProfile);
         ASSERT_EQ(cancelled.calls(), 1);
     }
-    main.press(1);
+    main.press(main_control::kScan);
     const HWND list = hwnd_ScanListView;
     ASSERT_NE(list, nullptr);
     int released = 0;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "sources/main_prg/main_window.h"
+#include "tests/support/basics/com_apartment.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/quit_message.h"

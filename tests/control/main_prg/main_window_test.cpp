@@ -184,7 +184,7 @@ TEST(MainWindow, SetsUpTheStoreOnceEvenWhenThatFails)
     const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall, FALSE,
                                                                             0);
     boxes.forget();
-    main.press(2);
+    main.press(main_control::kLoadProfile);
     EXPECT_EQ(cancelled.calls(), 1);
     EXPECT_EQ(fails.calls(), 1);
     boxes.expect_no_boxes();

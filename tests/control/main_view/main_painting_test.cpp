@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/drawing/figures.h"
+#include "tests/control/main_view/created_geometry.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"
@@ -26,7 +27,7 @@ struct Picture {
     HDC dc = CreateCompatibleDC(nullptr);
     HBITMAP bitmap = nullptr;
     HFONT font = CreateFontW(15, 0, 0, 0, 700, 0, 0, 0, 0, 0, 0, 0, 16, L"");
-    STR_GeomLt record{};
+    STR_GeomLt record = main_view_tests::created_geometry();
     LoadedProfiles_STR store{};
 
     Picture()
@@ -36,12 +37,6 @@ struct Picture {
         ReleaseDC(nullptr, screen);
         SelectObject(dc, bitmap);
         PatBlt(dc, 0, 0, 600, 400, WHITENESS);
-        record.f_Scan_height = record.f_LoadProfile_height = 0.035F;
-        record.f_Scan_width = record.f_LoadProfile_width = 0.06F;
-        record.f_frame_height = 0.85F;
-        record.f_frame_width = 0.7F;
-        record.i_gap = 5;
-        record.i_font_size = 15;
         record.i_client_width = 600;
         record.i_client_height = 400;
         compute_main_layout(&record, 1366, 768);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "sources/main_prg/main_window.h"
+#include "tests/control/main_view/created_geometry.h"
 #include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"
@@ -27,19 +28,8 @@ struct Layout {
     HWND apply = child(L"Button");
     HWND profile = child(L"ComboBox");
     HWND action = child(L"ComboBox");
-    STR_GeomLt record{};
+    STR_GeomLt record = main_view_tests::created_geometry();
 
-    Layout()
-    {
-        record.f_initial_width = 0.4F;
-        record.f_initial_height = 0.45F;
-        record.f_Scan_height = record.f_LoadProfile_height = 0.035F;
-        record.f_Scan_width = record.f_LoadProfile_width = 0.06F;
-        record.f_frame_height = 0.85F;
-        record.f_frame_width = 0.7F;
-        record.i_gap = 5;
-        record.i_font_size = 15;
-    }
     HWND child(const wchar_t* class_name) const
     {
         return CreateWindowExW(0, class_name, L"", WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, 0, 0, 10, 10,

@@ -11,6 +11,7 @@
 
 #include "sources/funcs_layout_windows/profiles/combo_boxes.h"
 #include "sources/funcs_layout_windows/profiles/loaded_profiles.h"
+#include "tests/support/basics/com_apartment.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

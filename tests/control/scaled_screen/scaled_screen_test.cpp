@@ -9,6 +9,7 @@
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/processes/fixture_programs.h"
+#include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/thread_scale.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -93,7 +94,7 @@ TEST_F(ScaledScreen, ListsRealPixelsAndSavesThem)
     const std::wstring path = folder.file(L"saved.txt");
     AnsweredSaveDialog dialog(path);
     fixture.list().set_ticked(0, true);
-    fixture.press(2);
+    fixture.press(list_control::kCreateProfile);
     enter_name(name_window(), L"Scaled");
     EXPECT_EQ(hex(read_file(path)),
               hex(ProfileEncoder()
@@ -113,7 +114,7 @@ TEST_F(ScaledScreen, MovesToRealPixels)
         const RealScale real;
         MoveWindow(window, 10, 20, 700, 300, TRUE);
     }
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     EXPECT_EQ(real_place_once_it_is(window, "151,182 481x361"), "151,182 481x361");
 }
 

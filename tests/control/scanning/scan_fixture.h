@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
+#include "tests/support/basics/com_apartment.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/imports/import_patch.h"

@@ -15,6 +15,7 @@
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/test_window.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -216,9 +217,9 @@ TEST_F(AccessibleNamesOfModifyCell, AreTheTextsOfItsFourLabels)
     // The boxes work as they do without.
     enter(0, L"77");
     key(0, VK_TAB);
-    EXPECT_EQ(GetFocus(), control(1));
+    EXPECT_EQ(GetFocus(), control(cell_control::kY));
     reader.names.told.clear();
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(cells(0)[0], L"77");
     EXPECT_EQ(reader.names.told, (Told{"clear Edit 0", "clear Edit 1", "clear Edit 2", "clear Edit 3"}));
     EXPECT_EQ(reader.names.references, 0u);

@@ -11,6 +11,7 @@
 #include "sources/win32/foreign_window.h"
 #include "tests/control/wnd_ScanListView/list_fixture.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/thread_scale.h"
 
 // In which scale the commands measure and place, and in which the program's own windows are made. The thread
@@ -143,7 +144,7 @@ TEST_F(RealPixelsTest, AreUsedByMoveAndLeftBeforeItsBox)
             placed.push_back(scale_of_thread());
             return placed.size() == 2; // the first is refused
         });
-    two.fixture.press(1);
+    two.fixture.press(list_control::kMove);
     EXPECT_EQ(placed, times(2, DPI_AWARENESS_PER_MONITOR_AWARE));
     EXPECT_EQ(boxes.seen, times(1, DPI_AWARENESS_UNAWARE));
 }
@@ -230,7 +231,7 @@ TEST_F(RealPixelsTest, PlaceAWindowTwiceOnAMoveToAMonitorOfAnotherScale)
                              std::to_string(height));
             return TRUE;
         });
-    two.fixture.press(1);
+    two.fixture.press(list_control::kMove);
     EXPECT_EQ(placed, (std::vector<std::string>{"40,50 300x200", "40,50 300x200"}));
 }
 

@@ -24,7 +24,7 @@ TEST_F(ModifyCell, ReportsAClickThatHitNoRow)
     open(-1);
     EXPECT_EQ(texts(), (Texts{L"", L"", L"", L""}));
     const BoxWatcher boxes;
-    press(4);
+    press(cell_control::kOk);
     boxes.expect_boxes(
         {{L"error", compact_text({L"sources/wnd_ModifyCell", L"on_Button_OK", 668, 845},
                                  L"incorrect input parameters:\nrow = -1, counter_valid = 2")}});
@@ -55,7 +55,7 @@ TEST_F(ModifyCell, WritesNothingForARowThatTheScanDoesNotHave)
             enter(id, L"77");
         EXPECT_EQ(
             on_Button_OK(dialog, fixture.list().window(), static_cast<std::uint32_t>(row), &scan_record), -3);
-        press(4);
+        press(cell_control::kOk);
         EXPECT_TRUE(IsWindow(dialog));
         SendMessageW(control(cell_control::kOk), WM_KEYDOWN, VK_RETURN, 0);
         EXPECT_FALSE(IsWindow(dialog));
@@ -136,7 +136,7 @@ TEST_F(ModifyCell, TreatsAnEditThatCouldNotBeCreatedAsEmpty)
             if (id != missing)
                 enter(id, std::to_wstring(71 + id));
         }
-        press(4);
+        press(cell_control::kOk);
         EXPECT_EQ(boxes.count(), 2u); // and none for the edit that is not there
         EXPECT_FALSE(IsWindow(dialog));
         const char* const stored[] = {"0,72 73x74", "71,0 73x74", "71,72 0x74", "71,72 73x0"};
@@ -168,7 +168,7 @@ TEST_F(ModifyCell, AppliesNothingWhenASecondOneTookItsEditsAndClosed)
                          L", hEdit_Height = " + pointer(edits[3]));
     const BoxWatcher boxes;
     EXPECT_EQ(on_Button_OK(dialog, fixture.list().window(), 1, &scan_record), -5);
-    press(4);
+    press(cell_control::kOk);
     boxes.expect_boxes({{L"error", text_shown}, {L"error", text_shown}});
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
@@ -195,7 +195,7 @@ TEST_F(ModifyCell, StaysOpenAfterAClickWhenTheScanIsGoneAndClosesAfterEnter)
                 L", pcDynMem_GeomText = " + pointer(scan_record.pcDynMem_GeomText));
         const BoxWatcher boxes;
         EXPECT_EQ(on_Button_OK(dialog, fixture.list().window(), 0, &scan_record), -2);
-        press(4);
+        press(cell_control::kOk);
         EXPECT_TRUE(IsWindow(dialog));
         key(4, VK_RETURN);
         EXPECT_FALSE(IsWindow(dialog));

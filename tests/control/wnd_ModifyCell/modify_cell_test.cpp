@@ -78,7 +78,7 @@ TEST_F(ModifyCell, AppliesAChangeToRowAndGeometryAndCloses)
 {
     open(0);
     enter(0, L"250");
-    press(4);
+    press(cell_control::kOk);
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(cells(0), (Texts{L"250", L"50", L"300", L"200"}));
     EXPECT_EQ(entry(0), "250,50 300x200");
@@ -89,9 +89,9 @@ TEST_F(ModifyCell, MakesMoveUseTheChange)
 {
     open(0);
     enter(0, L"250");
-    press(4);
+    press(cell_control::kOk);
     fixture.list().set_ticked(0, true);
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     pump_messages();
     EXPECT_EQ(rectangle_of(first).left, 250);
 }
@@ -100,7 +100,7 @@ TEST_F(ModifyCell, TakesAPastedNegativeNumber)
 {
     open(0);
     enter(0, L"-8");
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(cells(0)[0], L"-8");
     EXPECT_EQ(entry(0), "-8,50 300x200");
 }
@@ -120,7 +120,7 @@ TEST_F(ModifyCell, TakesANegativeNumberFromTheClipboard)
     }
     paste_over(control(cell_control::kX));
     EXPECT_EQ(text(0), taken);
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(cells(0), (Texts{taken, L"50", L"300", L"200"}));
     EXPECT_EQ(entry(0), wcscmp(taken, L"-8") == 0 ? "-8,50 300x200" : "10,50 300x200");
 }
@@ -129,7 +129,7 @@ TEST_F(ModifyCell, KeepsTheRowsTextWhenAnEditIsEmptyButStoresZero)
 {
     open(0);
     enter(2, L"");
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(cells(0), (Texts{L"10", L"50", L"300", L"200"}));
     EXPECT_EQ(entry(0), "10,50 0x200");
 }
@@ -139,7 +139,7 @@ TEST_F(ModifyCell, ChecksOnlyTheLastCharacterOfAnEdit)
     open(0);
     enter(0, L"12a3");
     enter(1, L"123a");
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(cells(0), (Texts{L"12a3", L"50", L"300", L"200"}));
     EXPECT_EQ(entry(0), "12,123 300x200");
 }
@@ -163,7 +163,7 @@ TEST_F(ModifyCell, AsksTheSystemForTheKindOfTheLastCharacter)
                                                                             asked_alphabetic += unit;
                                                                             return unit == L'4';
                                                                         });
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(cells(0), (Texts{L"12x", L"50", L"300", L"345"}));
     EXPECT_EQ(entry(0), "12,123 124x345");
     EXPECT_EQ(asked_alphanumeric, L"x345");
@@ -175,7 +175,7 @@ TEST_F(ModifyCell, ReadsAtMostFortyNineUnits)
     open(0);
     // The fiftieth unit would make the text invalid.
     enter(0, std::wstring(48, L' ') + L"7" + L"a");
-    press(4);
+    press(cell_control::kOk);
     EXPECT_EQ(entry(0), "7,50 300x200");
     EXPECT_EQ(cells(0)[0], std::wstring(48, L' ') + L"7");
 }
@@ -184,7 +184,7 @@ TEST_F(ModifyCell, ClosesWithoutAChangeOnCancelAndTheCloseBox)
 {
     open(0);
     enter(0, L"99");
-    press(5);
+    press(cell_control::kCancel);
     EXPECT_FALSE(IsWindow(dialog));
     open(0);
     enter(0, L"99");

@@ -89,8 +89,8 @@ TEST_F(ModifyCell, HasItsControlsAtTheirPlaces)
     };
     for (int id = 0; id < 4; ++id)
         EXPECT_EQ(place_of(id), at.edit(id)) << id;
-    EXPECT_EQ(place_of(4), at.button(0));
-    EXPECT_EQ(place_of(5), at.button(1));
+    EXPECT_EQ(place_of(cell_control::kOk), at.button(0));
+    EXPECT_EQ(place_of(cell_control::kCancel), at.button(1));
 }
 
 TEST_F(ModifyCell, RegistersItsClassOnce)
@@ -158,15 +158,10 @@ TEST_F(ModifyCell, FitsItsControlsFontToTheTextCancel)
         SCOPED_TRACE(size.cx);
         const screen_tests::ScreenOfSize screen(size.cx, size.cy);
         const screen_tests::ContextsOf contexts(L"Modify Cell Window");
-        int redraws = 0;
-        const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
-            "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-                if (message == WM_SETFONT)
-                    redraws += lParam == TRUE ? 1 : 100;
-                return send.call_original(window, message, wParam, lParam);
-            });
+        const screen_tests::FontsGiven fonts;
         open(0);
-        EXPECT_EQ(redraws, 6);
+        EXPECT_EQ(fonts.redrawn, 6);
+        EXPECT_EQ(fonts.not_redrawn, 0);
         EXPECT_EQ(contexts.got, 1);
         EXPECT_EQ(contexts.released, 1);
         const Places at(size.cx, size.cy);

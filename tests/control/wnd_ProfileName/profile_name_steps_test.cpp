@@ -7,6 +7,7 @@
 #include "tests/control/wnd_ProfileName/profile_name_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/windows/control_ids.h"
 
 // What the profile name window asks of the system, call by call.
 
@@ -68,7 +69,7 @@ TEST(ProfileName, AsksItsEditBoxForAtMost1023Units)
                 asked.push_back(units);
                 return text.call_original(control, buffer, units);
             });
-        window.press(1);
+        window.press(name_control::kOk);
     }
     EXPECT_EQ(asked, std::vector<int>{1023});
     ASSERT_EQ(owner.told.size(), 1u);

@@ -97,7 +97,7 @@ TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)
     const Owner owner;
     const NameWindow window(owner.window());
     BoxWatcher boxes;
-    window.press(1);
+    window.press(name_control::kOk);
     boxes.expect_boxes({{L"warning", L"Please enter Name of Profile, e.g. \"work docs 01\""}});
     EXPECT_EQ(boxes.boxes().front().owner, static_cast<HWND>(window));
     boxes.forget();
@@ -115,7 +115,7 @@ TEST(ProfileName, SendsTheNameToTheOwnerWithoutItsTerminator)
     for (const std::wstring& name :
          {std::wstring(L"A"), std::wstring(L"work docs 01"), std::wstring(L"\x0416\x00E9")}) {
         SetWindowTextW(window.edit(), name.c_str());
-        window.press(1);
+        window.press(name_control::kOk);
         ASSERT_FALSE(owner.told.empty());
         EXPECT_EQ(owner.told.back().from, static_cast<HWND>(window));
         EXPECT_EQ(owner.told.back().data, 0u);
@@ -131,7 +131,7 @@ TEST(ProfileName, SendsAtMost256Units)
     const NameWindow window(owner.window());
     for (const std::size_t length : {255u, 256u, 257u, 1023u, 3000u}) {
         SetWindowTextW(window.edit(), std::wstring(length, L'n').c_str());
-        window.press(1);
+        window.press(name_control::kOk);
         ASSERT_FALSE(owner.told.empty());
         EXPECT_EQ(owner.told.back().name, std::wstring(length < 256 ? length : 256, L'n'));
     }
@@ -162,7 +162,7 @@ TEST(ProfileName, SendsNoNameOnCancelAndOnItsCloseBox)
         const NameWindow window(owner.window());
         SetWindowTextW(window.edit(), L"name");
         if (cancel)
-            window.press(2);
+            window.press(name_control::kCancel);
         else
             SendMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
         EXPECT_FALSE(IsWindow(window));
@@ -232,7 +232,7 @@ TEST(ProfileName, ReportsTwiceWhenOkHasNoEditBoxToRead)
     const NameWindow window(owner.window());
     fails.reset();
     boxes.forget();
-    window.press(1);
+    window.press(name_control::kOk);
     boxes.expect_boxes(
         {name_box(L"on_Button_OK", 421, 502,
                   L"incorrect input parameters:\nhwnd_this_wnd = " + pointer(window) +

@@ -49,19 +49,14 @@ TEST(ListOfWindows, FitsItsButtonsFontToTheTextCreateProfile)
         const HWND of_real_screen = hwnd_ScanListView;
         const screen_tests::ScreenOfSize screen(size.cx, size.cy);
         const screen_tests::ContextsOf contexts(L"List of Windows");
-        int redraws = 0;
-        const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
-            "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-                if (message == WM_SETFONT)
-                    redraws += lParam == TRUE ? 1 : 100;
-                return send.call_original(window, message, wParam, lParam);
-            });
+        const screen_tests::FontsGiven fonts;
         // The window itself has the size of a small screen.
         hwnd_ScanListView =
             CreateWindowExW(0, L"List of Windows", L"List of windows", WS_OVERLAPPEDWINDOW, 0, 0, 400, 300,
                             nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
         DestroyWindow(of_real_screen);
-        EXPECT_EQ(redraws, 2);
+        EXPECT_EQ(fonts.redrawn, 2);
+        EXPECT_EQ(fonts.not_redrawn, 0);
         EXPECT_EQ(contexts.got, 1);
         EXPECT_EQ(contexts.released, 1);
         const int button_height = static_cast<int>(0.03F * static_cast<float>(size.cy));

@@ -15,6 +15,7 @@
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/processes/fixture_programs.h"
+#include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/test_window.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -99,7 +100,7 @@ TEST(MoveCommand, PlacesTickedWindowsOnlyAsTheirCellsSay)
     MoveWindow(two, 300, 310, 200, 210, TRUE);
     fixture.list().set_ticked(1, true);
     const BoxWatcher boxes;
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     boxes.expect_no_boxes();
     EXPECT_EQ(place_of(one), "300,310 200x210");
     EXPECT_EQ(place_of(two), "130,140 320x240");
@@ -110,13 +111,13 @@ TEST(MoveCommand, TakesNumbersAsTheyAreWritten)
     OneRow row;
     row.fixture.list().set_ticked(0, true);
     row.give(L"-15", L" +20x", L"350", L"0260");
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     EXPECT_EQ(place_of(row.window), "-15,20 350x260");
     row.give(L"25", L"-30", L"350", L"260");
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     EXPECT_EQ(place_of(row.window), "25,-30 350x260");
     row.give(L"abc", L"", L"300", L"200"); // what is no number is 0
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     EXPECT_EQ(place_of(row.window), "0,0 300x200");
 }
 
@@ -127,7 +128,7 @@ TEST(MoveCommand, ReadsNineteenCharactersOfACell)
     // The twentieth of the first is not read; the second has nineteen.
     row.give(std::wstring(17, L'0') + L"123", std::wstring(16, L'0') + L"234",
              std::wstring(16, L' ') + L"345", std::wstring(16, L' ') + L"2567");
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     EXPECT_EQ(place_of(row.window), "12,234 345x256");
 }
 
@@ -147,7 +148,7 @@ TEST(MoveCommand, AsksForAnAsynchronousMoveToTheTop)
             EXPECT_EQ((std::vector<int>{x, y, width, height}), (std::vector<int>{100, 120, 320, 240}));
             return TRUE;
         });
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     EXPECT_EQ(calls, 1);
     EXPECT_EQ(restore.calls(), 0); // it is not minimised
 }
@@ -159,7 +160,7 @@ TEST(MoveCommand, TreatsARowWithoutCheckBoxAsNotTicked)
     item.stateMask = LVIS_STATEIMAGEMASK;
     SendMessageW(row.fixture.list().window(), LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&item));
     const BoxWatcher boxes;
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     boxes.expect_boxes({{L"info", kNothingTicked}});
 }
 
@@ -184,7 +185,7 @@ TEST(MoveCommand, LeavesAMinimisedWindowWithoutSizeAlone)
     ASSERT_EQ(fixture.list().cell(0, 4), L"0");
     fixture.list().set_ticked(0, true);
     const BoxWatcher boxes;
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     boxes.expect_no_boxes();
     pump_messages();
     EXPECT_TRUE(IsIconic(window));
@@ -196,9 +197,9 @@ TEST(MoveCommand, SkipsARowWithoutWidthOrHeight)
     row.fixture.list().set_ticked(0, true);
     const BoxWatcher boxes;
     row.give(L"1", L"2", L"0", L"200");
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     row.give(L"1", L"2", L"300", L"0");
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     boxes.expect_no_boxes();
     EXPECT_EQ(place_of(row.window), "100,120 320x240");
 }
@@ -222,7 +223,7 @@ TEST(MoveCommand, RestoresAMinimisedWindowThatWasGivenASize)
             commands.push_back(command);
             return restore.call_original(target, command);
         });
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     EXPECT_EQ(commands, std::vector<int>{9}); // restore
     becomes_true_pumping([&] { return !IsIconic(window) && place_of(window) == "30,40 310x220"; });
     EXPECT_FALSE(IsIconic(window));
@@ -235,7 +236,7 @@ TEST(MoveCommand, ReportsAWindowThatIsGoneAndMovesTheRest)
     const ScanFixture& fixture = two.fixture;
     const TestWindow& rest = two.rest;
     const BoxWatcher boxes;
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     boxes.expect_boxes({{L"error",
                          L"impossible to move one of windows:\nx = 10\ny = 20\nwidth = 300\nheight = 220\n"
                          L"Probably, it was closed. Try to SCAN again.",
@@ -256,7 +257,7 @@ TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
     fixture.scan();
     fixture.list().set_ticked(1, true);
     const BoxWatcher boxes;
-    fixture.press(1);
+    fixture.press(list_control::kMove);
     boxes.expect_no_boxes(); // no size yet
     wchar_t size[] = L"50";
     for (const int column : {4, 5}) {
@@ -318,7 +319,7 @@ TEST(MoveCommand, IsReportedByTheListAgainWhenItFails)
     OneRow row;
     release_scan_blocks(&scan_record);
     const BoxWatcher boxes;
-    row.fixture.press(1);
+    row.fixture.press(list_control::kMove);
     boxes.expect_boxes(
         {refusal_box(),
          {L"error", compact_text({L"sources/wnd_ScanListView", L"WndProc_ScanListView", 287, 497},

@@ -4,27 +4,14 @@
 
 #include "tests/support/basics/text.h"
 #include "tests/support/profiles/profile_encoder.h"
+#include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace hostile
 {
 
 using namespace test_support;
-
-namespace
-{
-
-std::wstring text_of(HWND control)
-{
-    std::wstring text(1024, L'\0');
-    DWORD_PTR units = 0;
-    SendMessageTimeoutW(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL,
-                        kShortWait, &units);
-    text.resize(units);
-    return text;
-}
-
-} // namespace
 
 AllWindowsOpen::AllWindowsOpen()
     : neighbours_({{.title = L"Edited", .place = {600, 500, 901, 702}}}), boxes_(wendlow_.watch_boxes())
@@ -74,26 +61,17 @@ std::string AllWindowsOpen::state() const
     }
     for (const int edit : {0, 1, 2, 3})
         seen.push_back(text_of(GetDlgItem(wendlow_.modify_cell_window(), edit)));
-    seen.push_back(text_of(GetDlgItem(wendlow_.name_window(), 3)));
+    seen.push_back(text_of(GetDlgItem(wendlow_.name_window(), name_control::kName)));
     std::string lines;
     for (const std::wstring& line : seen)
         lines += printable(line) + "\n";
     return lines;
 }
 
-LRESULT AllWindowsOpen::send(HWND window, UINT message, WPARAM wide, LPARAM narrow)
-{
-    DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wide, narrow, SMTO_NORMAL, 2 * kShortWait, &answer))
-        throw Failure("no answer to message " + std::to_string(message) + ", " + std::to_string(wide) + ", " +
-                      std::to_string(narrow));
-    return static_cast<LRESULT>(answer);
-}
-
 LRESULT AllWindowsOpen::send_data(HWND window, HWND sender, ULONG_PTR kind, void* bytes, DWORD size)
 {
     COPYDATASTRUCT data{.dwData = kind, .cbData = size, .lpData = size != 0 ? bytes : nullptr};
-    return send(window, WM_COPYDATA, reinterpret_cast<WPARAM>(sender), reinterpret_cast<LPARAM>(&data));
+    return answer_of(window, WM_COPYDATA, reinterpret_cast<WPARAM>(sender), reinterpret_cast<LPARAM>(&data));
 }
 
 void AllWindowsOpen::expect_all_as_before()

@@ -39,10 +39,7 @@ protected:
     // Everything that the program shows.
     std::string state() const;
 
-    // The answer of the program to the message; throws a Failure when none comes.
-    LRESULT send(HWND window, UINT message, WPARAM wide, LPARAM narrow);
-
-    // The same for WM_COPYDATA with `size` bytes at `bytes`, as if it came from `sender`.
+    // The answer to a WM_COPYDATA with `size` bytes at `bytes`, as if it came from `sender`.
     LRESULT send_data(HWND window, HWND sender, ULONG_PTR kind, void* bytes, DWORD size);
 
     // Waits until the program is idle; then it shows what it showed at first.

@@ -12,6 +12,7 @@
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/processes/wendlow_process.h"
 #include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace on_the_list
@@ -52,13 +53,7 @@ protected:
         wait_until([&] { return text_of(id) == text; }, kShortWait,
                    "the edit box to take " + printable(text));
     }
-    std::wstring text_of(int id) const
-    {
-        std::wstring text(100, L'\0');
-        text.resize(static_cast<std::size_t>(
-            SendMessageW(control(id), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-        return text;
-    }
+    std::wstring text_of(int id) const { return test_support::text_of(control(id)); }
     void press_ok()
     {
         click(control(kOk));
@@ -100,7 +95,7 @@ protected:
     void tick_and_move()
     {
         wendlow_.list_view().click_check_box(row_);
-        click(GetDlgItem(wendlow_.list_window(), 1));
+        click(GetDlgItem(wendlow_.list_window(), list_control::kMove));
         wendlow_.wait_until_idle();
     }
 

@@ -4,6 +4,7 @@
 
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/folder_windows/real_folder_window.h"
 #include "tests/support/input/real_input.h"
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/processes/wendlow_process.h"

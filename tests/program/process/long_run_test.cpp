@@ -7,6 +7,7 @@
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/processes/counters.h"
 #include "tests/support/processes/fixture_programs.h"
+#include "tests/support/processes/started_process.h"
 #include "tests/support/processes/wendlow_process.h"
 #include "tests/support/profiles/profile_encoder.h"
 #include "tests/support/windows/control_ids.h"
@@ -32,15 +33,7 @@ std::size_t handles_kept_by_a_start(const FixturePrograms& fixtures, const std::
     std::size_t before = 0;
     for (int round = 0; round < 2; ++round) { // the first may load something that stays
         before = holdings_of(GetCurrentProcess()).handles;
-        STARTUPINFOW startup{};
-        startup.cb = sizeof startup;
-        PROCESS_INFORMATION process{};
-        if (!CreateProcessW(fixtures.path_of(name).c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
-                            nullptr, &startup, &process))
-            throw Failure("the program cannot be started");
-        WaitForInputIdle(process.hProcess, kShortWait);
-        CloseHandle(process.hThread);
-        CloseHandle(process.hProcess);
+        WaitForInputIdle(StartedProcess(fixtures.path_of(name)).handle(), kShortWait);
         fixtures.stop(name);
     }
     return holdings_of(GetCurrentProcess()).handles - before;

@@ -9,6 +9,7 @@
 #include "tests/support/basics/platform.h"
 #include "tests/support/boxes/file_dialogs.h"
 #include "tests/support/processes/planted_libraries.h"
+#include "tests/support/processes/started_process.h"
 #include "tests/support/processes/wendlow_process.h"
 #include "tests/support/windows/remote_memory.h"
 #include "tests/support/windows/windows_lookup.h"
@@ -100,18 +101,12 @@ TEST(PlantedLibraries, BesideTheToolWithoutAConsoleAreNotLoaded)
         GTEST_SKIP() << "the tools were not built";
     PlantedLibraries planted(path_beside_wendlow(L"wendlow-open.exe"));
     plant_usual_names(planted);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION tool{};
-    ASSERT_TRUE(CreateProcessW(planted.program().c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr,
-                               nullptr, &startup, &tool));
+    const StartedProcess tool(planted.program());
     // Without a file named it says so in a box, and stays while that is open.
     HWND box = nullptr;
-    EXPECT_TRUE(becomes_true([&] { return (box = find_window(tool.dwProcessId, L"#32770")) != nullptr; }));
+    EXPECT_TRUE(becomes_true([&] { return (box = find_window(tool.id(), L"#32770")) != nullptr; }));
     if (box != nullptr)
-        load_usual_names_inside(tool.hProcess, box);
+        load_usual_names_inside(tool.handle(), box);
     EXPECT_EQ(planted.loaded(), Names{});
-    terminate_process(tool.dwProcessId);
-    CloseHandle(tool.hThread);
-    CloseHandle(tool.hProcess);
+    terminate_process(tool.id());
 }

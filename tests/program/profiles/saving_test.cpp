@@ -10,11 +10,13 @@
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/file_dialogs.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/folder_windows/real_folder_window.h"
 #include "tests/support/input/real_input.h"
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/processes/wendlow_process.h"
 #include "tests/support/profiles/profile_encoder.h"
 #include "tests/support/windows/control_ids.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
@@ -65,13 +67,7 @@ protected:
 
     std::wstring file() const { return folder_.file(L"profile.txt"); }
     HWND name_edit() const { return GetDlgItem(wendlow_.wait_for_name_window(), name_control::kName); }
-    std::wstring shown_name() const
-    {
-        std::wstring text(2000, L'\0');
-        text.resize(static_cast<std::size_t>(
-            SendMessageW(name_edit(), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-        return text;
-    }
+    std::wstring shown_name() const { return text_of(name_edit()); }
 
     FixturePrograms fixtures_;
     TemporaryFolder folder_;

@@ -8,6 +8,7 @@
 #include "tests/support/basics/exclusive_lock.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/file_dialogs.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace test_support
@@ -49,16 +50,6 @@ bool is_message_box(HWND window)
         return name == L"Static" || name == L"Button";
     });
     return plain && text_control_of(children);
-}
-
-std::wstring text_of(HWND window)
-{
-    std::vector<wchar_t> buffer(8192);
-    DWORD_PTR units = 0;
-    if (!SendMessageTimeoutW(window, WM_GETTEXT, buffer.size(), reinterpret_cast<LPARAM>(buffer.data()),
-                             SMTO_NORMAL, 2'000, &units))
-        return {};
-    return {buffer.data(), std::min<std::size_t>(units, buffer.size())};
 }
 
 bool shows_icon(HWND control)

@@ -6,6 +6,7 @@
 
 #include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace test_support
@@ -44,15 +45,6 @@ HWND name_edit_of(HWND dialog)
         },
         reinterpret_cast<LPARAM>(&found));
     return found;
-}
-
-std::wstring text_of(HWND control)
-{
-    wchar_t text[2048] = {};
-    DWORD_PTR units = 0;
-    SendMessageTimeoutW(control, WM_GETTEXT, 2048, reinterpret_cast<LPARAM>(text), SMTO_NORMAL,
-                        kAnswerMilliseconds, &units);
-    return text;
 }
 
 void press(HWND dialog, int id)

@@ -1,16 +1,10 @@
 #include "tests/support/folder_windows/folder_windows_script.h"
 
-#include <shellapi.h>
-
-#include <algorithm>
-
 #include "tests/support/basics/files.h"
-#include "tests/support/basics/platform.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/folder_windows/shell_windows_stand_in/class_object.h"
 #include "tests/support/folder_windows/shell_windows_stand_in/script.h"
-#include "tests/support/windows/windows_lookup.h"
 
 namespace test_support
 {
@@ -50,19 +44,6 @@ void copy_path(wchar_t (&to)[stand_in::kMaxPath], const std::wstring& path)
     if (path.size() >= stand_in::kMaxPath)
         throw Failure("the path is too long for the script: " + printable(path));
     path.copy(to, path.size());
-}
-
-bool is_folder_window(HWND window)
-{
-    const std::wstring name = class_of(window);
-    return IsWindowVisible(window) && (name == L"ExplorerWClass" || name == L"CabinetWClass");
-}
-
-std::vector<HWND> folder_windows()
-{
-    std::vector<HWND> windows = top_level_windows();
-    std::erase_if(windows, [](HWND window) { return !is_folder_window(window); });
-    return windows;
 }
 
 // The stand-in's hook on the messages of a window's thread, for as long as it is needed. The stand-in itself
@@ -189,63 +170,6 @@ void lend_stand_in(HWND window)
     if (result != stand_in::kLent)
         throw Failure("the program did not take the stand-in for the folder windows, result " +
                       std::to_string(result));
-}
-
-ComApartment::ComApartment()
-{
-    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
-        throw Failure("no COM apartment");
-}
-
-ComApartment::~ComApartment()
-{
-    CoUninitialize();
-}
-
-bool has_com_apartment()
-{
-    APTTYPE type{};
-    APTTYPEQUALIFIER qualifier{};
-    return SUCCEEDED(CoGetApartmentType(&type, &qualifier)) && qualifier != APTTYPEQUALIFIER_IMPLICIT_MTA;
-}
-
-bool com_outlives_its_owner()
-{
-    CoUninitialize();
-    const bool outlives = has_com_apartment();
-    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
-        throw Failure("no COM apartment");
-    return outlives;
-}
-
-RealFolderWindow::RealFolderWindow(const std::wstring& folder)
-{
-    const std::vector<HWND> before = folder_windows();
-    SHELLEXECUTEINFOW request{};
-    request.cbSize = sizeof(request);
-    request.fMask = SEE_MASK_FLAG_NO_UI;
-    request.lpVerb = L"open";
-    request.lpFile = folder.c_str();
-    request.nShow = SW_SHOWNORMAL;
-    if (!ShellExecuteExW(&request))
-        throw Failure("the shell does not open the folder " + printable(folder));
-    wait_until(
-        [&] {
-            for (const HWND window : folder_windows())
-                if (std::find(before.begin(), before.end(), window) == before.end())
-                    window_ = window;
-            return window_ != nullptr;
-        },
-        kLongWait, "a window of the folder " + printable(folder));
-}
-
-RealFolderWindow::~RealFolderWindow()
-{
-    const DWORD process_id = process_of(window_);
-    PostMessageW(window_, WM_CLOSE, 0, 0);
-    // On Windows the process is the whole desktop's.
-    if (!becomes_true([&] { return !IsWindow(window_); }) && under_wine())
-        terminate_process(process_id);
 }
 
 } // namespace test_support

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "tests/support/folder_windows/shell_windows_stand_in/missing.h"
+
 // Drives the stand-in for the shell's list of folder windows, in whichever process it is at work.
 // While a FolderWindowsScript lives, the list holds exactly the windows it names; without one, the
 // list holds the folder windows that are really on the screen. Where a shell runs its own list is handed
@@ -12,23 +14,6 @@
 
 namespace test_support
 {
-
-// Which step of the way from the list to a window's folder gives nothing.
-enum class Missing {
-    kNothing,
-    kItem,            // Item fails
-    kItemNull,        // Item succeeds with a null pointer: the window has just been closed
-    kWebBrowserApp,   // no IWebBrowserApp
-    kWindowHandle,    // get_HWND fails
-    kServiceProvider, // no IServiceProvider
-    kShellBrowser,    // QueryService fails
-    kShellView,       // QueryActiveShellView fails
-    kFolderView,      // no IFolderView
-    kPersistFolder,   // GetFolder fails
-    kItemIdList,      // GetCurFolder fails
-    kItemIdListNull,  // GetCurFolder succeeds with a null list
-    kFileSystemPath,  // a virtual folder: the list names no path
-};
 
 struct FolderWindow {
     HWND window = nullptr; // null is given out as the handle 0
@@ -104,38 +89,5 @@ private:
 // as a single-threaded apartment and has to handle messages. Throws a Failure when the program does not take
 // it.
 void lend_stand_in(HWND window);
-
-// COM as a single-threaded apartment for the calling thread.
-class ComApartment
-{
-public:
-    ComApartment();
-    ~ComApartment();
-    ComApartment(const ComApartment&) = delete;
-    ComApartment& operator=(const ComApartment&) = delete;
-};
-
-// Whether COM was initialised for the calling thread.
-bool has_com_apartment();
-
-// Uninitialises COM for the calling thread, as the main window does when it is closed, and tells whether it
-// is still there for whoever holds it. Initialises it again.
-bool com_outlives_its_owner();
-
-// A real folder window, opened by the shell as the program under test opens it, closed at the end. Not every
-// one is a process of its own: on Windows it belongs to the desktop's, which is never ended.
-class RealFolderWindow
-{
-public:
-    explicit RealFolderWindow(const std::wstring& folder);
-    ~RealFolderWindow();
-    RealFolderWindow(const RealFolderWindow&) = delete;
-    RealFolderWindow& operator=(const RealFolderWindow&) = delete;
-
-    HWND window() const { return window_; }
-
-private:
-    HWND window_ = nullptr;
-};
 
 } // namespace test_support

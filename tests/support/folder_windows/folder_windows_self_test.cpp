@@ -8,10 +8,12 @@
 
 #include <algorithm>
 
+#include "tests/support/basics/com_apartment.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/basics/platform.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/folder_windows/real_folder_window.h"
 #include "tests/support/windows/test_window.h"
 #include "tests/support/windows/windows_lookup.h"
 

@@ -2,9 +2,9 @@
 
 #include <commctrl.h>
 
-#include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/input/real_input.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/remote_memory.h"
 
 namespace test_support
@@ -17,17 +17,9 @@ constexpr int kTextUnits = 1024;
 constexpr UINT kUnticked = 1; // state images of the check boxes
 constexpr UINT kTicked = 2;
 
-DWORD_PTR ask(HWND window, UINT message, WPARAM wide, LPARAM narrow)
-{
-    DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wide, narrow, SMTO_NORMAL, 10'000, &answer))
-        throw Failure("the list view does not answer message " + std::to_string(message));
-    return answer;
-}
-
 int ask_number(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
 {
-    return static_cast<int>(ask(window, message, wide, narrow));
+    return static_cast<int>(answer_of(window, message, wide, narrow));
 }
 
 LPARAM as_argument(const RemoteMemory& memory)
@@ -43,7 +35,7 @@ std::wstring ask_text(HWND window, UINT message, WPARAM index, Structure request
     request.pszText = static_cast<wchar_t*>(memory.address(sizeof(Structure)));
     request.cchTextMax = kTextUnits;
     memory.write(0, &request, sizeof(request));
-    ask(window, message, index, as_argument(memory));
+    answer_of(window, message, index, as_argument(memory));
     memory.read(0, &request, sizeof(request));
     std::wstring text(kTextUnits, L'\0');
     memory.read(sizeof(Structure), text.data(), kTextUnits * sizeof(wchar_t));
@@ -55,7 +47,7 @@ RECT ask_rectangle(HWND window, UINT message, int row, RECT request)
 {
     const RemoteMemory memory(window, sizeof(RECT));
     memory.write(0, &request, sizeof(request));
-    if (!ask(window, message, static_cast<WPARAM>(row), as_argument(memory)))
+    if (!answer_of(window, message, static_cast<WPARAM>(row), as_argument(memory)))
         throw Failure("the list view has no row " + std::to_string(row));
     RECT rectangle{};
     memory.read(0, &rectangle, sizeof(rectangle));
@@ -75,7 +67,7 @@ UINT part_at(HWND window, POINT place)
     request.pt = place;
     const RemoteMemory memory(window, sizeof(request));
     memory.write(0, &request, sizeof(request));
-    ask(window, LVM_HITTEST, 0, as_argument(memory));
+    answer_of(window, LVM_HITTEST, 0, as_argument(memory));
     memory.read(0, &request, sizeof(request));
     return request.flags;
 }
@@ -151,12 +143,12 @@ void RemoteListView::set_ticked(int row, bool ticked) const
     item.state = INDEXTOSTATEIMAGEMASK(ticked ? kTicked : kUnticked);
     const RemoteMemory memory(list_, sizeof(item));
     memory.write(0, &item, sizeof(item));
-    ask(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), as_argument(memory));
+    answer_of(list_, LVM_SETITEMSTATE, static_cast<WPARAM>(row), as_argument(memory));
 }
 
 void RemoteListView::click_check_box(int row) const
 {
-    ask(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    answer_of(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
     const bool before = is_ticked(row);
     bring_to_front(GetAncestor(list_, GA_ROOT));
     click(check_box_centre(list_, row, column_width(0)));
@@ -176,7 +168,7 @@ bool RemoteListView::is_selected(int row) const
 
 int RemoteListView::column_count() const
 {
-    const auto header = reinterpret_cast<HWND>(ask(list_, LVM_GETHEADER, 0, 0));
+    const auto header = reinterpret_cast<HWND>(answer_of(list_, LVM_GETHEADER, 0, 0));
     return header ? ask_number(header, HDM_GETITEMCOUNT) : 0;
 }
 
@@ -194,12 +186,12 @@ int RemoteListView::column_width(int column) const
 
 DWORD RemoteListView::extended_style() const
 {
-    return static_cast<DWORD>(ask(list_, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
+    return static_cast<DWORD>(answer_of(list_, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0));
 }
 
 RECT RemoteListView::cell_rectangle(int row, int column) const
 {
-    ask(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    answer_of(list_, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
     RECT request{};
     request.left = LVIR_BOUNDS;
     if (column != 0) {

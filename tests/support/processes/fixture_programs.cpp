@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "tests/support/basics/text.h"
-#include "tests/support/input/real_input.h"
+#include "tests/support/processes/started_process.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace test_support
@@ -108,16 +108,7 @@ DWORD FixturePrograms::start_only(const std::wstring& name)
 {
     const std::wstring path = path_of(name);
     DeleteFileW((without_ending(path) + L".startup").c_str());
-    let_started_programs_come_to_front();
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
-        throw Failure("cannot start " + printable(path) + ", error " + std::to_string(GetLastError()));
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return process.dwProcessId;
+    return StartedProcess(path).id();
 }
 
 std::vector<HWND> FixturePrograms::windows_of(const std::wstring& name) const

@@ -3,7 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/processes/fixture_programs.h"
-#include "tests/support/processes/stopped_window.h"
+#include "tests/support/processes/started_process.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
@@ -101,14 +102,6 @@ TEST(FixturePrograms, CanOpenTheirWindowLate)
     fixtures.wait_for_window(L"late");
 }
 
-bool answers(HWND window, UINT message)
-{
-    wchar_t text[64] = {};
-    DWORD_PTR result = 0;
-    return SendMessageTimeoutW(window, message, 64, reinterpret_cast<LPARAM>(text), SMTO_NORMAL, 300,
-                               &result) != 0;
-}
-
 TEST(FixturePrograms, CanHang)
 {
     FixturePrograms fixtures;
@@ -142,17 +135,6 @@ TEST(FixturePrograms, CanEndWhenAskedWhetherTheyAnswer)
     fixtures.wait_for_end(L"frail");
 }
 
-TEST(StoppedWindow, AnswersOnceItGoesOnAgain)
-{
-    FixturePrograms fixtures;
-    fixtures.add(L"program");
-    const HWND window = fixtures.start(L"program");
-    const StoppedWindow stopped(window);
-    EXPECT_FALSE(answers(window, WM_NULL));
-    stopped.go_on();
-    EXPECT_TRUE(becomes_true([&] { return answers(window, WM_NULL); }));
-}
-
 TEST(FixturePrograms, CanRefuseToClose)
 {
     FixturePrograms fixtures;
@@ -180,18 +162,12 @@ TEST(FixturePrograms, CanShowTheirWindowFromASecondThread)
     FixtureOptions options;
     options.window_of_second_thread = true;
     const std::wstring path = fixtures.add(L"threads", options);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessW(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                               &process));
+    const StartedProcess process(path);
     const HWND window = fixtures.wait_for_window(L"threads");
-    EXPECT_EQ(process_of(window), process.dwProcessId);
-    EXPECT_NE(GetWindowThreadProcessId(window, nullptr), process.dwThreadId);
+    EXPECT_EQ(process_of(window), process.id());
+    EXPECT_NE(GetWindowThreadProcessId(window, nullptr), process.thread_id());
     PostMessageW(window, WM_CLOSE, 0, 0);
     fixtures.wait_for_end(L"threads");
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
 }
 
 TEST(FixturePrograms, RecordAndUseWhatTheyAreStartedWith)
@@ -201,16 +177,13 @@ TEST(FixturePrograms, RecordAndUseWhatTheyAreStartedWith)
     options.use_startup = true;
     const std::wstring path = fixtures.add(L"obedient", options);
     STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESHOWWINDOW | STARTF_USESIZE | STARTF_USEPOSITION;
     startup.wShowWindow = SW_SHOW;
     startup.dwX = 300;
     startup.dwY = 80;
     startup.dwXSize = 333;
     startup.dwYSize = 222;
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessW(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                               &process));
+    const StartedProcess process(path, {.startup = startup});
     const StartupRecord record = fixtures.startup_of(L"obedient");
     EXPECT_EQ(record.flags & 7u, 7u);
     EXPECT_EQ(record.show_window, 5);
@@ -218,11 +191,9 @@ TEST(FixturePrograms, RecordAndUseWhatTheyAreStartedWith)
     EXPECT_EQ(record.y, 80u);
     EXPECT_EQ(record.width, 333u);
     EXPECT_EQ(record.height, 222u);
-    EXPECT_EQ(record.process_id, process.dwProcessId);
+    EXPECT_EQ(record.process_id, process.id());
     EXPECT_NE(record.command_line.find(L"obedient.exe"), std::wstring::npos);
     EXPECT_EQ(place_of(fixtures.wait_for_window(L"obedient")), (std::vector<long>{300, 80, 333, 222}));
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
 }
 
 TEST(FixturePrograms, CanBoundTheirSize)

@@ -8,6 +8,7 @@
 #include "tests/support/basics/platform.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/processes/planted_libraries.h"
+#include "tests/support/processes/started_process.h"
 
 using namespace test_support;
 using Names = std::vector<std::wstring>;
@@ -18,15 +19,8 @@ namespace
 // Starts the program in its folder and waits for its end.
 void run(const PlantedLibraries& planted, const std::wstring& arguments)
 {
-    std::wstring line = L"\"" + planted.program() + L"\" " + arguments;
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessW(planted.program().c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               planted.folder().path().c_str(), &startup, &process));
-    EXPECT_EQ(WaitForSingleObject(process.hProcess, kShortWait), WAIT_OBJECT_0);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    StartedProcess(planted.program(), {.arguments = arguments, .folder = planted.folder().path()})
+        .wait_for_exit(kShortWait);
 }
 
 } // namespace

@@ -13,6 +13,7 @@
 #include "tests/support/boxes/file_dialogs.h"
 #include "tests/support/folder_windows/folder_windows_script.h"
 #include "tests/support/input/real_input.h"
+#include "tests/support/windows/messages.h"
 #include "tests/support/windows/remote_memory.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -26,43 +27,18 @@ constexpr wchar_t kMainClass[] = L"prg_wnds_layout";
 constexpr wchar_t kListClass[] = L"List of Windows";
 constexpr wchar_t kModifyCellClass[] = L"Modify Cell Window";
 constexpr wchar_t kNameClass[] = L"Name of Profile Window";
-constexpr UINT kAnswerMilliseconds = 10'000;
 
-DWORD_PTR ask(HWND window, UINT message, WPARAM wide = 0, LPARAM narrow = 0)
+// The path, when no other copy would take the commands.
+const std::wstring& when_alone(const std::wstring& path)
 {
-    DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wide, narrow, SMTO_NORMAL, kAnswerMilliseconds, &answer))
-        throw Failure("the program does not answer message " + std::to_string(message));
-    return answer;
-}
-
-HANDLE start(const std::wstring& path, DWORD& process_id)
-{
-    let_started_programs_come_to_front();
-    SetErrorMode(SetErrorMode(0) | SEM_NOGPFAULTERRORBOX); // inherited: no box of Windows' when it crashes
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(path.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
-        throw Failure("cannot start " + printable(path) + ", error " + std::to_string(GetLastError()));
-    CloseHandle(process.hThread);
-    process_id = process.dwProcessId;
-    return process.hProcess;
-}
-
-DWORD exit_code_after(HANDLE process, unsigned milliseconds)
-{
-    if (WaitForSingleObject(process, milliseconds) != WAIT_OBJECT_0)
-        throw Failure("the program did not end within " + std::to_string(milliseconds) + " ms");
-    DWORD code = 0;
-    GetExitCodeProcess(process, &code);
-    return code;
+    if (FindWindowW(kMainClass, nullptr))
+        throw Failure("another copy of the program is running already");
+    return path;
 }
 
 void set_text(HWND edit, const std::wstring& text)
 {
-    ask(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    answer_of(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 HWND child_of(HWND window, int id)
@@ -104,26 +80,22 @@ std::wstring path_beside_wendlow(const std::wstring& name)
 
 WendlowProcess::WendlowProcess() : WendlowProcess(wendlow_path()) {}
 
-WendlowProcess::WendlowProcess(const std::wstring& path)
+WendlowProcess::WendlowProcess(const std::wstring& path) : process_(when_alone(path))
 {
-    if (FindWindowW(kMainClass, nullptr))
-        throw Failure("another copy of the program is running already");
-    process_ = start(path, process_id_);
     try {
         wait_until(
             [&] {
                 if (!is_running())
                     throw Failure("the program ended with exit code " + std::to_string(wait_for_exit()) +
                                   " before it showed its window");
-                main_window_ = find_window(process_id_, kMainClass);
+                main_window_ = find_window(process_.id(), kMainClass);
                 return main_window_ != nullptr;
             },
             kLongWait, "the main window");
         wait_until_idle();
         lend_stand_in(main_window_);
     } catch (...) {
-        terminate_process(process_id_);
-        CloseHandle(process_);
+        terminate_process(process_.id());
         throw;
     }
 }
@@ -132,17 +104,16 @@ WendlowProcess::~WendlowProcess()
 {
     if (is_running()) {
         PostMessageW(main_window_, WM_CLOSE, 0, 0);
-        if (WaitForSingleObject(process_, kShortWait) != WAIT_OBJECT_0)
-            terminate_process(process_id_);
+        if (WaitForSingleObject(process_.handle(), kShortWait) != WAIT_OBJECT_0)
+            terminate_process(process_.id());
     }
     if (crashed())
         ADD_FAILURE() << "the program crashed";
-    CloseHandle(process_);
 }
 
 bool WendlowProcess::is_running() const
 {
-    return WaitForSingleObject(process_, 0) == WAIT_TIMEOUT;
+    return WaitForSingleObject(process_.handle(), 0) == WAIT_TIMEOUT;
 }
 
 bool WendlowProcess::crashed() const
@@ -150,7 +121,7 @@ bool WendlowProcess::crashed() const
     // A process that an exception ends has its code for exit code, an error of the highest severity.
     constexpr DWORD kSeverity_error = 0xC0000000;
     DWORD code = 0;
-    return !is_running() && GetExitCodeProcess(process_, &code) &&
+    return !is_running() && GetExitCodeProcess(process_.handle(), &code) &&
            (code & kSeverity_error) == kSeverity_error;
 }
 
@@ -162,7 +133,7 @@ DWORD WendlowProcess::close_and_wait(unsigned milliseconds)
 
 DWORD WendlowProcess::wait_for_exit(unsigned milliseconds) const
 {
-    return exit_code_after(process_, milliseconds);
+    return process_.wait_for_exit(milliseconds);
 }
 
 HWND WendlowProcess::control(int id) const
@@ -182,7 +153,7 @@ void WendlowProcess::send_command(int id) const
 
 BoxWatcher WendlowProcess::watch_boxes() const
 {
-    return BoxWatcher(process_id_, [this] {
+    return BoxWatcher(process_.id(), [this] {
         if (is_running())
             wait_until_idle();
     });
@@ -215,7 +186,7 @@ void WendlowProcess::wait_until_idle(unsigned milliseconds) const
             if (!is_running())
                 throw Failure("the program has ended");
             const bool quiet =
-                !shows_dialog(process_id_) && takes_its_turn(milliseconds) && !shows_dialog(process_id_);
+                !shows_dialog(process_.id()) && takes_its_turn(milliseconds) && !shows_dialog(process_.id());
             turns = quiet ? turns + 1 : 0;
             return turns == kTurns;
         },
@@ -224,7 +195,7 @@ void WendlowProcess::wait_until_idle(unsigned milliseconds) const
 
 HWND WendlowProcess::list_window() const
 {
-    return find_window(process_id_, kListClass);
+    return find_window(process_.id(), kListClass);
 }
 
 HWND WendlowProcess::wait_for_list_window(unsigned milliseconds) const
@@ -283,7 +254,7 @@ HWND WendlowProcess::open_modify_cell(int row, int column) const
     const RemoteListView list = list_view();
     bring_to_front(list_window());
     right_click(list.cell_centre(row, column));
-    const HWND menu = wait_for([&] { return find_window(process_id_, L"#32768"); }, kShortWait,
+    const HWND menu = wait_for([&] { return find_window(process_.id(), L"#32768"); }, kShortWait,
                                "the popup menu of the list");
     click(centre_of(menu));
     const HWND window = wait_for([&] { return modify_cell_window(); }, kShortWait, "the Modify Cell window");
@@ -293,12 +264,12 @@ HWND WendlowProcess::open_modify_cell(int row, int column) const
 
 HWND WendlowProcess::modify_cell_window() const
 {
-    return find_window(process_id_, kModifyCellClass);
+    return find_window(process_.id(), kModifyCellClass);
 }
 
 HWND WendlowProcess::name_window() const
 {
-    return find_window(process_id_, kNameClass);
+    return find_window(process_.id(), kNameClass);
 }
 
 HWND WendlowProcess::wait_for_name_window(unsigned milliseconds) const
@@ -326,7 +297,7 @@ void WendlowProcess::create_profile(const std::wstring& name, const std::wstring
     press_create_profile();
     enter_name(name);
     press_name_ok();
-    choose_file(process_id_, path);
+    choose_file(process_.id(), path);
     wait_until_idle();
 }
 
@@ -348,7 +319,7 @@ void WendlowProcess::load_profile(const std::wstring& path, unsigned millisecond
 void WendlowProcess::start_load_profile(const std::wstring& path) const
 {
     press_load_profile();
-    choose_file(process_id_, path);
+    choose_file(process_.id(), path);
 }
 
 namespace
@@ -398,11 +369,11 @@ void drop_files_on(HWND window, const std::vector<std::wstring>& paths)
 std::vector<std::wstring> WendlowProcess::combo_texts(HWND combo) const
 {
     std::vector<std::wstring> texts;
-    const auto count = static_cast<int>(ask(combo, CB_GETCOUNT));
+    const auto count = static_cast<int>(answer_of(combo, CB_GETCOUNT));
     for (int i = 0; i < count; ++i) {
         std::wstring text(1024, L'\0');
         const auto units =
-            ask(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text.data()));
+            answer_of(combo, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(text.data()));
         text.resize(units);
         texts.push_back(text);
     }
@@ -411,22 +382,20 @@ std::vector<std::wstring> WendlowProcess::combo_texts(HWND combo) const
 
 int WendlowProcess::combo_selection(HWND combo) const
 {
-    return static_cast<int>(ask(combo, CB_GETCURSEL));
+    return static_cast<int>(answer_of(combo, CB_GETCURSEL));
 }
 
 std::wstring WendlowProcess::combo_shown_text(HWND combo) const
 {
-    std::wstring text(1024, L'\0');
-    text.resize(ask(combo, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data())));
-    return text;
+    return text_of(combo);
 }
 
 void WendlowProcess::select(HWND combo, int position) const
 {
-    if (static_cast<int>(ask(combo, CB_SETCURSEL, static_cast<WPARAM>(position))) != position)
+    if (static_cast<int>(answer_of(combo, CB_SETCURSEL, static_cast<WPARAM>(position))) != position)
         throw Failure("the combo box has no entry " + std::to_string(position));
-    ask(main_window_, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
-        reinterpret_cast<LPARAM>(combo));
+    answer_of(main_window_, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(combo), CBN_SELCHANGE),
+              reinterpret_cast<LPARAM>(combo));
 }
 
 void WendlowProcess::select_action(const std::wstring& name) const
@@ -450,15 +419,11 @@ void WendlowProcess::apply(const std::wstring& action) const
 
 DWORD run_second_copy(unsigned milliseconds)
 {
-    DWORD process_id = 0;
-    const HANDLE process = start(wendlow_path(), process_id);
+    const StartedProcess process(wendlow_path());
     try {
-        const DWORD code = exit_code_after(process, milliseconds);
-        CloseHandle(process);
-        return code;
+        return process.wait_for_exit(milliseconds);
     } catch (...) {
-        terminate_process(process_id);
-        CloseHandle(process);
+        terminate_process(process.id());
         throw;
     }
 }

@@ -9,6 +9,7 @@
 #include "tests/support/basics/waiting.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/input/remote_list_view.h"
+#include "tests/support/processes/started_process.h"
 #include "tests/support/windows/control_ids.h"
 
 // The program under test as a process of its own, worked from outside. A routine that presses
@@ -43,8 +44,8 @@ public:
     WendlowProcess(const WendlowProcess&) = delete;
     WendlowProcess& operator=(const WendlowProcess&) = delete;
 
-    DWORD process_id() const { return process_id_; }
-    HANDLE process() const { return process_; }
+    DWORD process_id() const { return process_.id(); }
+    HANDLE process() const { return process_.handle(); }
     bool is_running() const;
     bool crashed() const;
     // Closes the main window and waits for the end.
@@ -128,8 +129,7 @@ private:
     // Whether the program handles what is posted to it now, in whichever message loop it is.
     bool takes_its_turn(unsigned milliseconds) const;
 
-    HANDLE process_ = nullptr;
-    DWORD process_id_ = 0;
+    StartedProcess process_;
     HWND main_window_ = nullptr;
 };
 

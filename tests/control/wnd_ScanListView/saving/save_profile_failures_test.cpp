@@ -11,7 +11,7 @@
 #include "sources/wnd_ScanListView/saving/saving_errors.h"
 #include "tests/control/profiles/profile_fixture.h"
 #include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
-#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/basics/com_apartment.h"
 
 // Profiles that are not saved: what is told, and what is left.
 

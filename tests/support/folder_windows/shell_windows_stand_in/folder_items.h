@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/folder_windows/folder_windows_script.h"
+#include "tests/support/folder_windows/shell_windows_stand_in/missing.h"
 
 namespace test_support::stand_in
 {

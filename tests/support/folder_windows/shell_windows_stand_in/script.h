@@ -24,7 +24,7 @@ constexpr int kMaxPath = 1024;
 struct ScriptedWindow {
     std::int64_t window;
     std::int64_t tab;
-    std::int32_t missing; // a Missing of folder_windows_script.h
+    std::int32_t missing; // a Missing
     std::int32_t later_from_pass;
     std::int32_t first_pass;
     std::int32_t last_pass;

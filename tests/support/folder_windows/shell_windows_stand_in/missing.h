@@ -1,0 +1,23 @@
+#pragma once
+
+namespace test_support
+{
+
+// Which step of the way from the list to a window's folder gives nothing.
+enum class Missing {
+    kNothing,
+    kItem,            // Item fails
+    kItemNull,        // Item succeeds with a null pointer: the window has just been closed
+    kWebBrowserApp,   // no IWebBrowserApp
+    kWindowHandle,    // get_HWND fails
+    kServiceProvider, // no IServiceProvider
+    kShellBrowser,    // QueryService fails
+    kShellView,       // QueryActiveShellView fails
+    kFolderView,      // no IFolderView
+    kPersistFolder,   // GetFolder fails
+    kItemIdList,      // GetCurFolder fails
+    kItemIdListNull,  // GetCurFolder succeeds with a null list
+    kFileSystemPath,  // a virtual folder: the list names no path
+};
+
+} // namespace test_support

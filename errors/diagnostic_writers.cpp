@@ -34,7 +34,7 @@ void dump_str2file(std::FILE* file, const char* text)
         std::fputs("\n error, proc dump_str2file: fflush( ) \n", stdout);
     if (written == EOF) {
         std::fputs("\n error, proc dump_str2file, iFlag == EOF \n", stdout);
-        // Only the words: the program goes on.
+        // Quirk: the words alone, nothing ends; kept so that a failed write means the same in every version.
         std::fputs("exit(1)\n", stdout);
     }
 }
@@ -74,7 +74,8 @@ void dump_array2file(std::FILE* file, const char* name, std::span<const double> 
 
 void dump_square_matrix2file(std::FILE* file, const char* name, const double* values, std::size_t n)
 {
-    // No colon after the name, unlike the other writers.
+    // Quirk: no colon after the name, as the other writers have; kept so that traces are the same in every
+    // version.
     dump_str2file(file, "\n");
     dump_str2file(file, name);
     dump_str2file(file, "\n");

@@ -1,5 +1,5 @@
-// Diagnostic writers: values written as text to an open file. Kept at hand for tracing; no path of the
-// program calls them. The caller opens and closes the file.
+// Diagnostic writers: values written as text to an open file, for tracing. No path of the program calls them.
+// The caller opens and closes the file.
 #pragma once
 
 #include <cstddef>

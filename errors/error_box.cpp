@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 #include "sources/win32/bytes_as_wide.h"

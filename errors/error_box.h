@@ -1,7 +1,7 @@
 // The error box: the one way in which the program reports that something went wrong.
 //
-// Everything fixed about a report stands in a row, a constant in the list of its room; the report is one line
-// where the failure is met:
+// Everything fixed about a report stands in a row, a constant in the list of its folder; the report is one
+// line where the failure is met:
 //
 //     return report<kScanFailed>(result);
 //

@@ -34,16 +34,17 @@ inline constexpr ErrorRow kCreateFont{
 inline constexpr ErrorRow kCreateCom{
     .source = &kSource_main, .site = 652, .function = "WndProc",
     .layout = ErrorLayout::PLAIN, .detail = "error <- CoInitializeEx(), impossible init COM"};
+// Quirk: the text says Click for Clicked; users compare reports between versions.
 inline constexpr ErrorRow kScanFailed{
     .source = &kSource_main, .site = 888, .handler = 1187, .function = "WndProc",
     .layout = ErrorLayout::COMPACT, .detail = "ERROR <- onButton_Scan_Click()\nret code = %d"};
+inline constexpr ErrorRow kStoreSetUpCommand{
+    .source = &kSource_main, .site = 934, .function = "WndProc",
+    .layout = ErrorLayout::PLAIN, .detail = "WndProc, WM_COMMAND, error <- preInitOnce_onLoadProfile()"};
 inline constexpr ErrorRow kLoadFailed{
     .source = &kSource_main, .site = 951, .handler = 1269, .function = "WndProc",
     .layout = ErrorLayout::COMPACT,
     .detail = "one of callable functions returned error onButton_LoadProfile_clicked(), RetCode = %d"};
-inline constexpr ErrorRow kStoreSetUpCommand{
-    .source = &kSource_main, .site = 934, .function = "WndProc",
-    .layout = ErrorLayout::PLAIN, .detail = "WndProc, WM_COMMAND, error <- preInitOnce_onLoadProfile()"};
 inline constexpr ErrorRow kStoreSetUpDrop{
     .source = &kSource_main, .site = 1107, .function = "WndProc",
     .layout = ErrorLayout::PLAIN, .detail = "WndProc, WM_DROPFILES, error <- preInitOnce_onLoadProfile()"};

@@ -53,7 +53,7 @@ void register_main_class(HINSTANCE instance)
     RegisterClassExW(&main_class);
 }
 
-// Null after the system's error text; the program goes on regardless.
+// Null after the system's error text, with which the program does not end.
 HWND create_main_window(HINSTANCE instance)
 {
     const int width = initial_main_width(GetSystemMetrics(SM_CXSCREEN));
@@ -99,7 +99,7 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPWSTR /*l
 {
     // Before any call that may load a library: none is taken from beside the program or the current folder.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
-    // Windows would offer to end a program that waits for others, as this one is meant to.
+    // Windows would offer to end the program while a load waits for the programs that it has started.
     DisableProcessWindowsGhosting();
     if (show_running_instance())
         return 0;

@@ -5,6 +5,7 @@
 
 #include "sources/main_prg/main_window_state.h"
 
-// Builds the main window's contents: layout constants, five controls, lists' records, control font, COM on
-// this thread. What cannot be made is shown in a box and the window goes on without it.
+// Builds the main window's contents: layout constants, five controls, the records of the two lists, the
+// controls' font, COM on this thread. What cannot be made is shown in a box and the window goes on without
+// it.
 void on_WM_CREATE(HWND hwnd, const CREATESTRUCTW* creation, MainWindow_STR* state);

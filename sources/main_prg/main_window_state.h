@@ -24,8 +24,8 @@ enum MainControl : unsigned {
 inline constexpr unsigned kReservedCommand_first = 3;
 inline constexpr unsigned kReservedCommand_last = 8;
 
-// The process-wide state of the main window. Fields called unread are there for whoever looks at it in a
-// debugger or a dump: the program itself is handed the value.
+// The process-wide state of the main window. Fields called unread are for a debugger or a dump; the program
+// is handed their values.
 struct MainWindow_STR {
     HWND hwnd_MW;    // unread: every message names the window
     HINSTANCE hInst; // of the module that made the window; used for every child

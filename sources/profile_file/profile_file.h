@@ -27,7 +27,7 @@
 namespace profile_file
 {
 
-// Kind flags. Other values are carried along; what they mean is the reader's affair.
+// Kind flags. Entries with other values are read like these; what they mean is left to the caller.
 inline constexpr std::uint8_t kKind_folder = 0;
 inline constexpr std::uint8_t kKind_program = 1;
 
@@ -70,8 +70,8 @@ struct Entry {
     std::int32_t y;      // top edge
     std::int32_t width;  // pixels; 0 = minimised
     std::int32_t height; // pixels; 0 = minimised
-    const std::uint8_t*
-        path; // UTF-16LE bytes inside the file, any alignment, not to be trusted to end in a zero
+    // UTF-16LE bytes inside the file, at any alignment, with or without a terminator.
+    const std::uint8_t* path;
     std::uint32_t path_bytes; // declared length of the path
 };
 

@@ -11,10 +11,10 @@ namespace
 
 constexpr UINT kAnswer_ms = 5000;
 
-// One that hangs is given up early, and one that dies at once.
+// A hung window is not waited for to the end, one that is destroyed meanwhile not at all.
 constexpr UINT kAnswer_flags = SMTO_ABORTIFHUNG | SMTO_ERRORONEXIT;
 
-constexpr std::size_t kFirst_capacity = 256; // a page of answers
+constexpr std::size_t kCapacity_first = 256; // a page of answers
 
 bool is_at(HWND hwnd, const PixelRect& rect)
 {
@@ -82,7 +82,7 @@ bool AskedWindows::answers(HWND hwnd)
 void AskedWindows::remember(const Answer& answer)
 {
     if (count_ == capacity_) {
-        const std::size_t capacity = capacity_ == 0 ? kFirst_capacity : 2 * capacity_;
+        const std::size_t capacity = capacity_ == 0 ? kCapacity_first : 2 * capacity_;
         auto* grown = allocate_block<Answer>(capacity * sizeof(Answer));
         if (grown == nullptr)
             return;

@@ -45,7 +45,7 @@ void show_foreign_window(HWND hwnd, int command, bool answers);
 // scale, and resizes itself there, is moved once more.
 void place_foreign_window(HWND hwnd, const PixelRect& rect, bool answers);
 
-// Restores a minimised window, moves and sizes it as above and brings it to the top, whenever it gets round
-// to it: as nothing waits for the window it need not be asked before. False when the system refuses, most
-// often because the window is gone.
+// Restores a minimised window, moves and sizes it as above and brings it to the top. The calls wait for no
+// window, so it need not be asked before; it does all this as soon as it handles messages. False when the
+// system refuses, most often because the window is gone.
 bool place_foreign_window_on_top(HWND hwnd, const PixelRect& rect);

@@ -27,7 +27,8 @@ private:
 RECT real_window_rect(HWND hwnd);
 
 // The scale of the monitor on which the window is, or, minimised, will be when it is restored: in dots per
-// inch, 96 unscaled. 0 when it cannot be told. Inside a RealPixels.
+// inch, 96 unscaled. 0 when the system does not tell. To be called inside a
+// RealPixels.
 UINT scale_at_window(HWND hwnd);
 
 // The same for a window at `rect`.

@@ -5,8 +5,14 @@ namespace
 
 constexpr float kButtonWidth_of_screen = 0.045F;
 constexpr float kButtonHeight_of_screen = 0.025F;
-constexpr double kWidth_share = 0.135;
-constexpr double kHeight_share = 0.15;
+constexpr double kWidth_of_screen = 0.135;
+constexpr double kHeight_of_screen = 0.15;
+
+// Added to those shares, in pixels.
+constexpr double kWidth_fixed = 35.0;
+constexpr double kHeight_fixed = 25.0;
+constexpr double kButtonsRight_fixed = 30.0;
+
 constexpr std::int32_t kHeightLabel_extra = 5;
 
 // A fixed part and a share of the screen, truncated once, after the sum.
@@ -19,12 +25,12 @@ std::int32_t sum_truncated(double fixed, double share, std::int32_t screen)
 
 std::int32_t modify_cell_width(std::int32_t screen_width)
 {
-    return sum_truncated(35.0, kWidth_share, screen_width);
+    return sum_truncated(kWidth_fixed, kWidth_of_screen, screen_width);
 }
 
 std::int32_t modify_cell_height(std::int32_t screen_height)
 {
-    return sum_truncated(25.0, kHeight_share, screen_height);
+    return sum_truncated(kHeight_fixed, kHeight_of_screen, screen_height);
 }
 
 ModifyCellLayout compute_modify_cell_layout(std::int32_t screen_width, std::int32_t screen_height)
@@ -33,7 +39,7 @@ ModifyCellLayout compute_modify_cell_layout(std::int32_t screen_width, std::int3
     const std::int32_t bw = layout.button_width = truncated_product(kButtonWidth_of_screen, screen_width);
     const std::int32_t bh = layout.button_height = truncated_product(kButtonHeight_of_screen, screen_height);
     const std::int32_t m = kMargin;
-    const std::int32_t buttons_right = sum_truncated(30.0, kWidth_share, screen_width) - m;
+    const std::int32_t buttons_right = sum_truncated(kButtonsRight_fixed, kWidth_of_screen, screen_width) - m;
 
     for (std::int32_t row = 0; row < static_cast<std::int32_t>(kModifyCell_edits); ++row) {
         const std::int32_t top = m + row * (bh + m);

@@ -21,6 +21,7 @@ enum ModifyCellControl : unsigned {
 // The first four controls are the edit boxes, each with a label.
 inline constexpr std::size_t kModifyCell_edits = 4;
 
+// Where the window's controls and labels are.
 struct ModifyCellLayout {
     std::int32_t button_width; // of buttons and edit boxes
     std::int32_t button_height;
@@ -32,4 +33,5 @@ struct ModifyCellLayout {
 std::int32_t modify_cell_width(std::int32_t screen_width);
 std::int32_t modify_cell_height(std::int32_t screen_height);
 
+// Every rectangle of the window, in pixels.
 ModifyCellLayout compute_modify_cell_layout(std::int32_t screen_width, std::int32_t screen_height);

@@ -10,7 +10,7 @@ inline constexpr ErrorSource kSource_profile_name{.file = "sources/wnd_ProfileNa
                                                   .message = message_profile_name};
 
 // clang-format off
-// The blank at the end of the detail belongs to the text.
+// The blanks at the end of this detail and of kNameOkFailed's belong to the texts.
 inline constexpr ErrorRow kNameCreateParameter{
     .source = &kSource_profile_name, .site = 96, .handler = 348, .function = "WndProc_wnd_ProfileName",
     .layout = ErrorLayout::COMPACT,

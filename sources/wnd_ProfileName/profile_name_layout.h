@@ -1,10 +1,11 @@
-// The profile name window's layout as a function of the screen size.
+// The profile name window's layout as a function of its own width and the screen size.
 #pragma once
 
 #include <cstdint>
 
 #include "sources/win32/pixel_rect.h"
 
+// Where the window's controls and its label are.
 struct ProfileNameLayout {
     PixelRect ok; // client coordinates
     PixelRect cancel;
@@ -16,6 +17,6 @@ struct ProfileNameLayout {
 std::int32_t profile_name_width(std::int32_t screen_width);
 std::int32_t profile_name_height(std::int32_t screen_height);
 
-// `outer_width` is the window's own outer width in pixels.
+// Every rectangle of the window, in pixels; `outer_width` is the width that the window was given.
 ProfileNameLayout compute_profile_name_layout(std::int32_t outer_width, std::int32_t screen_width,
                                               std::int32_t screen_height);

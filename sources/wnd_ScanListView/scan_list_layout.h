@@ -15,11 +15,13 @@ std::int32_t scan_list_button_height(std::int32_t screen_height);
 // The width of a column for a client area `client_width` pixels wide.
 std::int32_t scan_list_column_width(std::size_t column, std::int32_t client_width);
 
+// Where the window's controls are.
 struct ScanListLayout {
     PixelRect move; // client coordinates
     PixelRect create_profile;
     PixelRect list;
 };
 
+// The rectangles for a client area of that size, in pixels.
 ScanListLayout compute_scan_list_layout(std::int32_t client_width, std::int32_t client_height,
                                         std::int32_t screen_width, std::int32_t screen_height);

@@ -30,7 +30,7 @@ namespace
 enum ScanListControl : unsigned { ID_BTN_MOVE = 1, ID_BTN_CREATE_PROFILE = 2, ID_LISTVIEW = 4 };
 
 // In GWLP_USERDATA of a window whose destruction has begun.
-constexpr LONG_PTR kBeing_destroyed = 1;
+constexpr LONG_PTR kDestruction_begun = 1;
 
 // A save uses the write record, whichever list has begun it: no other name is taken and no other profile
 // gathered until it has ended.
@@ -138,7 +138,7 @@ void on_WM_SIZE_ScanListView(HWND /*hwndThis*/, WPARAM /*wParam*/, LPARAM lParam
 
 void on_WM_PAINT(HWND hwnd)
 {
-    const PaintDC dc(hwnd);
+    const PaintDC dc(hwnd); // the controls paint themselves
 }
 
 // True for a notification of the list, which is handled then.
@@ -197,8 +197,8 @@ void on_WM_COMMAND(HWND hwnd, WPARAM wParam, LPARAM lParam, ScanList_STR* state)
         on_Modify_Cell(hwnd, state);
 }
 
-// Takes the name that arrived into the write record, at most as many units as it has room for; none when it
-// is said to be nowhere.
+// Copies the name that arrived into the write record, at most as many units as it has room for. Without an
+// address the name is empty.
 void keep_profile_name(const COPYDATASTRUCT* data, STR_RW_PRFL* record)
 {
     const std::size_t sent_units = data->lpData == nullptr ? 0 : data->cbData / sizeof(wchar_t);
@@ -218,7 +218,7 @@ std::int32_t save_profile(HWND hwnd, HWND sender, const COPYDATASTRUCT* name, ST
     return result == kSave_cancelled ? FreeDynMem_wnds_Profile(record) : result;
 }
 
-// A profile's name, from whichever window it comes. Answered FALSE when the save ends with a negative result,
+// A profile's name, from any window. Answered FALSE when the save ends with a negative result,
 // and without taking the name while another save is under way.
 LRESULT on_WM_COPYDATA(HWND hwnd, HWND sender, const COPYDATASTRUCT* data, ScanList_STR* state)
 {
@@ -259,7 +259,7 @@ void on_WM_DESTROY(HWND hwnd, ScanList_STR* state)
         clean_up(hwnd, state);
     // The message may have come from elsewhere, and would leave a window without a scan on the screen; during
     // the window's own destruction the repeated request is harmless.
-    if (SetWindowLongPtrW(hwnd, GWLP_USERDATA, kBeing_destroyed) != kBeing_destroyed)
+    if (SetWindowLongPtrW(hwnd, GWLP_USERDATA, kDestruction_begun) != kDestruction_begun)
         DestroyWindow(hwnd);
 }
 

@@ -38,7 +38,8 @@ std::int32_t draw_wnd_frame(HWND hwnd_MW, HDC hdc_MW, std::int32_t x, std::int32
         return report<kDrawFrameInput>(hwnd_MW, hdc_MW, h, w, kBadInput);
 
     const Pen black(CreatePen(PS_SOLID, 1, kFrame_black));
-    const Pen white(CreatePen(PS_SOLID, 2, kFrame_white)); // never selected
+    // Quirk: this pen is never selected; kept so that the drawing makes the same calls in every version.
+    const Pen white(CreatePen(PS_SOLID, 2, kFrame_white));
     const Brush blue(CreateSolidBrush(kTitleBar_blue));
     const Brush red(CreateSolidBrush(kCloseBox_red));
     const HGDIOBJ hollow = GetStockObject(NULL_BRUSH);

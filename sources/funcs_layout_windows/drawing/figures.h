@@ -6,7 +6,7 @@
 #include <cstdint>
 
 // Draws a line with the selected pen. Returns 1; -1 after an error box for a null context or a line without
-// length: nobody means to draw one.
+// length.
 std::int32_t vex_DrawLine(HDC hdc, std::int32_t x0, std::int32_t y0, std::int32_t x1, std::int32_t y1);
 
 // Draws a miniature window: an outline `w` wide and `h` high with its upper left corner at (x, y), a title

@@ -22,28 +22,28 @@ std::int32_t allocate_arrays(Launch_STR* launch, std::uint32_t handle_area_bytes
     launch->p_arr1D_hwnd_Folders = allocate_block<HWND>(n * sizeof(HWND));
     launch->ptcBuf = allocate_block<wchar_t>(kImagePath_units * sizeof(wchar_t));
     if (launch->ptcBuf == nullptr)
-        return report<kLoadMemoryPaths>();
+        return report<kLaunchMemoryImagePath>();
     launch->max_launch_records = handle_area_bytes;
     launch->pc_arr_STRs_InfoLoadedPrg =
         allocate_block<STR_InfoLoadedPrg>(launch->max_launch_records * sizeof(STR_InfoLoadedPrg));
     if (launch->pc_arr_STRs_InfoLoadedPrg == nullptr)
-        return report<kLoadMemoryRecords>();
+        return report<kLaunchMemoryRecords>();
     launch->p_arr1D_hwnd_Programs = allocate_block<HWND>(n * sizeof(HWND));
     if (launch->p_arr1D_hwnd_Programs == nullptr)
-        return report<kLoadMemoryPrograms>();
+        return report<kLaunchMemoryPrograms>();
     launch->pc_arr1D_hwnd_Programs_only = allocate_block<HWND>(n * sizeof(HWND));
     if (launch->pc_arr1D_hwnd_Programs_only == nullptr)
-        return report<kLoadMemoryProgramsResult>();
+        return report<kLaunchMemoryProgramsResult>();
     launch->pc_arr1D_hwnd_Folders_only = allocate_block<HWND>(n * sizeof(HWND));
     if (launch->pc_arr1D_hwnd_Folders_only == nullptr)
-        return report<kLoadMemoryFoldersCopy>();
+        return report<kLaunchMemoryFoldersResult>();
     launch->p_arr1D_ui_failed = allocate_block<std::uint32_t>(n * sizeof(std::uint32_t));
     if (launch->p_arr1D_ui_failed == nullptr)
-        return report<kLoadMemoryFailed>();
+        return report<kLaunchMemoryFailed>();
     // Opening a folder lets messages in, so another load may run meanwhile: each has a copy of its own.
     launch->p_EntryPath = allocate_block<EntryPathBuffer>(sizeof(EntryPathBuffer));
     if (launch->p_EntryPath == nullptr)
-        return report<kLoadMemoryEntryPath>();
+        return report<kLaunchMemoryEntryPath>();
     return 1;
 }
 

@@ -100,7 +100,7 @@ void start_entries(Launch_STR* launch)
     }
 }
 
-// Searches for the folders' windows. Sets `detected`; returns 1, or kLaunch_folder_check_failed after a box.
+// Searches for the folders' windows. Sets `detected`; returns 1, or a negative result after its box.
 std::int32_t detect_folders(Launch_STR* launch, bool* detected)
 {
     *detected = false;

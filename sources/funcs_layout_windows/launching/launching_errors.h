@@ -5,25 +5,25 @@
 #include "sources/funcs_layout_windows/error_sources.h"
 
 // clang-format off
-inline constexpr ErrorRow kLoadMemoryPaths{
+inline constexpr ErrorRow kLaunchMemoryImagePath{
     .source = &kSource_profiles, .site = 5754, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
-inline constexpr ErrorRow kLoadMemoryRecords{
+inline constexpr ErrorRow kLaunchMemoryRecords{
     .source = &kSource_profiles, .site = 5768, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
-inline constexpr ErrorRow kLoadMemoryPrograms{
+inline constexpr ErrorRow kLaunchMemoryPrograms{
     .source = &kSource_profiles, .site = 5783, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
-inline constexpr ErrorRow kLoadMemoryProgramsResult{
+inline constexpr ErrorRow kLaunchMemoryProgramsResult{
     .source = &kSource_profiles, .site = 5797, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
-inline constexpr ErrorRow kLoadMemoryFoldersCopy{
+inline constexpr ErrorRow kLaunchMemoryFoldersResult{
     .source = &kSource_profiles, .site = 5812, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
-inline constexpr ErrorRow kLoadMemoryFailed{
+inline constexpr ErrorRow kLaunchMemoryFailed{
     .source = &kSource_profiles, .site = 5843, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
-inline constexpr ErrorRow kLoadMemoryEntryPath{
+inline constexpr ErrorRow kLaunchMemoryEntryPath{
     .source = &kSource_profiles, .site = 5858, .handler = 7249, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP, .detail = "error while DynMemAlloc", .result = -9};
 inline constexpr ErrorRow kLaunchCheckFolders{

@@ -19,11 +19,15 @@ namespace
 // Units asked for with WM_GETTEXT.
 constexpr std::size_t kTitleLimit_units = 1000;
 
-bool fields_present(const HWNDs_loadedPrgsProfile_STR* record)
+bool arrays_present(const HWNDs_loadedPrgsProfile_STR* record)
 {
     return record->p_hwnd_arr != nullptr && record->ptcBuf != nullptr && record->pcFileData != nullptr &&
-           record->pc_arr_STRs_InfoLoadedPrg != nullptr && record->uiSize_chars != 0 &&
-           record->uiSize_bytes != 0 && record->N_prgs != 0;
+           record->uiSize_chars != 0 && record->uiSize_bytes != 0;
+}
+
+bool fields_present(const HWNDs_loadedPrgsProfile_STR* record)
+{
+    return arrays_present(record) && record->pc_arr_STRs_InfoLoadedPrg != nullptr && record->N_prgs != 0;
 }
 
 // A window without area that is not at the origin belongs to no entry.
@@ -128,8 +132,7 @@ std::int32_t find_hwnds_Programs_fill_array(HWNDs_loadedPrgsProfile_STR* p_HWNDs
     const HWNDs_loadedPrgsProfile_STR* record = p_HWNDs_loadedPrgsProfile_STR;
     if (record == nullptr || pc_arr1D_hwnd_Programs_only == nullptr || uiN_wnds == 0)
         return report<kFindProgramsInput>(record, pc_arr1D_hwnd_Programs_only, uiN_wnds);
-    if (record->p_hwnd_arr == nullptr || record->ptcBuf == nullptr || record->pcFileData == nullptr ||
-        record->uiSize_chars == 0 || record->uiSize_bytes == 0)
+    if (!arrays_present(record))
         return report<kFindProgramsField>(record->p_hwnd_arr, record->ptcBuf, record->pcFileData,
                                           record->uiSize_chars, record->uiSize_bytes);
 

@@ -11,6 +11,7 @@ inline constexpr ErrorRow kMainSizeInput{
     .layout = ErrorLayout::SPACED,
     .detail = "incorrect input:\nhwnd_MW = %p, pSTR_GeomLt = %p, hWndBTN00 = %p, hWndBTN02 = %p",
     .result = kBadInput, .encoding = ErrorEncoding::BYTES, .title_encoding = ErrorEncoding::BYTES};
+// Quirk: the text names a function draw_arrows, which there is not; users compare reports between versions.
 inline constexpr ErrorRow kDrawMainInput{
     .source = &kSource_layout_windows, .site = 3552, .handler = 3560, .function = "draw_MainWindow",
     .layout = ErrorLayout::INLINE,

@@ -24,7 +24,7 @@ bool is_explorer_image(std::wstring_view path);
 
 // Writes `title`, shortened to at most kTitle_max_units units, and zeros up to the end of `slot`.
 // `announced_units` is the length that the system tells for the title: above kTitle_max_units the first 25
-// units, "..." and the last 20 units are kept. What is announced beyond the text that was read is not
-// believed.
+// units, "..." and the last 20 units are kept. A length beyond the text that was read
+// counts as the text's.
 void shorten_title(std::wstring_view title, std::size_t announced_units,
                    std::span<wchar_t, kTitle_slot_units> slot);

@@ -51,8 +51,8 @@ ReadableList readable_list(const std::uint8_t* bytes)
     return readable;
 }
 
-// WM_DROPFILES may come from anywhere, with anything for a handle; the shell's own routine believes what it
-// is given.
+// Any process can post a WM_DROPFILES with any number for its handle, and the shell's routine does not check
+// what it is given.
 ReadableList look_at_drop(HDROP hDrop)
 {
     const LockedMemory list(hDrop);

@@ -25,9 +25,9 @@ struct LoadedProfiles_STR {
     PerProfile arr1D_ui_N_Programs;
     std::uint32_t uiSize_DynMem_hwnds_wnds_prfl;
     std::uint32_t uiSize_DynMem_files;
-    std::uint8_t*
-        pc_hwnds_wnds_of_prfl;         // the handle area: one handle per entry, in file order, 0 = not found
-    std::uint8_t* pc_raw_FilesProfile; // the files area: the files as read
+    // The handle area: one handle per entry, in file order, 0 = not found.
+    std::uint8_t* pc_hwnds_wnds_of_prfl;
+    std::uint8_t* pc_raw_FilesProfile;    // the files area: the files as read
     PerProfile arr1D_ui_off_PrfName_beg;  // first unit of the name, in the files area
     PerProfile arr1D_ui_off_PrfName_last; // last unit of the name; unread: a name has an end mark
     PerProfile arr1D_ui_off_hwnds_beg;

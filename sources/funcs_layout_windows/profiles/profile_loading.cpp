@@ -17,7 +17,7 @@ namespace
 
 using PathBuffer = std::array<wchar_t, MAX_PATH>;
 
-// A profile file on its way through the command.
+// The profile file that a command loads.
 struct LoadedFile {
     HANDLE file;
     std::uint32_t size_bytes;

@@ -56,6 +56,7 @@ inline constexpr ErrorRow kRestoreInput{
     .layout = ErrorLayout::HANDLER_FIRST,
     .detail = "error, incorrect input parameters:\np_LoadedProfiles_STR = %p",
     .result = kBadInput};
+// Quirk: the text names the files area without its value; users compare reports between versions.
 inline constexpr ErrorRow kRestoreNoFiles{
     .source = &kSource_profiles, .site = 10480, .handler = 10587, .function = "Restore_Move_Size_wnds_Profile",
     .layout = ErrorLayout::HANDLER_FIRST,
@@ -157,6 +158,8 @@ inline constexpr ErrorRow kLoadSeek{
     .layout = ErrorLayout::SPACED_GAP,
     .detail = "one of callable functions returned error: error <- SetFilePointer( )",
     .result = -4};
+// Quirk: this text and that of kLoadReadFile name ReadFileEx for ReadFile; users compare reports between
+// versions.
 inline constexpr ErrorRow kLoadReadSignature{
     .source = &kSource_profiles, .site = 5617, .handler = 7161, .function = "onButton_LoadProfile_clicked",
     .layout = ErrorLayout::SPACED_GAP,

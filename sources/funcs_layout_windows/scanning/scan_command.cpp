@@ -21,7 +21,7 @@ namespace
 // Place and size of the List of Windows window.
 constexpr int kScanList_left = 30;
 constexpr int kScanList_top = 30;
-constexpr double kScanList_fraction_of_screen = 0.75;
+constexpr double kScanListSize_of_screen = 0.75;
 
 // Result of a step, besides 1 and the negative ones: the main window has gone, so the scan ends quietly.
 constexpr std::int32_t kScan_abandoned = 0;
@@ -99,8 +99,8 @@ std::int32_t fill_slots(STR_ENUM_WNDS_DATA* pSTR)
 void open_scan_list(HWND hwndThis, HWND* p_hwnd_ScanListView)
 {
     const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(hwndThis, GWLP_HINSTANCE));
-    const int width = truncated_product(kScanList_fraction_of_screen, GetSystemMetrics(SM_CXSCREEN));
-    const int height = truncated_product(kScanList_fraction_of_screen, GetSystemMetrics(SM_CYSCREEN));
+    const int width = truncated_product(kScanListSize_of_screen, GetSystemMetrics(SM_CXSCREEN));
+    const int height = truncated_product(kScanListSize_of_screen, GetSystemMetrics(SM_CYSCREEN));
     *p_hwnd_ScanListView =
         CreateWindowExW(0, kClass_ScanListView, L"List of windows", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
                         kScanList_left, kScanList_top, width, height, nullptr, nullptr, instance, nullptr);

@@ -23,8 +23,8 @@ private:
 // which another scan may replace the record: the first must not touch it afterwards.
 void end_scan_use();
 
-// Called when the main window goes and releases the record's blocks: a scan on its way ends quietly.
+// Called when the main window goes and releases the record's blocks: a scan that is under way ends quietly.
 void abandon_scans();
 
-// True from then on until another scan begins.
+// True after abandon_scans until another scan begins.
 bool is_scan_abandoned();

@@ -30,8 +30,8 @@ private:
     T* interface_ = nullptr;
 };
 
-// A hold on COM on this thread, when it is initialised here. While it lives, whoever initialised COM may
-// uninitialise it.
+// Keeps COM initialised on this thread, where it is, until the end of the scope: another routine may
+// uninitialise it meanwhile.
 class ComHold
 {
 public:

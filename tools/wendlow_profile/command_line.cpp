@@ -12,7 +12,7 @@ namespace profile_tool
 namespace
 {
 
-// What the arguments say, for whichever command.
+// What the arguments say, for all commands.
 struct Arguments {
     std::vector<std::string> files;
     std::string file;
@@ -30,7 +30,7 @@ constexpr const char* kFooter =
     "Exit codes: 0 fine; 1 something was found, see the output; 2 the command line is wrong;\n"
     "3 a file cannot be read or written.";
 
-// As a script gives it whose variable is not set.
+// A script whose variable is not set gives an empty argument.
 std::string refuse_nothing(const std::string& path)
 {
     return path.empty() ? "must not be empty" : "";

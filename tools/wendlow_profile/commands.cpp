@@ -25,7 +25,7 @@ ExitCode worse(ExitCode a, ExitCode b)
     return std::max(a, b);
 }
 
-void complain(const std::string& file, const std::string& what, Output* output)
+void report_problem(const std::string& file, const std::string& what, Output* output)
 {
     output->err += "wendlow-profile: " + shown(file) + ": " + what + "\n";
 }
@@ -35,7 +35,7 @@ bool read(const std::string& file, Bytes* bytes, Output* output)
     std::string why;
     if (platform::read_file(file, bytes, &why))
         return true;
-    complain(file, "cannot be read: " + why, output);
+    report_problem(file, "cannot be read: " + why, output);
     return false;
 }
 
@@ -47,9 +47,9 @@ ExitCode read_profile(const std::string& file, Bytes* bytes, Output* output)
     const std::vector<Refusal> refusals = refusals_of(*bytes);
     if (refusals.empty())
         return EXIT_FINE;
-    complain(file,
-             "the program would refuse it: " + refusals.front().what + " (wendlow-profile check tells more)",
-             output);
+    report_problem(
+        file, "the program would refuse it: " + refusals.front().what + " (wendlow-profile check tells more)",
+        output);
     return EXIT_FINDINGS;
 }
 
@@ -60,12 +60,12 @@ ExitCode write(const Destination& destination, ByteView bytes, Output* output)
     if (platform::write_new_file(destination.path, bytes, &exists, &why))
         return EXIT_FINE;
     if (exists && !destination.force) {
-        complain(destination.path, "is there already; --force replaces it", output);
+        report_problem(destination.path, "is there already; --force replaces it", output);
         return EXIT_UNREADABLE;
     }
     if (exists && platform::replace_file(destination.path, bytes, &why))
         return EXIT_FINE;
-    complain(destination.path, "cannot be written: " + why, output);
+    report_problem(destination.path, "cannot be written: " + why, output);
     return EXIT_UNREADABLE;
 }
 
@@ -153,7 +153,7 @@ bool find_missing(const ProfileParts& parts, const Relinking& relinking, const R
             [&](const std::u16string& name, const std::u16string& path) { (*found)[name].push_back(path); },
             &why);
         if (!searched) {
-            complain(folder, "cannot be searched: " + why, output);
+            report_problem(folder, "cannot be searched: " + why, output);
             return false;
         }
     }
@@ -274,7 +274,7 @@ ExitCode from_json_command(const std::string& file, const Destination& destinati
     Bytes profile;
     std::string why;
     if (!profile_of_json({reinterpret_cast<const char*>(json.data()), json.size()}, &profile, &why)) {
-        complain(file, why, output);
+        report_problem(file, why, output);
         return EXIT_UNREADABLE;
     }
     return write(destination, profile, output);
@@ -300,7 +300,7 @@ ExitCode relink_command(const std::string& file, const Destination& destination,
     // A file that hides its name among the paths may not stand their change.
     const std::vector<Refusal> refusals = refusals_of(relinked);
     if (!refusals.empty()) {
-        complain(file, "the program would refuse the result: " + refusals.front().what, output);
+        report_problem(file, "the program would refuse the result: " + refusals.front().what, output);
         return EXIT_UNREADABLE;
     }
     const ExitCode written = write(destination, relinked, output);
@@ -314,7 +314,7 @@ ExitCode open_command(const std::string& file, Output* output)
     const std::optional<std::string> why = platform::open_profile(file);
     if (!why)
         return EXIT_FINE;
-    complain(file, *why, output);
+    report_problem(file, *why, output);
     return EXIT_UNREADABLE;
 }
 

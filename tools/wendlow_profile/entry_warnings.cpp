@@ -106,10 +106,10 @@ bool touches(const profile_file::Entry& entry, const MonitorRectangle& monitor)
 }
 
 // Looks at one entry after the other.
-class EntryWatch
+class EntryInspection
 {
 public:
-    EntryWatch(ByteView file, const Surroundings& surroundings)
+    EntryInspection(ByteView file, const Surroundings& surroundings)
         : file_(file), n_(profile_file::window_count(file)), surroundings_(surroundings)
     {
     }
@@ -134,7 +134,7 @@ private:
     std::array<std::unordered_map<std::u16string, Gathered>, 2> same_;
 };
 
-void EntryWatch::look_at(const profile_file::Entry& entry)
+void EntryInspection::look_at(const profile_file::Entry& entry)
 {
     const std::u16string path = path_for_system(entry);
     look_at_path(entry, path);
@@ -147,7 +147,7 @@ void EntryWatch::look_at(const profile_file::Entry& entry)
                &same_[entry.kind][without_case(path)]);
 }
 
-void EntryWatch::look_at_path(const profile_file::Entry& entry, const std::u16string& path)
+void EntryInspection::look_at_path(const profile_file::Entry& entry, const std::u16string& path)
 {
     const auto offset = static_cast<std::uint64_t>(entry.path - file_.data());
     const std::uint8_t* terminator = entry.path + entry.path_bytes;
@@ -170,7 +170,7 @@ void EntryWatch::look_at_path(const profile_file::Entry& entry, const std::u16st
         note(Trait::NOT_THERE, entry, offset);
 }
 
-void EntryWatch::look_at_rectangle(const profile_file::Entry& entry)
+void EntryInspection::look_at_rectangle(const profile_file::Entry& entry)
 {
     if ((entry.width == 0) != (entry.height == 0))
         note(Trait::ONE_ZERO, entry,
@@ -185,18 +185,18 @@ void EntryWatch::look_at_rectangle(const profile_file::Entry& entry)
         note(Trait::OFF_SCREEN, entry, offset_in(profile_file::Array::X, entry));
 }
 
-void EntryWatch::note(Trait trait, const profile_file::Entry& entry, std::uint64_t offset)
+void EntryInspection::note(Trait trait, const profile_file::Entry& entry, std::uint64_t offset)
 {
     gather(entry, offset, &traits_[trait]);
 }
 
-std::uint64_t EntryWatch::offset_in(profile_file::Array array, const profile_file::Entry& entry) const
+std::uint64_t EntryInspection::offset_in(profile_file::Array array, const profile_file::Entry& entry) const
 {
     return profile_file::offset_of_array(n_, array) +
            std::uint64_t{profile_file::kNumber_bytes} * entry.index;
 }
 
-std::vector<Warning> EntryWatch::warnings() const
+std::vector<Warning> EntryInspection::warnings() const
 {
     std::vector<Warning> all;
     for (const auto& [trait, gathered] : traits_) {
@@ -208,8 +208,8 @@ std::vector<Warning> EntryWatch::warnings() const
     return all;
 }
 
-void EntryWatch::append_same(std::uint8_t kind, const char* what, const char* advice,
-                             std::vector<Warning>* all) const
+void EntryInspection::append_same(std::uint8_t kind, const char* what, const char* advice,
+                                  std::vector<Warning>* all) const
 {
     const std::size_t first = all->size();
     for (const auto& [path, gathered] : same_[kind]) {
@@ -224,10 +224,10 @@ void EntryWatch::append_same(std::uint8_t kind, const char* what, const char* ad
 
 std::vector<Warning> entry_warnings_of(ByteView file, const Surroundings& surroundings)
 {
-    EntryWatch watch(file, surroundings);
+    EntryInspection inspection(file, surroundings);
     for (const profile_file::Entry& entry : profile_file::entries(file.data()))
-        watch.look_at(entry);
-    return watch.warnings();
+        inspection.look_at(entry);
+    return inspection.warnings();
 }
 
 } // namespace profile_tool

@@ -58,22 +58,18 @@ void append_tail_warnings(ByteView file, const Ending& ending, std::vector<Warni
 {
     if (!ending.has_name_of_its_own())
         return;
-    const ByteView between = file.subspan(ending.paths_end, ending.name_begin - ending.paths_end);
-    const std::uint64_t tail = std::min<std::uint64_t>(
-        static_cast<std::uint64_t>(
-            std::find_if(between.begin(), between.end(), [](std::uint8_t byte) { return byte != 0; }) -
-            between.begin()),
-        ending.all_paths);
+    const std::uint64_t between = ending.name_begin - ending.paths_end;
+    const std::uint64_t tail = zero_tail_of(file, ending);
     if (tail < ending.all_paths)
         all->push_back(about_file("zero tail", ending.paths_end,
                                   "has " + std::to_string(tail) + " of the " +
                                       std::to_string(ending.all_paths) +
                                       " zero bytes that belong between the paths and the name",
                                   "The program takes it; other readers may look for the name elsewhere."));
-    if (tail < between.size())
+    if (tail < between)
         all->push_back(about_file("surplus", ending.paths_end + tail,
-                                  std::to_string(between.size() - tail) +
-                                      (between.size() - tail == 1 ? " byte" : " bytes") +
+                                  std::to_string(between - tail) +
+                                      (between - tail == 1 ? " byte" : " bytes") +
                                       " too many between the paths and the name",
                                   "The program passes over them."));
 }

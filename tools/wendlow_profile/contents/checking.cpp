@@ -12,6 +12,18 @@ namespace
 
 using profile_file::Field;
 
+// The length of the path of entry `index`, whose number lies inside the file.
+std::uint64_t length_of_path(ByteView file, std::uint64_t index)
+{
+    const std::uint64_t n = profile_file::window_count(file);
+    const std::uint64_t offset = profile_file::offset_of_array(n, profile_file::Array::PATH_LENGTH) +
+                                 profile_file::kNumber_bytes * index;
+    std::uint64_t length = 0;
+    for (std::size_t i = profile_file::kNumber_bytes; i-- > 0;)
+        length = length << 8 | file[offset + i];
+    return length;
+}
+
 std::uint64_t offset_of_field(ByteView file, const profile_file::ExtentFault& fault)
 {
     const std::uint64_t n = profile_file::window_count(file);
@@ -38,11 +50,8 @@ std::uint64_t offset_of_field(ByteView file, const profile_file::ExtentFault& fa
     case Field::PATH: {
         // All lengths are there when a path is what does not fit.
         std::uint64_t offset = profile_file::offset_of_paths(n);
-        const std::uint8_t* lengths =
-            file.data() + profile_file::offset_of_array(n, profile_file::Array::PATH_LENGTH);
         for (std::uint64_t i = 0; i < fault.entry; ++i)
-            offset += std::uint64_t{profile_file::window_count({lengths + 4 * i, 4})} +
-                      profile_file::kTerminator_bytes;
+            offset += length_of_path(file, i) + profile_file::kTerminator_bytes;
         return offset;
     }
     }
@@ -139,9 +148,7 @@ std::string past_end_what(ByteView file, const profile_file::ExtentFault& fault,
                " windows, as the file's first four bytes say, this field lies at "
                "or across the end of " +
                size;
-    const std::uint8_t* lengths =
-        file.data() + profile_file::offset_of_array(n, profile_file::Array::PATH_LENGTH);
-    const std::uint64_t length = profile_file::window_count({lengths + std::uint64_t{4} * fault.entry, 4});
+    const std::uint64_t length = length_of_path(file, fault.entry);
     return "the path of " + bytes_text(length) + " with its terminator would end at byte " +
            std::to_string(offset + length + profile_file::kTerminator_bytes) + " of " + size;
 }

@@ -14,8 +14,8 @@ namespace profile_tool
 // One reason why the program does not load a file.
 struct Refusal {
     std::optional<std::uint32_t> entry; // counted from 0, as in the program's boxes
-    std::string field;
-    std::uint64_t offset; // of the field, in bytes
+    std::string field;                  // its name in the file's layout
+    std::uint64_t offset;               // of the field, in bytes
     std::string what;
     std::string box;  // the text of the program's box, without the places in the source around it
     int line;         // the number under "line:" in that box

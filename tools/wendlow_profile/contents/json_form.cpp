@@ -24,7 +24,6 @@ using Json = nlohmann::json;
 
 constexpr const char* kFormat = "wendlow profile";
 constexpr int kVersion = 1;
-constexpr std::uint64_t kFile_max_bytes = 0xFFFFFFFF; // the program reads 32 bits of a file's size
 
 // What is wrong with a form, and where.
 class FormError : public std::runtime_error
@@ -205,9 +204,9 @@ ProfileParts parts_of_form(const Json& form)
     return parts;
 }
 
-// A name given twice would silently count once. The library's own watch over its reading looks at the whole
-// array behind each entry, so the text is gone through once more instead.
-class DoublesWatch : public nlohmann::json_sax<Json>
+// Refuses a name that stands twice in one object, of which the library would take one. A check inside its
+// reading would look at the whole array behind each entry, so the text is read once more instead.
+class DuplicateNameCheck : public nlohmann::json_sax<Json>
 {
 public:
     bool start_object(std::size_t) override
@@ -245,12 +244,12 @@ private:
     std::vector<std::set<std::string>> open_objects_;
 };
 
-Json parse_without_doubles(std::string_view json)
+Json parse_without_duplicates(std::string_view json)
 {
     if (json.starts_with("\xFF\xFE") || json.starts_with("\xFE\xFF"))
         throw FormError("", "it is UTF-16, as some shells write what they redirect; UTF-8 is wanted");
-    DoublesWatch watch;
-    Json::sax_parse(json, &watch);
+    DuplicateNameCheck check;
+    Json::sax_parse(json, &check);
     return Json::parse(json);
 }
 
@@ -351,7 +350,7 @@ std::string json_of_profile(ByteView accepted_file)
 bool profile_of_json(std::string_view json, Bytes* file, std::string* why)
 {
     try {
-        const ProfileParts parts = parts_of_form(parse_without_doubles(json));
+        const ProfileParts parts = parts_of_form(parse_without_duplicates(json));
         Bytes bytes = put_together(parts);
         require_loadable(parts, bytes);
         *file = std::move(bytes);

@@ -43,6 +43,14 @@ Ending ending_of(ByteView accepted_file)
     return ending;
 }
 
+std::uint64_t zero_tail_of(ByteView accepted_file, const Ending& ending)
+{
+    const ByteView between = accepted_file.subspan(ending.paths_end, ending.name_begin - ending.paths_end);
+    const auto end =
+        std::find_if(between.begin(), between.end(), [](std::uint8_t byte) { return byte != 0; });
+    return std::min(static_cast<std::uint64_t>(end - between.begin()), ending.all_paths);
+}
+
 ProfileParts take_apart(ByteView accepted_file)
 {
     ProfileParts parts;
@@ -62,11 +70,7 @@ ProfileParts take_apart(ByteView accepted_file)
         parts.after_paths = copy_of(accepted_file, ending.paths_end, accepted_file.size());
         return parts;
     }
-    const ByteView between = accepted_file.subspan(ending.paths_end, ending.name_begin - ending.paths_end);
-    const auto zeros = static_cast<std::uint64_t>(
-        std::find_if(between.begin(), between.end(), [](std::uint8_t byte) { return byte != 0; }) -
-        between.begin());
-    const std::uint64_t tail = std::min(zeros, ending.all_paths);
+    const std::uint64_t tail = zero_tail_of(accepted_file, ending);
     if (tail != ending.all_paths)
         parts.zero_tail_bytes = tail;
     parts.surplus = copy_of(accepted_file, ending.paths_end + tail, ending.name_begin);

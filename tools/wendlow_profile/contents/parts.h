@@ -11,6 +11,7 @@
 namespace profile_tool
 {
 
+// One entry, with the bytes of its path.
 struct EntryParts {
     std::uint8_t kind = 0;
     std::int32_t x = 0;
@@ -23,6 +24,7 @@ struct EntryParts {
     bool operator==(const EntryParts&) const = default;
 };
 
+// A whole file.
 struct ProfileParts {
     std::vector<EntryParts> entries;
     // Zero bytes between the paths and the name: as many as all paths have bytes, or this many.
@@ -47,6 +49,10 @@ struct Ending {
 };
 Ending ending_of(ByteView accepted_file);
 
+// How many zero bytes stand between the paths and a name of its own, at most as many as all paths have.
+std::uint64_t zero_tail_of(ByteView accepted_file, const Ending& ending);
+
+// The parts of a file that readers take, and the file that parts make; each undoes the other.
 ProfileParts take_apart(ByteView accepted_file);
 Bytes put_together(const ProfileParts& parts);
 

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <vector>
 
+#include "tools/wendlow_profile/system/error_text.h"
+
 namespace profile_tool
 {
 
@@ -17,15 +19,6 @@ constexpr wchar_t kProgram[] = L"wendlow.exe";
 constexpr std::size_t kPath_max_units = 2047; // of a path that a drop may bring to the program
 constexpr ULONGLONG kStart_max_ms = 30000;
 constexpr DWORD kLook_again_ms = 50;
-
-std::wstring text_of_error(DWORD error)
-{
-    wchar_t text[512] = L"";
-    const DWORD units = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
-                                           FORMAT_MESSAGE_MAX_WIDTH_MASK,
-                                       nullptr, error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    return units == 0 ? L"error " + std::to_wstring(error) : std::wstring(text, units);
-}
 
 std::wstring path_beside_this_program(const wchar_t* name)
 {

@@ -28,7 +28,7 @@ struct Surroundings {
 namespace platform
 {
 
-// Each result tells in `why` what the system has against it.
+// Reads a whole file. When this or one of the next three fails, `why` tells the system's reason.
 bool read_file(const std::string& path, Bytes* bytes, std::string* why);
 
 // Creates the file; one that is there already is left alone, with `exists` set. Nothing is left of a file
@@ -43,6 +43,7 @@ bool find_files(const std::string& folder, const std::function<bool(const std::u
                 const std::function<void(const std::u16string& name, const std::u16string& path)>& found,
                 std::string* why);
 
+// Changes small letters to capitals as the file system does when it compares names.
 void put_in_capitals(std::u16string* text);
 
 // This computer.

@@ -26,7 +26,6 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kFile_max_bytes = 0xFFFFFFFF; // the program reads 32 bits of a file's size
 constexpr std::size_t kRead_bytes = 1 << 20;
 constexpr int kTemporaryNames = 100;
 

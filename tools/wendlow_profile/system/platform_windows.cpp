@@ -7,6 +7,7 @@
 #include <set>
 #include <utility>
 
+#include "tools/wendlow_profile/system/error_text.h"
 #include "tools/wendlow_profile/system/opening.h"
 #include "tools/wendlow_profile/system/wide_text.h"
 
@@ -16,7 +17,6 @@ namespace profile_tool::platform
 namespace
 {
 
-constexpr std::size_t kFile_max_bytes = 0xFFFFFFFF; // the program reads 32 bits of a file's size
 constexpr DWORD kCall_max_bytes = 1 << 20;
 constexpr int kTemporaryNames = 100;
 
@@ -42,12 +42,7 @@ private:
 
 bool fail(DWORD error, std::string* why)
 {
-    wchar_t text[512] = L"";
-    const DWORD units = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS |
-                                           FORMAT_MESSAGE_MAX_WIDTH_MASK,
-                                       nullptr, error, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    *why = units == 0 ? "error " + std::to_string(error)
-                      : utf8_of(units_of_wide(std::wstring_view(text, units)));
+    *why = utf8_of(units_of_wide(text_of_error(error)));
     while (why->ends_with(' '))
         why->pop_back();
     return false;
@@ -114,8 +109,8 @@ std::optional<std::pair<DWORD, std::uint64_t>> identity_of(const std::wstring& f
                      std::uint64_t{info.nFileIndexHigh} << 32 | info.nFileIndexLow);
 }
 
-// A junction or symbolic link may lead back to where the search came from.
-bool is_way_elsewhere(const WIN32_FIND_DATAW& entry)
+// True for a junction or a symbolic link, which may lead back to where the search came from.
+bool is_link(const WIN32_FIND_DATAW& entry)
 {
     return (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            (entry.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT || entry.dwReserved0 == IO_REPARSE_TAG_SYMLINK);
@@ -221,7 +216,7 @@ bool find_files(const std::string& folder, const std::function<bool(const std::u
                 const std::u16string capitals = without_case(units_of_wide(name));
                 if (wants(capitals))
                     found(capitals, units_of_wide(begin + entry.cFileName));
-            } else if (name != L"." && name != L".." && !is_way_elsewhere(entry)) {
+            } else if (name != L"." && name != L".." && !is_link(entry)) {
                 folders.push_back(begin + entry.cFileName);
             }
         }

@@ -34,11 +34,10 @@ void lower_case_ascii(std::span<wchar_t> text)
     std::transform(text.begin(), text.end(), text.begin(), lower_ascii);
 }
 
-bool is_excluded_class(std::span<wchar_t> class_name)
+bool is_excluded_class(std::wstring_view lower_case_name)
 {
-    lower_case_ascii(class_name);
-    const std::wstring_view name(class_name.data(), class_name.size());
-    return std::find(kExcludedClasses.begin(), kExcludedClasses.end(), name) != kExcludedClasses.end();
+    return std::find(kExcludedClasses.begin(), kExcludedClasses.end(), lower_case_name) !=
+           kExcludedClasses.end();
 }
 
 bool is_explorer_image(std::wstring_view path)

@@ -16,8 +16,9 @@ inline constexpr std::size_t kTitle_tail_units = 20;
 // Changes the ASCII letters A to Z to lower case in place; every other unit is left as it is.
 void lower_case_ascii(std::span<wchar_t> text);
 
-// True for the window classes that are never listed or matched. Changes `class_name` to lower case in place.
-bool is_excluded_class(std::span<wchar_t> class_name);
+// True for the window classes that are never listed or matched. The name is compared as lower_case_ascii
+// leaves it.
+bool is_excluded_class(std::wstring_view lower_case_name);
 
 // True when the last 12 units of an image path are "explorer.exe" in any case. A shorter path never is.
 bool is_explorer_image(std::wstring_view path);

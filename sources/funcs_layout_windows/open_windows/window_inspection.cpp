@@ -32,9 +32,11 @@ bool read_title(HWND hwnd, std::span<wchar_t> title)
 
 bool has_excluded_class(HWND hwnd)
 {
-    std::array<wchar_t, kClassName_max_units> name{};
-    const int length = GetClassNameW(hwnd, name.data(), kClassName_max_units);
-    return is_excluded_class({name.data(), static_cast<std::size_t>(std::max(length, 0))});
+    std::array<wchar_t, kClassName_max_units> buffer{};
+    const int length = GetClassNameW(hwnd, buffer.data(), kClassName_max_units);
+    const std::span<wchar_t> name(buffer.data(), static_cast<std::size_t>(std::max(length, 0)));
+    lower_case_ascii(name);
+    return is_excluded_class({name.data(), name.size()});
 }
 
 bool window_qualifies(HWND hwnd, std::span<wchar_t> title)

@@ -16,9 +16,9 @@ constexpr double kButtonsRight_fixed = 30.0;
 constexpr std::int32_t kHeightLabel_extra = 5;
 
 // A fixed part and a share of the screen, truncated once, after the sum.
-std::int32_t sum_truncated(double fixed, double share, std::int32_t screen)
+std::int32_t sum_truncated(double fixed, double fraction, std::int32_t length)
 {
-    return static_cast<std::int32_t>(fixed + share * static_cast<double>(screen));
+    return static_cast<std::int32_t>(fixed + fraction * static_cast<double>(length));
 }
 
 } // namespace

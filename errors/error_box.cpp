@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
-#include "sources/win32/bytes_as_wide.h"
-#include "sources/win32/wait_cursor.h"
+#include "errors/bytes_as_wide.h"
+#include "errors/wait_cursor_pause.h"
 
 namespace
 {

@@ -1,10 +1,29 @@
 #include "errors/system_error_box.h"
 
-#include "sources/win32/bytes_as_wide.h"
-#include "sources/win32/owners/memory_block.h"
-#include "sources/win32/wait_cursor.h"
+#include "errors/bytes_as_wide.h"
+#include "errors/wait_cursor_pause.h"
 
 DWORD last_system_error;
+
+namespace
+{
+
+// A text that the system hands out in a block of its own, freed with LocalFree.
+class LocalText
+{
+public:
+    LocalText() = default;
+    LocalText(const LocalText&) = delete;
+    LocalText& operator=(const LocalText&) = delete;
+    ~LocalText() { LocalFree(text_); }
+    [[nodiscard]] const wchar_t* get() const { return text_; }
+    wchar_t** out() { return &text_; }
+
+private:
+    wchar_t* text_ = nullptr;
+};
+
+} // namespace
 
 void show_system_error(DWORD code, ErrorEncoding title_encoding)
 {

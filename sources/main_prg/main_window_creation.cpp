@@ -4,10 +4,10 @@
 
 #include <cstdint>
 
+#include "errors/bytes_as_wide.h"
 #include "sources/funcs_layout_windows/drawing/fonts.h"
 #include "sources/main_prg/main_errors.h"
 #include "sources/win32/accessible_name.h"
-#include "sources/win32/bytes_as_wide.h"
 #include "sources/win32/controls.h"
 
 namespace

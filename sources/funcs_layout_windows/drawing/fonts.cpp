@@ -4,8 +4,8 @@
 #include <array>
 #include <cstring>
 
+#include "errors/bytes_as_wide.h"
 #include "sources/funcs_layout_windows/drawing/drawing_errors.h"
-#include "sources/win32/bytes_as_wide.h"
 #include "sources/win32/owners/device_contexts.h"
 #include "sources/win32/owners/gdi_object.h"
 #include "sources/win32/pixel_rect.h"

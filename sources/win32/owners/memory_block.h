@@ -60,18 +60,3 @@ private:
     HGLOBAL memory_;
     void* bytes_;
 };
-
-// A text that the system hands out in a block of its own, freed with LocalFree.
-class LocalText
-{
-public:
-    LocalText() = default;
-    LocalText(const LocalText&) = delete;
-    LocalText& operator=(const LocalText&) = delete;
-    ~LocalText() { LocalFree(text_); }
-    [[nodiscard]] const wchar_t* get() const { return text_; }
-    wchar_t** out() { return &text_; }
-
-private:
-    wchar_t* text_ = nullptr;
-};

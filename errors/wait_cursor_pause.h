@@ -1,8 +1,8 @@
 // The wait cursor gives way to the arrow while a message box is up.
 #pragma once
 
-// How many scopes show the wait cursor since the last pause began; counted by win32/wait_cursor. It belongs
-// to the this belongs to the one thread that has windows.
+// How many scopes show the wait cursor since the last pause began; counted by win32/wait_cursor. Belongs to
+// the one thread that has windows.
 extern int wait_cursor_scopes;
 
 // Shows the arrow in the place of the wait cursor up to the end of the scope: while a message box is up the

@@ -16,12 +16,12 @@ namespace
 
 constexpr DWORD kListStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS;
 constexpr DWORD kListExtendedStyle = LVS_EX_GRIDLINES | LVS_EX_CHECKBOXES | LVS_EX_DOUBLEBUFFER;
-constexpr int kRowNumber_max_units = 40;
 
 constexpr std::array<const wchar_t*, kScanList_columns> kHeadings{L"#", L"Window name", L"X",
                                                                   L"Y", L"Width",       L"Height"};
 
-using NumberText = std::array<wchar_t, 16>;
+constexpr int kNumber_max_units = 40; // with the closing zero
+using NumberText = std::array<wchar_t, kNumber_max_units>;
 
 NumberText number_text(std::int32_t number)
 {
@@ -65,7 +65,7 @@ InsertedRow insert_row(HWND hwndLV, std::uint32_t row)
     item.mask = LVIF_TEXT;
     item.iItem = static_cast<int>(row);
     item.pszText = number.data();
-    item.cchTextMax = kRowNumber_max_units;
+    item.cchTextMax = kNumber_max_units;
     InsertedRow inserted{};
     inserted.index =
         static_cast<int>(SendMessageW(hwndLV, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));

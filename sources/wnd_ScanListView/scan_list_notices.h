@@ -2,7 +2,7 @@
 #pragma once
 
 #include "errors/error_box.h"
-#include "sources/wnd_ScanListView/saving/error_sources.h"
+#include "sources/wnd_ScanListView/saving/scan_list_error_source.h"
 
 // clang-format off
 inline constexpr ErrorRow kMoveNothingTicked{

@@ -4,7 +4,7 @@
 #include "sources/main_prg/main_errors.h"
 #include "sources/wnd_ModifyCell/modify_cell_errors.h"
 #include "sources/wnd_ProfileName/profile_name_errors.h"
-#include "sources/wnd_ScanListView/saving/error_sources.h"
+#include "sources/wnd_ScanListView/saving/scan_list_error_source.h"
 
 namespace
 {

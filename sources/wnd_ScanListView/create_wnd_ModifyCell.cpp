@@ -3,6 +3,7 @@
 #include "errors/system_error_box.h"
 #include "sources/win32/window_classes.h"
 #include "sources/wnd_ModifyCell/modify_cell_layout.h"
+#include "sources/wnd_ModifyCell/modify_cell_window.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 
 namespace

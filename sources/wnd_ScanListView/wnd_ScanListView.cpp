@@ -12,7 +12,7 @@
 #include "sources/win32/own_window.h"
 #include "sources/win32/owners/device_contexts.h"
 #include "sources/win32/wait_cursor.h"
-#include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
+#include "sources/wnd_ModifyCell/modify_cell_window.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/list_view.h"
 #include "sources/wnd_ScanListView/move_command.h"

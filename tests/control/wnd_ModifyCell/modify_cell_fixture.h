@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
+#include "sources/wnd_ModifyCell/modify_cell_applying.h"
 #include "sources/wnd_ModifyCell/wnd_ModifyCell.h"
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
 #include "tests/control/scanning/scan_fixture.h"

@@ -41,7 +41,7 @@ inline constexpr std::size_t kMessageCapacity_units = 2048;
 
 // A source module that reports.
 struct ErrorSource {
-    const char* file;          // the module's path as printed
+    const char* file;          // the module's path as printed; a named array, which the program holds once
     std::uint32_t* error_site; // the module's error-site variable: the site reported last
     wchar_t* message;          // its shared message buffer, overwritten by every report
 };

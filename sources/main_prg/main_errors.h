@@ -5,8 +5,9 @@
 
 extern std::uint32_t error_site_main;
 extern wchar_t message_main[kMessageCapacity_units];
+inline constexpr char kFile_main[] = "sources/main_prg";
 inline constexpr ErrorSource kSource_main{
-    .file = "sources/main_prg", .error_site = &error_site_main, .message = message_main};
+    .file = kFile_main, .error_site = &error_site_main, .message = message_main};
 
 // clang-format off
 inline constexpr ErrorRow kGetMessage{

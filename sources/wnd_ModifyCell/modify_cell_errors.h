@@ -5,7 +5,6 @@
 
 extern std::uint32_t error_site_modify_cell;
 extern wchar_t message_modify_cell[kMessageCapacity_units];
-// Named so that the program holds it once, not once for each source file that reports.
 inline constexpr char kFile_modify_cell[] = "sources/wnd_ModifyCell";
 inline constexpr ErrorSource kSource_modify_cell{
     .file = kFile_modify_cell, .error_site = &error_site_modify_cell, .message = message_modify_cell};

@@ -5,9 +5,9 @@
 
 extern std::uint32_t error_site_profile_name;
 extern wchar_t message_profile_name[kMessageCapacity_units];
-inline constexpr ErrorSource kSource_profile_name{.file = "sources/wnd_ProfileName",
-                                                  .error_site = &error_site_profile_name,
-                                                  .message = message_profile_name};
+inline constexpr char kFile_profile_name[] = "sources/wnd_ProfileName";
+inline constexpr ErrorSource kSource_profile_name{
+    .file = kFile_profile_name, .error_site = &error_site_profile_name, .message = message_profile_name};
 
 // clang-format off
 // The blanks at the end of this detail and of kNameOkFailed's belong to the texts.

@@ -5,7 +5,6 @@
 
 extern std::uint32_t error_site_scan_list;
 extern wchar_t message_scan_list[kMessageCapacity_units];
-// Named so that the program holds it once, not once for each source file that reports.
 inline constexpr char kFile_scan_list[] = "sources/wnd_ScanListView";
 inline constexpr ErrorSource kSource_scan_list{
     .file = kFile_scan_list, .error_site = &error_site_scan_list, .message = message_scan_list};

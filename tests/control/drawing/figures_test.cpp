@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "tests/control/drawing/canvas.h"
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"

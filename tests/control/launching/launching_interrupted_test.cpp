@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "sources/funcs_layout_windows/profiles/apply_command.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/profiles/recorded_blocks.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/recorded_blocks.h"
 #include "tests/support/basics/com_apartment.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/windows/windows_lookup.h"

@@ -4,9 +4,9 @@
 
 #include <objbase.h>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/profiles/recorded_placing.h"
-#include "tests/control/win32/silent_windows.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/recorded_placing.h"
+#include "tests/control/fixtures/silent_windows.h"
 #include "tests/support/processes/fixture_programs.h"
 
 // The order in which a load starts, searches and places, and which window it restores.

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/windows/windows_lookup.h"
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/processes/fixture_programs.h"
 

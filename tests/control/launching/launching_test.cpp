@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "sources/funcs_layout_windows/profiles/profile_loading.h"
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/windows/windows_lookup.h"

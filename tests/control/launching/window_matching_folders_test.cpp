@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/basics/text.h"
 
 // Which folder window belongs to which entry, and when all folders count as loaded.

@@ -6,7 +6,7 @@
 
 #include <cstddef>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/windows/windows_lookup.h"
 
 namespace

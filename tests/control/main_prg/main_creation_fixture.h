@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "sources/main_prg/main_window.h"
-#include "tests/control/main_prg/main_window_fixture.h"
+#include "tests/control/fixtures/main_window_fixture.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/control_ids.h"
 

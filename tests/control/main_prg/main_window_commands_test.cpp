@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/main_window_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/control/drawing/screen_of_size.h"
+#include "tests/control/fixtures/screen_of_size.h"
 #include "tests/control/main_prg/main_creation_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

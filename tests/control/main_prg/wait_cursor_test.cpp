@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/profiles/profile_loading.h"
-#include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/scanning/scan_fixture.h"
-#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/control/wnd_ProfileName/profile_name_fixture.h"
+#include "tests/control/fixtures/main_window_fixture.h"
+#include "tests/control/fixtures/modify_cell_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/profile_name_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/profiles/profile_encoder.h"

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/drawing/figures.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/control/main_view/created_geometry.h"
-#include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"

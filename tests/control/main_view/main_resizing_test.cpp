@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "sources/main_prg/main_window.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/control/main_view/created_geometry.h"
-#include "tests/control/scanning/scan_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

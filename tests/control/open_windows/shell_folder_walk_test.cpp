@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "sources/funcs_layout_windows/scanning/explorer_folders.h"
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/basics/com_apartment.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/folder_windows/folder_windows_script.h"

@@ -5,9 +5,9 @@
 #include <cstring>
 #include <utility>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/profiles/recorded_placing.h"
-#include "tests/control/win32/silent_windows.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/recorded_placing.h"
+#include "tests/control/fixtures/silent_windows.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/processes/fixture_programs.h"
 

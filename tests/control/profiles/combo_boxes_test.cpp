@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/basics/text.h"
 
 namespace

@@ -6,8 +6,8 @@
 #include <cstring>
 #include <memory>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/profiles/recorded_blocks.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/recorded_blocks.h"
 
 // How the loaded-profiles store is set up and released.
 

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <memory>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 
 namespace
 {

@@ -5,7 +5,7 @@
 #include <cderr.h>
 #include <commdlg.h>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/basics/com_apartment.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/boxes/file_dialogs.h"

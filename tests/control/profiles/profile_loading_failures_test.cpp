@@ -6,9 +6,9 @@
 #include <memory>
 #include <utility>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/profiles/recorded_blocks.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/recorded_blocks.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
 
 // System calls that fail while a file is loaded, and files that are not what they seemed to be: what is
 // shown, and what of the file and of the memory is kept.

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <map>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/profiles/hostile_files.h"
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/profiles/profile_encoder.h"

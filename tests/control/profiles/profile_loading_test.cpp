@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 
 namespace
 {

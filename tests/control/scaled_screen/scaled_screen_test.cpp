@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/profiles/apply_command.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/scanning/scan_fixture.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/processes/fixture_programs.h"
 #include "tests/support/windows/control_ids.h"

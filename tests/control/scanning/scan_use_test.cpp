@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/main_window_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/quit_message.h"

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/launching/window_matching.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/basics/files.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

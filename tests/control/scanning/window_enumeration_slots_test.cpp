@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/imports/import_patch.h"
 
 // What the second pass writes of a window: its title, place and size, and where they stand in their block.

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/scanning/scan_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

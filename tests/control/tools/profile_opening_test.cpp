@@ -6,8 +6,8 @@
 
 #include <map>
 
-#include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/profiles/profile_fixture.h"
+#include "tests/control/fixtures/main_window_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/profiles/hostile_files.h"
 #include "tests/support/windows/control_ids.h"

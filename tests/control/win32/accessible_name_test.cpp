@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "tests/control/main_prg/main_window_fixture.h"
-#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/control/wnd_ProfileName/profile_name_fixture.h"
+#include "tests/control/fixtures/main_window_fixture.h"
+#include "tests/control/fixtures/modify_cell_fixture.h"
+#include "tests/control/fixtures/profile_name_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/control_ids.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/control/win32/silent_windows.h"
+#include "tests/control/fixtures/silent_windows.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/processes/fixture_programs.h"

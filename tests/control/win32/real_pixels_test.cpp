@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "sources/win32/foreign_window.h"
-#include "tests/control/wnd_ScanListView/list_fixture.h"
+#include "tests/control/fixtures/list_fixture.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/thread_scale.h"

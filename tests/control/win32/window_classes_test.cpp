@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "sources/wnd_ScanListView/create_wnd_ModifyCell.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ProfileName/profile_name_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/profile_name_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/control/fixtures/modify_cell_fixture.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/drawing/screen_of_size.h"
-#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/control/fixtures/modify_cell_fixture.h"
+#include "tests/control/fixtures/screen_of_size.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"
 #include "tests/support/imports/import_patch.h"

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
+#include "tests/control/fixtures/modify_cell_fixture.h"
 #include "tests/support/basics/platform.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/imports/import_patch.h"

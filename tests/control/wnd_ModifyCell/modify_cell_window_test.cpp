@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/drawing/screen_of_size.h"
-#include "tests/control/wnd_ModifyCell/modify_cell_fixture.h"
-#include "tests/control/wnd_ScanListView/windows_made.h"
+#include "tests/control/fixtures/modify_cell_fixture.h"
+#include "tests/control/fixtures/screen_of_size.h"
+#include "tests/control/fixtures/windows_made.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/control_ids.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ProfileName/profile_name_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/profile_name_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/control_ids.h"

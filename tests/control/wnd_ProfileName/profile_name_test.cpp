@@ -4,8 +4,8 @@
 
 #include <optional>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ProfileName/profile_name_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/profile_name_fixture.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/windows/control_ids.h"
 

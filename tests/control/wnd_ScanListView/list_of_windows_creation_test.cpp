@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/drawing/screen_of_size.h"
-#include "tests/control/scanning/scan_fixture.h"
-#include "tests/control/wnd_ScanListView/list_fixture.h"
+#include "tests/control/fixtures/list_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
+#include "tests/control/fixtures/screen_of_size.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/scanning/scan_fixture.h"
-#include "tests/control/wnd_ScanListView/list_fixture.h"
-#include "tests/control/wnd_ScanListView/windows_made.h"
+#include "tests/control/fixtures/list_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
+#include "tests/control/fixtures/windows_made.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/windows/control_ids.h"

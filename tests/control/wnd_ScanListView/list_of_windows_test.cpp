@@ -7,8 +7,8 @@
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
 #include "sources/wnd_ScanListView/scan_list_state.h"
-#include "tests/control/scanning/scan_fixture.h"
-#include "tests/control/wnd_ScanListView/list_fixture.h"
+#include "tests/control/fixtures/list_fixture.h"
+#include "tests/control/fixtures/scan_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/boxes/report_texts.h"

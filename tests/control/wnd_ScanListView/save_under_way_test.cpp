@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/profiles/recorded_blocks.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/recorded_blocks.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
 
 // A save from the arrival of its name to its end: what comes in which order, and what is refused meanwhile.
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
 
 // What Create Profile asks of the list and of the name window, call by call.
 

@@ -9,8 +9,8 @@
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/saving/save_profile.h"
 #include "sources/wnd_ScanListView/saving/saving_errors.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
 #include "tests/support/basics/com_apartment.h"
 
 // Profiles that are not saved: what is told, and what is left.

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
-#include "tests/control/profiles/profile_fixture.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/profile_fixture.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
 #include "tests/support/boxes/file_dialogs.h"
 #include "tests/support/windows/control_ids.h"
 

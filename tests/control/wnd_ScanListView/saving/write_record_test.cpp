@@ -7,7 +7,7 @@
 
 #include "sources/funcs_layout_windows/scanning/scan_record.h"
 #include "sources/wnd_ScanListView/saving/profile_writing.h"
-#include "tests/control/wnd_ScanListView/saving/saved_profile_fixture.h"
+#include "tests/control/fixtures/saved_profile_fixture.h"
 
 // The write record itself: its fields, what it holds before it is filled, and the bytes of its paths.
 

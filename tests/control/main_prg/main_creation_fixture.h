@@ -38,7 +38,7 @@ private:
 };
 
 // That all five controls but one are there and share a font, or have none.
-inline void expect_controls(const MainWindow& main, bool with_font, int missing = 0)
+inline void expect_controls(const MainWindowFixture& main, bool with_font, int missing = 0)
 {
     ASSERT_NE(main.window, nullptr);
     EXPECT_EQ(main_window.hFont_controls != nullptr, with_font);

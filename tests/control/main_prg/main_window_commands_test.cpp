@@ -21,7 +21,7 @@
 // What the main window does with the commands of its menu, its buttons and its lists.
 
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 
 namespace
 {
@@ -51,7 +51,7 @@ private:
 
 TEST(MainWindowCommands, ShowTheAboutBox)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     main.menu_command(main_control::kAbout);
     boxes.expect_boxes(
@@ -67,7 +67,7 @@ TEST(MainWindowCommands, ShowTheBoxesOfReservedCommandsAsBytes)
 {
     const char* const texts[] = {"menu item FILE NEW",     "menu item FILE OPEN", "menu item FILE SAVE",
                                  "menu item FILE SAVE AS", "menu item EXIT",      "menu item HELP"};
-    const MainWindow main;
+    const MainWindowFixture main;
     for (WORD id = 3; id <= 8; ++id) {
         const BoxWatcher boxes;
         main.menu_command(id);
@@ -78,7 +78,7 @@ TEST(MainWindowCommands, ShowTheBoxesOfReservedCommandsAsBytes)
 
 TEST(MainWindowCommands, LeaveTheProfileListAloneForTheReservedCommandOfItsNumber)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     SendMessageW(main.control(main_control::kProfile), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"one"));
     SendMessageW(main.control(main_control::kProfile), CB_SETCURSEL, 0, 0);
     main_window.CB_Profile.uiSelection = 7;
@@ -95,7 +95,7 @@ TEST(MainWindowCommands, LeaveTheProfileListAloneForTheReservedCommandOfItsNumbe
 
 TEST(MainWindowCommands, StoreTheSelectionOfTheActionList)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     SendMessageW(main.control(main_control::kAction), CB_SETCURSEL, 2, 0);
     const auto notify = [&](int id, int code, int control) {
@@ -121,7 +121,7 @@ TEST(MainWindowCommands, AreAllAnsweredWith0)
     const scan_tests::ScanFixture fixture;
     const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall, FALSE,
                                                                             0);
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     for (WORD id = 0; id <= 10; ++id) {
         EXPECT_EQ(SendMessageW(main.window, WM_COMMAND, id, 0), 0) << id; // as the menu sends it
@@ -143,7 +143,7 @@ TEST(MainWindowCommands, AreAllAnsweredWith0)
 
 TEST(MainWindowCommands, AreIgnoredWhenTheyAreUnknown)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     for (const int id : {0, 10, 101})
         main.menu_command(static_cast<WORD>(id));
@@ -160,7 +160,7 @@ TEST(MainWindowCommands, AreIgnoredWhenTheyAreUnknown)
 
 TEST(MainWindowCommands, ReportAFailedScan)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const FailingImport<"EnumWindows", decltype(EnumWindows)> fails("user32.dll", kEveryCall, FALSE, 87);
     const BoxWatcher boxes;
     main.press(main_control::kScan);
@@ -173,7 +173,7 @@ TEST(MainWindowCommands, ReportAFailedScan)
 
 TEST(MainWindowCommands, ResetTheScanRecordBeforeAScan)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     scan_record = {};
     scan_record.counter_all = scan_record.counter_valid = scan_record.counter_filled = 7;
     scan_record.uiSize_TmpBuf_Path = 1;
@@ -193,7 +193,7 @@ TEST(MainWindowCommands, ResetTheScanRecordBeforeAScan)
 
 TEST(MainWindowCommands, ReportTheResultOfAFailedLoad)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const TemporaryFolder folder;
     const AnsweredOpenDialog dialog(folder.path());
     const BoxWatcher boxes;
@@ -210,7 +210,7 @@ TEST(MainWindowCommands, ReportTheResultOfAFailedLoad)
 
 TEST(MainWindowCommands, GoOnLoadingWhenTheStoreCannotBeSetUp)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const AnsweredOpenDialog cancelled(L"");
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr,
                                                                       ERROR_NOT_ENOUGH_MEMORY);

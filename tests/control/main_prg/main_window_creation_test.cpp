@@ -18,7 +18,7 @@ using namespace test_support;
 using main_tests::ComStart;
 using main_tests::expect_controls;
 using main_tests::expect_profile_list_set_up;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 
 namespace
 {
@@ -49,7 +49,7 @@ TEST(MainWindowCreation, ReportsEveryControlThatCannotBeMade)
                                                                                 8);
         const ComStart com;
         const BoxWatcher boxes;
-        const MainWindow main;
+        const MainWindowFixture main;
         std::vector<ExpectedBox> expected{{L"error", control.text}};
         if (control.id == 5) // An Action list that is not there cannot be filled either.
             expected.push_back(
@@ -74,7 +74,7 @@ TEST(MainWindowCreation, GoesOnWithoutAFontWhenThereIsNoDeviceContext)
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
     const ComStart com;
     const BoxWatcher boxes;
-    const MainWindow main;
+    const MainWindowFixture main;
     boxes.expect_boxes(
         {{L"error", compact_text({kFile, L"WndProc", 563, 1228}, L"ERROR <- GetDC() of Main Window")}});
     expect_controls(main, false);
@@ -89,7 +89,7 @@ TEST(MainWindowCreation, GoesOnWithoutAFontWhenItCannotBeMade)
                                                                                     nullptr, 8);
     const ComStart com;
     const BoxWatcher boxes;
-    const MainWindow main;
+    const MainWindowFixture main;
     boxes.expect_boxes({{L"error", L"error <- vex_CreateFont while WM_CREATE"}});
     EXPECT_EQ(boxes.boxes()[0].owner, nullptr);
     expect_controls(main, false);
@@ -104,7 +104,7 @@ TEST(MainWindowCreation, ReportsOnlyTheThreeResultsThatMeanNoCom)
         main_window = {};
         const ComStart com(result);
         const BoxWatcher boxes;
-        const MainWindow main;
+        const MainWindowFixture main;
         if (result == RPC_E_CHANGED_MODE || result == S_FALSE)
             boxes.expect_no_boxes();
         else
@@ -120,7 +120,7 @@ TEST(MainWindowCreation, KeepsItsButtonsWhenTheirTextDoesNotFit)
     const screen_tests::TinyScreen screen;
     const ComStart com;
     const BoxWatcher boxes;
-    const MainWindow main;
+    const MainWindowFixture main;
     screen_tests::expect_no_room_and(
         boxes, compact_text({kFile, L"WndProc", 580, 1248}, L"ERROR while get font size for buttons"));
     expect_controls(main, false);

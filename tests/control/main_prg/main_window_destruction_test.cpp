@@ -23,7 +23,7 @@
 // What the main window gives back when it is destroyed, step by step.
 
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 using Steps = std::vector<std::string>;
 
 namespace
@@ -93,7 +93,7 @@ TEST(MainWindowDestruction, ReleasesEverythingInOrder)
     scan_tests::ScanFixture fixture; // registers the list's class
     const TestWindow other(L"other");
     const scan_tests::Desktop desktop({other});
-    const MainWindow main;
+    const MainWindowFixture main;
     {
         // Sets the two areas of the store up; the dialog is cancelled.
         const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,
@@ -141,7 +141,7 @@ TEST(MainWindowDestruction, ReleasesEachBlockOnce)
     scan_tests::ScanFixture fixture; // registers the list's class
     const TestWindow other(L"other");
     const scan_tests::Desktop desktop({other});
-    const MainWindow main;
+    const MainWindowFixture main;
     {
         // Sets the two areas of the store up; the dialog is cancelled.
         const FailingImport<"GetOpenFileNameW", BOOL(OPENFILENAMEW*)> cancelled("comdlg32.dll", kEveryCall,

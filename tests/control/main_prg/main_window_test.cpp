@@ -20,12 +20,12 @@
 #include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 
 TEST(MainWindow, BuildsItsFiveControls)
 {
     const BoxWatcher boxes;
-    const MainWindow main;
+    const MainWindowFixture main;
     boxes.expect_no_boxes();
     const struct {
         int id;
@@ -55,7 +55,7 @@ TEST(MainWindow, BuildsItsFiveControls)
 
 TEST(MainWindow, HasTheMenuWithAbout)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const HMENU menu = GetMenu(main.window);
     ASSERT_NE(menu, nullptr);
     wchar_t text[20]{};
@@ -66,7 +66,7 @@ TEST(MainWindow, HasTheMenuWithAbout)
 
 TEST(MainWindow, CannotBeMadeSmallerThanItOpens)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     MINMAXINFO info{};
     EXPECT_EQ(SendMessageW(main.window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info)), 0);
     EXPECT_EQ(info.ptMinTrackSize.x,
@@ -77,7 +77,7 @@ TEST(MainWindow, CannotBeMadeSmallerThanItOpens)
 
 TEST(MainWindow, DoesNotLayOutAgainWhenItIsMinimised)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     MoveWindow(main.window, 50, 60, 800, 560, FALSE);
     const RECT before = rectangle_of(main.control(main_control::kApply));
     EXPECT_GT(before.left, 500);
@@ -92,7 +92,7 @@ TEST(MainWindow, PlacesEachControlWhereItBelongs)
     const ImportHook<"GetSystemMetrics", decltype(GetSystemMetrics)> screen("user32.dll", [](int metric) {
         return metric == SM_CXSCREEN ? 1366 : metric == SM_CYSCREEN ? 768 : 0;
     });
-    const MainWindow main;
+    const MainWindowFixture main;
     main_window.STR_GeomLt_MW.i_font_size = 15;
     SendMessageW(main.window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(600, 400));
     const auto place = [&](int id) {
@@ -111,7 +111,7 @@ TEST(MainWindow, PlacesEachControlWhereItBelongs)
 
 TEST(MainWindow, PaintsItsGradientAndThenItsLabelsInTheControlsFont)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     ShowWindow(main.window, SW_SHOWNA);
     UpdateWindow(main.window);
     RECT client{};
@@ -148,13 +148,13 @@ TEST(MainWindow, PaintsItsGradientAndThenItsLabelsInTheControlsFont)
 
 TEST(MainWindow, DoesNotEraseItsBackground)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     EXPECT_EQ(SendMessageW(main.window, WM_ERASEBKGND, 0, 0), 1);
 }
 
 TEST(MainWindow, SetsUpTheStoreOnceEvenWhenThatFails)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", kEveryCall, nullptr, 8);
     const auto bytes_of = [](const std::wstring& text) {
         return bytes_as_wide(std::string(text.begin(), text.end()));
@@ -192,7 +192,7 @@ TEST(MainWindow, SetsUpTheStoreOnceEvenWhenThatFails)
 
 TEST(MainWindow, KeepsTheHandleOfTheLastDrop)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes; // answers what a drop without files shows
     const HGLOBAL drop = GlobalAlloc(GHND, sizeof(DROPFILES) + 4);
     SendMessageW(main.window, WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);

@@ -212,19 +212,19 @@ private:
 };
 
 // Runs the entry point on a screen of 1366 x 768 and takes down what it does.
-class StartUp
+class StartUpFixture
 {
 public:
-    StartUp() = default;
-    ~StartUp()
+    StartUpFixture() = default;
+    ~StartUpFixture()
     {
         if (seen.window != nullptr)
             DestroyWindow(seen.window);
         // The end of the window asks the thread to end, which would close the boxes of later tests.
         test_support::take_quit_message();
     }
-    StartUp(const StartUp&) = delete;
-    StartUp& operator=(const StartUp&) = delete;
+    StartUpFixture(const StartUpFixture&) = delete;
+    StartUpFixture& operator=(const StartUpFixture&) = delete;
 
     int run(int show_command) { return wWinMain(GetModuleHandleW(nullptr), nullptr, nullptr, show_command); }
 

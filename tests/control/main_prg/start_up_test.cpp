@@ -14,7 +14,7 @@
 // What the entry point asks of the system, and in which order.
 
 using namespace test_support;
-using main_tests::StartUp;
+using main_tests::StartUpFixture;
 using Steps = std::vector<std::string>;
 
 namespace
@@ -100,7 +100,7 @@ void expect_class(const WNDCLASSEXW& seen, const std::wstring& name, WNDPROC pro
 TEST(StartUp, TakesItsStepsInOrder)
 {
     const BoxWatcher boxes;
-    StartUp start;
+    StartUpFixture start;
     start.loop.exit_code = 0x0000'0001'8000'0007;
     // Only the low 32 bits of the exit code are handed on.
     EXPECT_EQ(start.run(SW_SHOWMAXIMIZED), static_cast<int>(0x80000007));
@@ -116,7 +116,7 @@ TEST(StartUp, TakesItsStepsInOrder)
 
 TEST(StartUp, RegistersTheMainWindowsClass)
 {
-    StartUp start;
+    StartUpFixture start;
     start.run(SW_SHOW);
     ASSERT_EQ(start.creation.classes.size(), 2u);
     const WNDCLASSEXW& seen = start.creation.classes[0];
@@ -166,7 +166,7 @@ TEST(StartUp, HasTheSameDrawingInEverySizeOfItsIcon)
 
 TEST(StartUp, RegistersTheListsClass)
 {
-    StartUp start;
+    StartUpFixture start;
     start.run(SW_SHOW);
     ASSERT_EQ(start.creation.classes.size(), 2u);
     const WNDCLASSEXW& seen = start.creation.classes[1];
@@ -178,7 +178,7 @@ TEST(StartUp, RegistersTheListsClass)
 
 TEST(StartUp, CreatesTheMainWindow)
 {
-    StartUp start;
+    StartUpFixture start;
     start.run(SW_SHOW);
     const main_tests::RecordedCreation::Arguments& seen = start.creation.window;
     EXPECT_EQ(seen.extended_style, 0u);
@@ -200,7 +200,7 @@ TEST(StartUp, CreatesTheMainWindow)
 TEST(StartUp, GoesOnWithoutClassesAndWithoutAWindow)
 {
     const BoxWatcher boxes;
-    StartUp start;
+    StartUpFixture start;
     start.creation.classes_fail = true;
     start.creation.window_fails = true;
     start.loop.exit_code = 4;
@@ -219,7 +219,7 @@ TEST(StartUp, RestoresARunningInstanceOnlyFromItsMinimisedState)
     for (const int state : {SW_SHOWNORMAL, SW_SHOWMAXIMIZED, SW_HIDE, SW_SHOWMINIMIZED}) {
         SCOPED_TRACE(state);
         ShowWindow(first, state);
-        StartUp start;
+        StartUpFixture start;
         start.seen.running_instance = first;
         start.loop.exit_code = 9; // of a loop that must not be reached
         EXPECT_EQ(start.run(SW_SHOW), 0);

@@ -22,7 +22,7 @@
 // Which cursor the user sees while the program works, and when it waits for the user.
 
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 using profile_tests::ProfileFixture;
 using profile_tests::RecordedSleeps;
 using scan_tests::Desktop;
@@ -165,7 +165,7 @@ TEST(WaitCursor, IsNotShownWhileTheUserChoosesAFile)
 TEST(WaitCursor, StaysOverTheMainWindowAndItsControlsUntilTheWorkIsDone)
 {
     ScanFixture fixture;
-    const MainWindow main;
+    const MainWindowFixture main;
     const TestWindow window(L"window");
     Desktop desktop({window});
     const auto move_all_ways = [&] {
@@ -201,7 +201,7 @@ struct WaitCursorOverOpenWindows : modify_cell_tests::ModifyCell {
 TEST_F(WaitCursorOverOpenWindows, StaysUntilALoadIsDone)
 {
     open(0);
-    const profile_tests::NameWindow name(hwnd_ScanListView);
+    const profile_tests::NameWindowFixture name(hwnd_ScanListView);
     const HWND list = fixture.list().window();
     const auto move_all_ways = [&] {
         Names seen;

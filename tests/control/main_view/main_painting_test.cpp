@@ -22,7 +22,7 @@ namespace
 {
 
 // A window, a white picture, and a record laid out for a client area of 600 x 400.
-struct Picture {
+struct PictureFixture {
     TestWindow window{L"picture", {0, 0, 700, 500}};
     HDC dc = CreateCompatibleDC(nullptr);
     HBITMAP bitmap = nullptr;
@@ -30,7 +30,7 @@ struct Picture {
     STR_GeomLt record = main_view_tests::created_geometry();
     LoadedProfiles_STR store{};
 
-    Picture()
+    PictureFixture()
     {
         const HDC screen = GetDC(nullptr);
         bitmap = CreateCompatibleBitmap(screen, 600, 400);
@@ -41,7 +41,7 @@ struct Picture {
         record.i_client_height = 400;
         compute_main_layout(&record, 1366, 768);
     }
-    ~Picture()
+    ~PictureFixture()
     {
         DeleteDC(dc);
         DeleteObject(bitmap);
@@ -54,7 +54,7 @@ struct Picture {
 
 TEST(MainPainting, DrawsAxesAndMiniatures)
 {
-    Picture picture;
+    PictureFixture picture;
     const BoxWatcher boxes;
     EXPECT_EQ(picture.draw(), 1);
     boxes.expect_no_boxes();
@@ -76,7 +76,7 @@ TEST(MainPainting, DrawsAxesAndMiniatures)
 
 TEST(MainPainting, EndsEachAxisInAnArrowHead)
 {
-    Picture picture;
+    PictureFixture picture;
     std::vector<std::vector<POINT>> heads;
     {
         const ImportHook<"Polygon", decltype(Polygon)> head(
@@ -108,7 +108,7 @@ TEST(MainPainting, EndsEachAxisInAnArrowHead)
 
 TEST(MainPainting, DrawsItsPartsInOrder)
 {
-    Picture picture;
+    PictureFixture picture;
     std::vector<std::string> parts;
     const ImportHook<"LineTo", decltype(LineTo)> line("gdi32.dll", [&](HDC dc, int x, int y) {
         parts.push_back("line to " + std::to_string(x) + "," + std::to_string(y));
@@ -142,7 +142,7 @@ TEST(MainPainting, DrawsItsPartsInOrder)
 
 TEST(MainPainting, WritesTheFourLabelsAndNotTheCount)
 {
-    Picture picture;
+    PictureFixture picture;
     picture.store.uiN_loaded_prfls = 3;
     struct Text {
         std::wstring text;
@@ -183,7 +183,7 @@ TEST(MainPainting, WritesTheFourLabelsAndNotTheCount)
 
 TEST(MainPainting, GoesOnAfterAnAxisWithoutLength)
 {
-    Picture picture;
+    PictureFixture picture;
     picture.record.i_client_width = 29; // the frame is 20 wide, which leaves nothing for the X axis
     compute_main_layout(&picture.record, 1366, 768);
     const BoxWatcher boxes;
@@ -197,7 +197,7 @@ TEST(MainPainting, GoesOnAfterAnAxisWithoutLength)
 
 TEST(MainPainting, LeavesTheContextAsItWas)
 {
-    Picture picture;
+    PictureFixture picture;
     const HGDIOBJ pen = GetCurrentObject(picture.dc, OBJ_PEN);
     const HGDIOBJ font = GetCurrentObject(picture.dc, OBJ_FONT);
     const std::size_t objects = holdings_of(GetCurrentProcess()).gdi_objects;
@@ -212,7 +212,7 @@ TEST(MainPainting, LeavesTheContextAsItWas)
 
 TEST(MainPainting, RefusesNullArguments)
 {
-    Picture p;
+    PictureFixture p;
     const auto text = [](const void* window, const void* dc, const void* record, const void* font,
                          const void* store) {
         return inline_text({L"sources/funcs_layout_windows", L"draw_MainWindow", 3552},
@@ -237,7 +237,7 @@ TEST(MainPainting, RefusesNullArguments)
 
 TEST(MainPainting, FillsTheBackgroundWithTheGradient)
 {
-    Picture picture;
+    PictureFixture picture;
     fill_background(picture.window, picture.dc);
     RECT client{};
     GetClientRect(picture.window, &client);

@@ -21,7 +21,7 @@ namespace
 {
 
 // A parent with five children to be laid out, and a record as WM_CREATE leaves it.
-struct Layout {
+struct LayoutFixture {
     TestWindow parent{L"parent"};
     HWND scan = child(L"Button");
     HWND load = child(L"Button");
@@ -57,7 +57,7 @@ void PrintTo(const Move& move, std::ostream* out)
 
 TEST(MainResizing, MovesTheFiveControlsInTheirOrderToTheirRectangles)
 {
-    Layout layout;
+    LayoutFixture layout;
     std::vector<Move> moves;
     const ImportHook<"MoveWindow", decltype(MoveWindow)> move(
         "user32.dll", [&](HWND window, int x, int y, int width, int height, BOOL repaint) -> BOOL {
@@ -82,7 +82,7 @@ TEST(MainResizing, MovesTheFiveControlsInTheirOrderToTheirRectangles)
 
 TEST(MainResizing, MovesRealControls)
 {
-    Layout layout;
+    LayoutFixture layout;
     EXPECT_EQ(layout.size(800, 500), 1);
     RECT place = rectangle_of(layout.scan);
     MapWindowPoints(nullptr, layout.parent, reinterpret_cast<POINT*>(&place), 2);
@@ -92,7 +92,7 @@ TEST(MainResizing, MovesRealControls)
 
 TEST(MainResizing, GoesOnWithoutTheListsAndApply)
 {
-    Layout layout;
+    LayoutFixture layout;
     layout.apply = layout.profile = layout.action = nullptr;
     const BoxWatcher boxes;
     EXPECT_EQ(layout.size(800, 500), 1);
@@ -104,7 +104,7 @@ TEST(MainResizing, GoesOnWithoutTheListsAndApply)
 
 TEST(MainResizing, RefusesNullArgumentsInUnreadableWords)
 {
-    Layout layout;
+    LayoutFixture layout;
     const auto box = [&](HWND window, const void* record, HWND scan, HWND load) {
         return ExpectedBox{
             bytes_as_wide("error"),

@@ -96,7 +96,7 @@ private:
 constexpr int kParts = 10; // of a profile as it is saved, the signature the last
 
 // Writes the profile's parts up to the one of that number, which is the first that is missing.
-void save_up_to(int missing_part, const PreparedRecord& record, const std::wstring& path)
+void save_up_to(int missing_part, const PreparedRecordFixture& record, const std::wstring& path)
 {
     int part = 0;
     const ImportHook<"WriteFile", decltype(WriteFile)> ended(
@@ -196,8 +196,8 @@ TEST(ProfileLoading, RefusesAFileWhoseEndHasChangedSinceItsSignatureWasRead)
 
 TEST(ProfileLoading, RefusesAFileWhoseSavingEndedHalfway)
 {
-    const FilledScan scan(ten_windows());
-    const PreparedRecord record({1, 3, 5}, L"Half");
+    const FilledScanFixture scan(ten_windows());
+    const PreparedRecordFixture record({1, 3, 5}, L"Half");
     ProfileFixture fixture;
     const NothingStarts nothing;
     std::size_t size = 0;

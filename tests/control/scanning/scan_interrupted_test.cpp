@@ -25,7 +25,7 @@
 // messages in. The scan ends quietly then, on a record whose blocks are gone.
 
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
 
@@ -35,7 +35,7 @@ namespace
 // A main window, and a folder window to be scanned. Both are of this process.
 struct ClosedOnTheWay {
     ScanFixture fixture;
-    std::optional<MainWindow> main;
+    std::optional<MainWindowFixture> main;
     TestWindow window{L"window"};
     BoxWatcher boxes;
 

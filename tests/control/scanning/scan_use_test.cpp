@@ -26,7 +26,7 @@
 // while a box is up with which the first one ends.
 
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 using scan_tests::Desktop;
 using scan_tests::press_scan;
 using scan_tests::RecordCopy;
@@ -133,7 +133,7 @@ void at_each_box(
         for (std::size_t box = 0; box < ending.boxes.size(); ++box) {
             SCOPED_TRACE(std::string(ending.name) + ", box " + std::to_string(box));
             const ScanFixture fixture;
-            const MainWindow main;
+            const MainWindowFixture main;
             const TestWindow window(L"window", {100, 120, 420, 360});
             Desktop desktop({window});
             Boxes boxes;
@@ -216,7 +216,7 @@ TEST(ScanUse, RefusesAnotherScanWhileTheRecordIsUsed)
                   {"title, filling", at_title(2)},  {"shell, counting", at_shell(1)},
                   {"shell, filling", at_shell(2)},  {"row of the list", at_row_of_new_list}};
     ScanFixture fixture;
-    const MainWindow main;
+    const MainWindowFixture main;
     const TestWindow window(L"window", {100, 120, 420, 360});
     const Desktop desktop({window});
     const Boxes boxes;
@@ -247,7 +247,7 @@ TEST(ScanUse, RefusesAnotherScanWhileTheRecordIsUsed)
 TEST(ScanUse, RefusesAnotherScanWhileABoxOfTheFoldersIsUp)
 {
     ScanFixture fixture;
-    const MainWindow main;
+    const MainWindowFixture main;
     const TestWindow window(L"window", {100, 120, 420, 360});
     const Desktop desktop({window});
     for (const bool has_list : {true, false}) {

@@ -19,7 +19,7 @@ namespace
 
 using namespace profile_tests;
 using namespace test_support;
-using main_tests::MainWindow;
+using main_tests::MainWindowFixture;
 
 class ProfileOpening : public testing::Test
 {
@@ -35,7 +35,7 @@ protected:
     }
 
     // The names in the Profile list once the messages that are waiting have been handled.
-    static std::vector<std::wstring> profiles_after_messages(const MainWindow& main)
+    static std::vector<std::wstring> profiles_after_messages(const MainWindowFixture& main)
     {
         pump_messages();
         return combo_texts(main.control(main_control::kProfile));
@@ -65,7 +65,7 @@ using Names = std::vector<std::wstring>;
 TEST_F(ProfileOpening, DropsAFileOnTheMainWindow)
 {
     folders.add(folder_window, L"C:\\windows");
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     EXPECT_TRUE(profile_tool::post_drop(main.window, write_profile(L"p.txt")));
     EXPECT_EQ(combo_texts(main.control(main_control::kProfile)), Names()); // posted, so not yet done
@@ -76,7 +76,7 @@ TEST_F(ProfileOpening, DropsAFileOnTheMainWindow)
 TEST_F(ProfileOpening, HandsAFileToTheProgramThatRuns)
 {
     folders.add(folder_window, L"C:\\windows");
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     EXPECT_EQ(profile_tool::find_wendlow(), main.window);
     write_profile(L"a name with spaces \u4E2D.txt");
@@ -91,7 +91,7 @@ TEST_F(ProfileOpening, HandsAFileToTheProgramThatRuns)
 
 TEST_F(ProfileOpening, AsksNothingOfTheProgramForAFileThatIsNotThere)
 {
-    const MainWindow main;
+    const MainWindowFixture main;
     const BoxWatcher boxes;
     const std::wstring gone = files.file(L"gone.txt");
     const std::optional<std::wstring> wrong = profile_tool::open_in_wendlow(gone);

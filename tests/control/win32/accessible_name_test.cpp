@@ -184,7 +184,7 @@ TEST(AccessibleNames, AreSetOnTheMainWindowsTwoListsAndClearedWithThem)
     ScreenReader reader(true);
     const ComHolds com;
     {
-        const main_tests::MainWindow main;
+        const main_tests::MainWindowFixture main;
         EXPECT_EQ(reader.names.told, (Told{"name ComboBox 4: Profile:", "name ComboBox 5: Action:"}));
         EXPECT_EQ(reader.names.references, 2u);
         EXPECT_EQ(com.count, 3) << "one for each name, and the window's";
@@ -230,7 +230,7 @@ TEST(AccessibleNames, AreSetOnTheEditBoxOfTheProfilesName)
     const profile_tests::Owner owner;
     ScreenReader reader(true);
     {
-        const profile_tests::NameWindow window(owner.window());
+        const profile_tests::NameWindowFixture window(owner.window());
         EXPECT_EQ(reader.names.told, Told{"name Edit 3: Enter name of Profile:"});
         SetWindowTextW(window.edit(), L"typed");
         EXPECT_EQ(window.typed(), L"typed");
@@ -242,9 +242,9 @@ TEST(AccessibleNames, AreSetOnTheEditBoxOfTheProfilesName)
 TEST(AccessibleNames, AreNotSetWhenNoScreenReaderRuns)
 {
     ScreenReader reader(false);
-    const main_tests::MainWindow main;
+    const main_tests::MainWindowFixture main;
     const profile_tests::Owner owner;
-    const profile_tests::NameWindow window(owner.window());
+    const profile_tests::NameWindowFixture window(owner.window());
     EXPECT_EQ(reader.services_asked_for, 0);
     EXPECT_EQ(reader.names.told, Told{});
 }

@@ -21,7 +21,7 @@ namespace
 {
 
 using namespace test_support;
-using scan_tests::TwoRows;
+using scan_tests::TwoRowsFixture;
 
 using ScaleHook = ImportHook<"SetThreadDpiAwarenessContext", decltype(SetThreadDpiAwarenessContext)>;
 
@@ -107,7 +107,7 @@ TEST_F(RealPixelsTest, KeepTheLastErrorWhenTheyEnd)
 
 TEST_F(RealPixelsTest, AreUsedByAScanButNotByItsList)
 {
-    TwoRows two;
+    TwoRowsFixture two;
     std::vector<DPI_AWARENESS> measured;
     const ImportHook<"GetWindowRect", decltype(GetWindowRect)> measure(
         "user32.dll", [&](HWND window, LPRECT rect) {
@@ -123,7 +123,7 @@ TEST_F(RealPixelsTest, AreUsedByAScanButNotByItsList)
 
 TEST_F(RealPixelsTest, AreLeftBeforeABoxOfAScan)
 {
-    TwoRows two;
+    TwoRowsFixture two;
     const ScalesOfBoxes boxes;
     const FailingImport<"K32GetModuleFileNameExW", decltype(K32GetModuleFileNameExW)> paths(
         "kernel32.dll", 3, 0, ERROR_ACCESS_DENIED); // the first window's, in the second pass
@@ -133,7 +133,7 @@ TEST_F(RealPixelsTest, AreLeftBeforeABoxOfAScan)
 
 TEST_F(RealPixelsTest, AreUsedByMoveAndLeftBeforeItsBox)
 {
-    TwoRows two;
+    TwoRowsFixture two;
     two.fixture.scan();
     two.fixture.list().set_ticked(0, true);
     two.fixture.list().set_ticked(1, true);
@@ -210,7 +210,7 @@ TEST_F(RealPixelsTest, PlaceAWindowAgainThatResizesItselfOnAMonitorOfAnotherScal
 // It resizes itself there, and a move that is not waited for cannot be looked at.
 TEST_F(RealPixelsTest, PlaceAWindowTwiceOnAMoveToAMonitorOfAnotherScale)
 {
-    TwoRows two;
+    TwoRowsFixture two;
     two.fixture.scan();
     two.fixture.list().set_ticked(0, true);
     unsigned told = 0;

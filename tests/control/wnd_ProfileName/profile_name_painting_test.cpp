@@ -75,7 +75,7 @@ private:
 TEST(ProfileNamePainting, PaintsTheGradientAndItsLabelAboveTheEditBox)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     repaint(window);
     const HDC dc = GetDC(window);
     RECT client{};
@@ -101,7 +101,7 @@ TEST(ProfileNamePainting, PaintsTheGradientAndItsLabelAboveTheEditBox)
 TEST(ProfileNamePainting, DrawsItsLabelInTheDefaultFontOnATransparentBackground)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     const DrawnTexts texts;
     repaint(window);
     EXPECT_EQ(texts.count, 1);
@@ -136,7 +136,7 @@ TEST(ProfileNamePainting, PaintsAWindowWithoutControlsWithoutItsLabel)
 {
     const Owner owner;
     { // registers the class; the window before had its controls
-        const NameWindow first(owner.window());
+        const NameWindowFixture first(owner.window());
     }
     const test_support::BoxWatcher boxes;
     const HWND bare = CreateWindowExW(0, L"Name of Profile Window", L"", WS_CAPTION, 300, 100, 300, 150,
@@ -155,7 +155,7 @@ TEST(ProfileNamePainting, PaintsAWindowWithoutControlsWithoutItsLabel)
 TEST(ProfileNamePainting, TakesSizesAndNotificationsWithoutDoingAnything)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     SetWindowTextW(window.edit(), L"name");
     std::string places;
     for (const int id : {1, 2, 3})
@@ -180,7 +180,7 @@ TEST(ProfileNamePainting, TakesSizesAndNotificationsWithoutDoingAnything)
 TEST(ProfileNamePainting, MeasuresItsButtonsFromItsActualWidth)
 {
     const Owner owner;
-    const NameWindow first(owner.window()); // registers the class
+    const NameWindowFixture first(owner.window()); // registers the class
     HWND list = owner.window();
     const HWND narrow = CreateWindowExW(0, L"Name of Profile Window", L"", WS_CAPTION | WS_SYSMENU, 300, 100,
                                         20, 150, owner.window(), nullptr, GetModuleHandleW(nullptr), &list);

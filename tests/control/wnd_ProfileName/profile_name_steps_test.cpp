@@ -47,7 +47,7 @@ TEST(ProfileName, CreatesItsWindowAndControlsWithTheirArguments)
             return creation.call_original(extended, class_name, title, style, x, y, width, height, parent,
                                           menu, instance, parameter);
         });
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     EXPECT_EQ(lines, (std::vector<std::wstring>{
                          L"Name of Profile Window \"Name of Profile\" 0: 00C80000 00000000",
                          L"button \"Ok\" 1: 50000301 00000000", L"button \"Cancel\" 2: 50000300 00000000",
@@ -58,7 +58,7 @@ TEST(ProfileName, CreatesItsWindowAndControlsWithTheirArguments)
 TEST(ProfileName, AsksItsEditBoxForAtMost1023Units)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     EXPECT_EQ(SendMessageW(window.edit(), EM_GETLIMITTEXT, 0, 0), 256);
     SetWindowTextW(window.edit(), L"name");
     std::vector<int> asked;
@@ -79,7 +79,7 @@ TEST(ProfileName, AsksItsEditBoxForAtMost1023Units)
 TEST(ProfileName, TreatsANegativeLengthAsAnEmptyName)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     SetWindowTextW(window.edit(), L"name");
     const ImportHook<"GetWindowTextLengthW", decltype(GetWindowTextLengthW)> length("user32.dll",
                                                                                     [](HWND) { return -1; });
@@ -93,7 +93,7 @@ TEST(ProfileName, SucceedsWhateverTheOwnerAnswersToOk)
 {
     const Owner owner;
     const TestWindow refusing(L"answers 0");
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     SetWindowTextW(window.edit(), L"name");
     const BoxWatcher boxes;
     for (const HWND told : {owner.window(), static_cast<HWND>(refusing)})

@@ -28,7 +28,7 @@ ExpectedBox name_box(const std::wstring& function, int site, int handler, const 
 TEST(ProfileName, IsACaptionedWindowSeventyPixelsInsideItsOwner)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     const int cx = GetSystemMetrics(SM_CXSCREEN);
     const int cy = GetSystemMetrics(SM_CYSCREEN);
     EXPECT_EQ(place_of(window), place(270, 170, part(0.1875F, cx), part(0.175F, cy)));
@@ -55,7 +55,7 @@ TEST(ProfileName, IsACaptionedWindowSeventyPixelsInsideItsOwner)
 TEST(ProfileName, HasTwoButtonsAndAnEditBoxInProportionToTheScreen)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     const int cx = GetSystemMetrics(SM_CXSCREEN);
     const int cy = GetSystemMetrics(SM_CYSCREEN);
     const int outer = part(0.1875F, cx);
@@ -88,14 +88,14 @@ TEST(ProfileName, HasTwoButtonsAndAnEditBoxInProportionToTheScreen)
 TEST(ProfileName, PutsTheKeyboardFocusIntoTheEditBox)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     EXPECT_EQ(GetFocus(), window.edit());
 }
 
 TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     BoxWatcher boxes;
     window.press(name_control::kOk);
     boxes.expect_boxes({{L"warning", L"Please enter Name of Profile, e.g. \"work docs 01\""}});
@@ -111,7 +111,7 @@ TEST(ProfileName, WarnsAboutAnEmptyNameAndStaysOpen)
 TEST(ProfileName, SendsTheNameToTheOwnerWithoutItsTerminator)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     for (const std::wstring& name :
          {std::wstring(L"A"), std::wstring(L"work docs 01"), std::wstring(L"\x0416\x00E9")}) {
         SetWindowTextW(window.edit(), name.c_str());
@@ -128,7 +128,7 @@ TEST(ProfileName, SendsTheNameToTheOwnerWithoutItsTerminator)
 TEST(ProfileName, SendsAtMost256Units)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     for (const std::size_t length : {255u, 256u, 257u, 1023u, 3000u}) {
         SetWindowTextW(window.edit(), std::wstring(length, L'n').c_str());
         window.press(name_control::kOk);
@@ -140,7 +140,7 @@ TEST(ProfileName, SendsAtMost256Units)
 TEST(ProfileName, TakesNoMoreTypedTextThanItsBoxShows)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     for (int i = 0; i < 256; ++i)
         SendMessageW(window.edit(), WM_CHAR, L'W', 0);
     const std::wstring typed = window.typed();
@@ -159,7 +159,7 @@ TEST(ProfileName, SendsNoNameOnCancelAndOnItsCloseBox)
     const Owner owner;
     BoxWatcher boxes;
     for (const bool cancel : {true, false}) {
-        const NameWindow window(owner.window());
+        const NameWindowFixture window(owner.window());
         SetWindowTextW(window.edit(), L"name");
         if (cancel)
             window.press(name_control::kCancel);
@@ -174,7 +174,7 @@ TEST(ProfileName, SendsNoNameOnCancelAndOnItsCloseBox)
 TEST(ProfileName, IgnoresEnterAndOtherNotifications)
 {
     const Owner owner;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     BoxWatcher boxes;
     SetWindowTextW(window.edit(), L"name");
     PostMessageW(window.edit(), WM_KEYDOWN, VK_RETURN, 0x001C0001);
@@ -192,7 +192,7 @@ TEST(ProfileName, IgnoresEnterAndOtherNotifications)
 TEST(ProfileName, HasNoControlsWithoutItsCreationParameter)
 {
     const Owner owner;
-    const NameWindow first(owner.window()); // registers the class
+    const NameWindowFixture first(owner.window()); // registers the class
     BoxWatcher boxes;
     const HWND bare = CreateWindowExW(0, L"Name of Profile Window", L"", WS_CAPTION, 0, 0, 200, 100,
                                       owner.window(), nullptr, GetModuleHandleW(nullptr), nullptr);
@@ -213,7 +213,7 @@ TEST(ProfileName, ReportsEachControlThatCannotBeCreatedAndGoesOn)
         BoxWatcher boxes;
         std::optional<FailingImport<"CreateWindowExW", decltype(CreateWindowExW)>> fails;
         fails.emplace("user32.dll", id + 1, nullptr, DWORD{ERROR_NOT_ENOUGH_MEMORY});
-        const NameWindow window(owner.window());
+        const NameWindowFixture window(owner.window());
         fails.reset();
         boxes.expect_boxes({{L"error", id == 3 ? L"error, CreateWindow(), EditBox, func WndProc"
                                                : L"error, CreateWindow(), func WndProc"}});
@@ -229,7 +229,7 @@ TEST(ProfileName, ReportsTwiceWhenOkHasNoEditBoxToRead)
     std::optional<FailingImport<"CreateWindowExW", decltype(CreateWindowExW)>> fails;
     fails.emplace("user32.dll", 4, nullptr, DWORD{ERROR_NOT_ENOUGH_MEMORY});
     BoxWatcher boxes;
-    const NameWindow window(owner.window());
+    const NameWindowFixture window(owner.window());
     fails.reset();
     boxes.forget();
     window.press(name_control::kOk);

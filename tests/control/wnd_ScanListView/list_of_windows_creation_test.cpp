@@ -21,7 +21,7 @@
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
-using scan_tests::TwoRows;
+using scan_tests::TwoRowsFixture;
 
 namespace
 {
@@ -41,7 +41,7 @@ std::int32_t create_list_in(HWND parent, HWND* list)
 
 TEST(ListOfWindows, FitsItsButtonsFontToTheTextCreateProfile)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     // The height of the buttons is the limit first, then their width.
     for (const SIZE size : {SIZE{20000, 4000}, SIZE{10000, 20000}}) {
         SCOPED_TRACE(size.cx);
@@ -77,7 +77,7 @@ TEST(ListOfWindows, FitsItsButtonsFontToTheTextCreateProfile)
 
 TEST(ListOfWindows, ReportsEachButtonThatCannotBeMadeInUnreadableWords)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const char* const texts[] = {"err, hWndBTN01=NULL, func WndProc", "err, hWndBTN02=NULL, func WndProc"};
     for (const int button : {0, 1}) {
         // The list window itself is the first call.
@@ -97,7 +97,7 @@ TEST(ListOfWindows, ReportsEachButtonThatCannotBeMadeInUnreadableWords)
 
 TEST(ListOfWindows, StaysOpenWithItsButtonsWhenThereIsNoFont)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const FailingImport<"CreateFontIndirectW", decltype(CreateFontIndirectW)> fails("gdi32.dll", kEveryCall,
                                                                                     nullptr, 8);
     const BoxWatcher boxes;
@@ -115,7 +115,7 @@ TEST(ListOfWindows, StaysOpenWithItsButtonsWhenThereIsNoFont)
 
 TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
     const BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);
@@ -134,7 +134,7 @@ TEST(ListOfWindows, ReportsAMissingDeviceContextAndStillShowsTheList)
 
 TEST(ListOfWindows, ReportsAListThatCannotBeMadeInUnreadableWords)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const wchar_t* class_name = nullptr;
     ImportHook<"CreateWindowExW", decltype(CreateWindowExW)> create(
         "user32.dll",
@@ -189,7 +189,7 @@ TEST(ListOfWindows, IsDestroyedAgainWhenThereIsNoScanToShow)
     }
 
     // The same for each thing that can be missing, and the other ones there.
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const STR_ENUM_WNDS_DATA kept = scan_record;
     for (const auto missing : {"window", "instance", "storage", "geometry", "rows"}) {
@@ -242,7 +242,7 @@ TEST(ListOfWindows, ReportsEveryRowAndCellThatCannotBeInserted)
 
 TEST(ListOfWindows, IsShownWhenTheTextOfItsButtonsDoesNotFit)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const screen_tests::TinyScreen screen;
     const BoxWatcher boxes;
     EXPECT_EQ(scan.fixture.scan(), 1);

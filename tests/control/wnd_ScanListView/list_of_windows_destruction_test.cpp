@@ -22,7 +22,7 @@
 // The end of the List of Windows window, whoever asks for it.
 
 using namespace test_support;
-using scan_tests::TwoRows;
+using scan_tests::TwoRowsFixture;
 
 namespace
 {
@@ -124,7 +124,7 @@ const ExpectedBox kBoxes_of_buttons[] = {{L"i", bytes_as_wide("err, hWndBTN01=NU
 
 TEST(ListOfWindows, IsDestroyedWhenAnotherProgramSendsWmDestroy)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     for (const bool posted : {false, true}) {
         SCOPED_TRACE(posted);
         ASSERT_EQ(scan.fixture.scan(), 1);
@@ -153,7 +153,7 @@ TEST(ListOfWindows, IsDestroyedWhenAnotherProgramSendsWmDestroy)
 
 TEST(ListOfWindows, DestroysItsDialogsAfterItsMenu)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     SendMessageW(hwnd_ScanListView, WM_COMMAND, list_control::kModifyCell, 0);
     const HWND name_window = create_wnd_ProfileName(hwnd_ScanListView);
@@ -170,7 +170,7 @@ TEST(ListOfWindows, DestroysItsDialogsAfterItsMenu)
 
 TEST(ListOfWindows, DestroysItselfOnceWhenItIsClosed)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const HWND window = hwnd_ScanListView;
     const TakenDown taken;
@@ -181,7 +181,7 @@ TEST(ListOfWindows, DestroysItselfOnceWhenItIsClosed)
 
 TEST(ListOfWindows, LeavesTheScanOfTheNextListAlone)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const HWND older = hwnd_ScanListView;
     HMENU menu = nullptr;
@@ -207,7 +207,7 @@ TEST(ListOfWindows, LeavesTheScanOfTheNextListAlone)
 
 TEST(ListOfWindows, StopsItsCreationWhenItIsDestroyedWhileABoxIsUp)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const FailingImport<"GetDC", decltype(GetDC)> fails("user32.dll", 1, nullptr, 8);
     int fonts = 0;
     const ImportHook<"CreateFontIndirectW", decltype(CreateFontIndirectW)> font(
@@ -230,7 +230,7 @@ TEST(ListOfWindows, StopsItsCreationWhenItIsDestroyedWhileABoxIsUp)
 
 TEST(ListOfWindows, StopsItsCreationWhenItIsDestroyedWhileTheBoxOfAButtonIsUp)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     for (const int button : {1, 2}) {
         SCOPED_TRACE(button);
         ASSERT_EQ(scan.fixture.scan(), 1);
@@ -245,7 +245,7 @@ TEST(ListOfWindows, StopsItsCreationWhenItIsDestroyedWhileTheBoxOfAButtonIsUp)
 
 TEST(ListOfWindows, LeavesTheButtonsOfTheNextListAlone)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     for (const int button : {1, 2}) {
         SCOPED_TRACE(button);
         ASSERT_EQ(scan.fixture.scan(), 1);
@@ -275,7 +275,7 @@ TEST(ListOfWindows, LeavesTheButtonsOfTheNextListAlone)
 
 TEST(ListOfWindows, LeavesNoDialogBehindWhenItIsDestroyedWhileTheDialogIsMade)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     for (const bool scanned_again : {false, true}) {
         SCOPED_TRACE(scanned_again);
         ASSERT_EQ(scan.fixture.scan(), 1);

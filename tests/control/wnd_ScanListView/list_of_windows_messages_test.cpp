@@ -19,7 +19,7 @@
 // The List of Windows window as it is made, and what it takes of the messages that it gets.
 
 using namespace test_support;
-using scan_tests::TwoRows;
+using scan_tests::TwoRowsFixture;
 using window_tests::WindowsMade;
 
 namespace
@@ -44,7 +44,7 @@ HWND modify_cell()
 
 TEST(ListOfWindows, MakesItsButtonsAndThenItsList)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     const WindowsMade made;
     ASSERT_EQ(scan.fixture.scan(), 1);
     RECT client{};
@@ -62,7 +62,7 @@ TEST(ListOfWindows, MakesItsButtonsAndThenItsList)
 
 TEST(ListOfWindows, PlacesItsControlsInOrderAndRepaintsThem)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     std::vector<std::wstring> placed;
     const ImportHook<"MoveWindow", decltype(MoveWindow)> move(
@@ -88,7 +88,7 @@ TEST(ListOfWindows, PlacesItsControlsInOrderAndRepaintsThem)
 
 TEST(ListOfWindows, InsertsItsRowsByTheirNumbersAlone)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     std::vector<std::wstring> rows;
     const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
         "user32.dll", [&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -105,7 +105,7 @@ TEST(ListOfWindows, InsertsItsRowsByTheirNumbersAlone)
 
 TEST(ListOfWindows, LeavesNothingToPaint)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     InvalidateRect(hwnd_ScanListView, nullptr, TRUE);
     EXPECT_TRUE(GetUpdateRect(hwnd_ScanListView, nullptr, FALSE));
@@ -115,7 +115,7 @@ TEST(ListOfWindows, LeavesNothingToPaint)
 
 TEST(ListOfWindows, TakesClicksOfItsListOnly)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const RemoteListView list = scan.fixture.list();
     int menus = 0;
@@ -141,7 +141,7 @@ TEST(ListOfWindows, TakesClicksOfItsListOnly)
 
 TEST(ListOfWindows, TakesCommandsAsItsButtonsAndItsMenuSendThem)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const HWND window = hwnd_ScanListView;
     const BoxWatcher boxes;
@@ -161,7 +161,7 @@ TEST(ListOfWindows, TakesCommandsAsItsButtonsAndItsMenuSendThem)
 
 TEST(ListOfWindows, HasAMenuOfOneItem)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     HMENU loaded = nullptr;
     const ImportHook<"LoadMenuW", decltype(LoadMenuW)> load(
         "user32.dll", [&](HINSTANCE instance, LPCWSTR name) {

@@ -19,7 +19,7 @@
 #include "tests/support/windows/windows_lookup.h"
 
 using namespace test_support;
-using scan_tests::TwoRows;
+using scan_tests::TwoRowsFixture;
 
 namespace
 {
@@ -82,7 +82,7 @@ void expect_layout()
 
 TEST(ListOfWindows, ShowsOneRowPerSlotWithTheWidthBeforeTheHeight)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const RemoteListView list = scan.fixture.list();
     ASSERT_EQ(list.row_count(), 2);
@@ -94,7 +94,7 @@ TEST(ListOfWindows, ShowsOneRowPerSlotWithTheWidthBeforeTheHeight)
 
 TEST(ListOfWindows, HasItsColumnsButtonsAndStyles)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const RemoteListView list = scan.fixture.list();
     ASSERT_EQ(list.column_count(), 6);
@@ -120,7 +120,7 @@ TEST(ListOfWindows, HasItsColumnsButtonsAndStyles)
 
 TEST(ListOfWindows, HasAnEmptyListOfSmallImages)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     std::vector<std::vector<int>> made;
     HIMAGELIST images = nullptr;
     const ImportHook<"ImageList_Create", decltype(ImageList_Create)> create(
@@ -140,7 +140,7 @@ TEST(ListOfWindows, HasAnEmptyListOfSmallImages)
 
 TEST(ListOfWindows, InsertsItsColumnsLeftAlignedWithTheirWidths)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     HWND list = nullptr;
     std::vector<std::string> columns;
     const ImportHook<"SendMessageW", decltype(SendMessageW)> send(
@@ -169,7 +169,7 @@ TEST(ListOfWindows, InsertsItsColumnsLeftAlignedWithTheirWidths)
 
 TEST(ListOfWindows, LaysListAndColumnsOutWithTheWindowButNotTheButtons)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     expect_layout();
     MoveWindow(hwnd_ScanListView, 10, 10, 700, 420, TRUE);
@@ -180,7 +180,7 @@ TEST(ListOfWindows, LaysListAndColumnsOutWithTheWindowButNotTheButtons)
 
 TEST(ListOfWindows, SelectsARowWithItsTickAndDeselectsItAgain)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const RemoteListView list = scan.fixture.list();
     SendMessageW(list.window(), LVM_SETEXTENDEDLISTVIEWSTYLE, kFullRowSelect, 0);
@@ -196,7 +196,7 @@ TEST(ListOfWindows, SelectsARowWithItsTickAndDeselectsItAgain)
 
 TEST(ListOfWindows, ReleasesTheScanAndClearsItsHandleWhenItCloses)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     SendMessageW(hwnd_ScanListView, WM_CLOSE, 0, 0);
     EXPECT_EQ(hwnd_ScanListView, nullptr);
@@ -212,7 +212,7 @@ TEST(ListOfWindows, ReleasesTheScanAndClearsItsHandleWhenItCloses)
 
 TEST(ListOfWindows, IgnoresDataThatIsNotForIt)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     wchar_t name[] = L"name";
     COPYDATASTRUCT data{.dwData = 1, .cbData = sizeof name, .lpData = name};
@@ -227,7 +227,7 @@ TEST(ListOfWindows, IgnoresDataThatIsNotForIt)
 
 TEST(ListOfWindows, ShowsTheMenuOverANumberAndNotOverTheName)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const RemoteListView list = scan.fixture.list();
     // The menu answers to WM_CANCELMODE as to a click elsewhere.
@@ -256,7 +256,7 @@ TEST(ListOfWindows, ShowsTheMenuOverANumberAndNotOverTheName)
 
 TEST(ListOfWindows, StoresThatAClickBelowTheLastRowHitNoRow)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const RemoteListView list = scan.fixture.list();
     std::vector<std::string> menus;
@@ -306,7 +306,7 @@ TEST(ListOfWindows, StoresThatAClickBelowTheLastRowHitNoRow)
 
 TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     ASSERT_EQ(scan.fixture.scan(), 1);
     const HWND list = scan.fixture.list().window();
     scan_list.hit_cell = {.iRow = 7, .iColumn = 8};
@@ -326,7 +326,7 @@ TEST(ListOfWindows, ReportsAMissingNotificationInUnreadableWords)
 
 TEST(ListOfWindows, DestroysItsMenuWhenItIsDestroyed)
 {
-    TwoRows scan;
+    TwoRowsFixture scan;
     HMENU loaded = nullptr;
     const ImportHook<"LoadMenuW", decltype(LoadMenuW)> load("user32.dll",
                                                             [&](HINSTANCE instance, LPCWSTR name) {

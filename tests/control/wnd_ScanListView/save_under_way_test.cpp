@@ -70,8 +70,8 @@ bool all_given_back(const RecordedBlocks& blocks)
 
 TEST(SaveUnderWay, TakesNoOtherNameWhileItsDialogIsUp)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const HWND name = list.ask_name_for({1});
     AnsweredSaveDialog dialog(folder.file(L"first.txt"));
@@ -91,8 +91,8 @@ TEST(SaveUnderWay, TakesNoOtherNameWhileItsDialogIsUp)
 
 TEST(SaveUnderWay, RefusesCreateProfileWhileItsDialogIsUp)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const HWND name = list.ask_name_for({1});
     AnsweredSaveDialog dialog(folder.file(L"first.txt"));
@@ -106,8 +106,8 @@ TEST(SaveUnderWay, RefusesCreateProfileWhileItsDialogIsUp)
 
 TEST(SaveUnderWay, TakesNothingWhileTheNoticeOfAFileThatExistsIsUp)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     AnsweredSaveDialog dialog(file_that_exists(folder));
     std::optional<RecordedBlocks> blocks(std::in_place);
@@ -130,8 +130,8 @@ TEST(SaveUnderWay, TakesNothingWhileTheNoticeOfAFileThatExistsIsUp)
 
 TEST(SaveUnderWay, ReleasesItsArraysWhenItsListIsClosedWhileTheNoticeIsUp)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     AnsweredSaveDialog dialog(file_that_exists(folder));
     RecordedBlocks blocks;
@@ -150,9 +150,9 @@ TEST(SaveUnderWay, ReleasesItsArraysWhenItsListIsClosedWhileTheNoticeIsUp)
 // The list is closed while the dialog is up and another scan is listed before the dialog has returned.
 TEST(SaveUnderWay, RefusesTheNextListsCreateProfileUntilItHasEnded)
 {
-    std::optional<FilledScan> scan(std::in_place, ten_windows());
-    const ListOfWindows list;
-    std::optional<ListOfWindows> next;
+    std::optional<FilledScanFixture> scan(std::in_place, ten_windows());
+    const ListOfWindowsFixture list;
+    std::optional<ListOfWindowsFixture> next;
     {
         AnsweredSaveDialog dialog(L"");
         std::optional<RecordedBlocks> blocks(std::in_place);
@@ -182,8 +182,8 @@ TEST(SaveUnderWay, RefusesTheNextListsCreateProfileUntilItHasEnded)
 
 TEST(SaveUnderWay, ReportsAMissingFileBeforeTheWriterRuns)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     for (const bool exists : {true, false}) {
         SCOPED_TRACE(exists);
@@ -215,8 +215,8 @@ TEST(SaveUnderWay, ReportsAMissingFileBeforeTheWriterRuns)
 
 TEST(SaveUnderWay, ReportsAMissingFileWhenTheWriterRefuses)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     for (const bool exists : {true, false}) {
         SCOPED_TRACE(exists);
@@ -247,8 +247,8 @@ TEST(SaveUnderWay, ReportsAMissingFileWhenTheWriterRefuses)
 
 TEST(SaveUnderWay, IsOverAfterEveryOutcome)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const BoxWatcher boxes; // answers what the failed ones show
     list.tick(1);

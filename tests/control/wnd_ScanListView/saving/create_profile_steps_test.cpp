@@ -18,8 +18,8 @@ using test_support::ImportHook;
 
 TEST(CreateProfile, CountsEveryStateImageAboveTheFirstOfTheScansRows)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     scan_record.counter_valid = 6; // the list has ten rows
     const std::vector<LRESULT> states{0x0000, 0x1000, 0x2000, 0x3000, 0xF000,
                                       0x1000, 0x2000, 0x2000, 0x2000, 0x2000};
@@ -51,8 +51,8 @@ TEST(CreateProfile, CountsEveryStateImageAboveTheFirstOfTheScansRows)
 // Other programs may tick a row between the two walks.
 TEST(CreateProfile, StoresNoMoreRowsThanItHasCounted)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     int asked = 0;
     STR_RW_PRFL record{};
     HWND opened = nullptr;
@@ -73,8 +73,8 @@ TEST(CreateProfile, StoresNoMoreRowsThanItHasCounted)
 
 TEST(CreateProfile, ShowsAndUpdatesTheNameWindowEvenWhenItIsMissing)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     list.tick(3);
     for (const bool missing : {false, true}) {
         SCOPED_TRACE(missing);
@@ -105,8 +105,8 @@ TEST(CreateProfile, ShowsAndUpdatesTheNameWindowEvenWhenItIsMissing)
 
 TEST(CreateProfile, LeavesTheListUsableBesideTheNameWindow)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     EXPECT_NE(list.ask_name_for({1}), nullptr);
     EXPECT_TRUE(IsWindowEnabled(list.window));
     EXPECT_TRUE(IsWindowEnabled(list.list));

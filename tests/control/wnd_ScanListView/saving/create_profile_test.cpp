@@ -73,8 +73,8 @@ private:
 
 TEST(CreateProfile, AsksToTickSomethingAndOpensNothing)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     BoxWatcher boxes;
     list.press_create_profile();
     list.highlight(2); // highlighted is not ticked
@@ -92,8 +92,8 @@ TEST(CreateProfile, AsksToTickSomethingAndOpensNothing)
 
 TEST(CreateProfile, GathersTheTickedRowsInAscendingOrder)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     for (const int row : {4, 1, 7})
         list.tick(row);
     STR_RW_PRFL record{};
@@ -121,8 +121,8 @@ TEST(CreateProfile, GathersTheTickedRowsInAscendingOrder)
 
 TEST(CreateProfile, OpensOneNameWindowHoweverOftenItIsPressed)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const HWND first = list.ask_name_for({1});
     ASSERT_NE(first, nullptr);
     list.press_create_profile();
@@ -134,8 +134,8 @@ TEST(CreateProfile, OpensOneNameWindowHoweverOftenItIsPressed)
 
 TEST(CreateProfile, LeavesAnOpenNameWindowWhenNothingIsTicked)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const HWND first = list.ask_name_for({1});
     SetWindowTextW(GetDlgItem(first, name_control::kName), L"typed");
     list.untick(1);
@@ -155,8 +155,8 @@ TEST(CreateProfile, LeavesAnOpenNameWindowWhenNothingIsTicked)
 
 TEST(CreateProfile, SavesNoRowThatIsOnlyHighlighted)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const WithoutNotifications quiet(list.window);
     list.highlight(2);
     ASSERT_TRUE(list.is_highlighted(2));
@@ -176,8 +176,8 @@ TEST(CreateProfile, SavesNoRowThatIsOnlyHighlighted)
 
 TEST(CreateProfile, ReleasesTheArraysOfAnAbandonedProfile)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const HWND first = list.ask_name_for({1});
     SendMessageW(first, WM_COMMAND, name_control::kCancel, 0);
     EXPECT_EQ(name_window(), nullptr);
@@ -188,8 +188,8 @@ TEST(CreateProfile, ReleasesTheArraysOfAnAbandonedProfile)
 
 TEST(CreateProfile, ReportsThatItHasNoMemoryInThreeBoxes)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     list.tick(3);
     const FailingImport<"VirtualAlloc", decltype(VirtualAlloc)> fails("kernel32.dll", 8, nullptr,
                                                                       ERROR_NOT_ENOUGH_MEMORY);
@@ -212,8 +212,8 @@ TEST(CreateProfile, ReportsThatItHasNoMemoryInThreeBoxes)
 
 TEST(CreateProfile, ReportsARowThatCannotBePrepared)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     list.tick(3);
     std::uint8_t* const paths = std::exchange(scan_record.pcDynMem_FullPaths, nullptr);
     const AllocatedBlocks arrays;
@@ -252,8 +252,8 @@ TEST(CreateProfile, ReportsARowThatCannotBePrepared)
 
 TEST(CreateProfile, ReportsThatTheNameWindowCannotBeCreatedAndWhy)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     list.tick(3);
     STR_RW_PRFL record{};
     HWND opened = list.window;
@@ -275,7 +275,7 @@ TEST(CreateProfile, ReportsThatTheNameWindowCannotBeCreatedAndWhy)
 
 TEST(CreateProfile, RefusesMissingArgumentsNamingThem)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     STR_RW_PRFL write{};
     HWND opened = nullptr;
     const auto some = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
@@ -299,8 +299,8 @@ TEST(CreateProfile, RefusesMissingArgumentsNamingThem)
 
 TEST(CreateProfile, StopsWhenItsRowNumbersAreGone)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     list.tick(3);
     STR_RW_PRFL record{};
     HWND opened = nullptr;
@@ -325,8 +325,8 @@ TEST(CreateProfile, StopsWhenItsRowNumbersAreGone)
 // Nothing ticked abandons the profile for which the name window that stays open had asked.
 TEST(CreateProfile, LeavesAnOpenNameWindowNothingToSaveWhenNothingIsTicked)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const HWND name = list.ask_name_for({1});
     list.untick(1);

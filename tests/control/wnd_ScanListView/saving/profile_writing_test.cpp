@@ -31,7 +31,7 @@ Bytes written(const std::vector<std::uint32_t>& rows, const std::wstring& name)
 {
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"profile.txt");
-    const PreparedRecord prepared(rows, name);
+    const PreparedRecordFixture prepared(rows, name);
     const HANDLE file = create(path);
     DWORD error = 1;
     EXPECT_EQ(prepared.write(file, &error), 1);
@@ -99,7 +99,8 @@ ExpectedBox not_filled_box(const STR_RW_PRFL& record, const STR_ENUM_WNDS_DATA& 
 
 TEST(ProfileWriting, WritesOneProgramIn64Bytes)
 {
-    const FilledScan scan({{.flag = 1, .x = 1, .y = 2, .width = 3, .height = 4, .path = L"C:\\a.exe"}});
+    const FilledScanFixture scan(
+        {{.flag = 1, .x = 1, .y = 2, .width = 3, .height = 4, .path = L"C:\\a.exe"}});
     EXPECT_EQ(hex(written({0}, L"A")),
               "01 00 00 00 01 01 00 00 00 02 00 00 00 03 00 00 00 04 00 00 00 10 00 00 00 "
               "43 00 3A 00 5C 00 61 00 2E 00 65 00 78 00 65 00 00 00 "
@@ -112,7 +113,7 @@ TEST(ProfileWriting, WritesUnalignedFieldsOfThreeWindowsAndNegativeCoordinates)
         {.flag = 1, .x = -8, .y = -1, .width = 640, .height = 480, .path = L"C:\\one.exe"},
         {.flag = 0, .x = 5, .y = 6, .width = 7, .height = 8, .path = L"C:\\folder"},
         {.flag = 1, .path = L"C:\\minimised.exe"}};
-    const FilledScan scan(windows);
+    const FilledScanFixture scan(windows);
     const Bytes file = written({0, 1, 2}, L"Three windows");
     EXPECT_EQ(hex(file), hex(profile_of(windows, {0, 1, 2}, u"Three windows")));
     EXPECT_EQ(hex({file.begin() + 4, file.begin() + 11}), "01 00 01 F8 FF FF FF");
@@ -120,7 +121,7 @@ TEST(ProfileWriting, WritesUnalignedFieldsOfThreeWindowsAndNegativeCoordinates)
 
 TEST(ProfileWriting, WritesTheRowsThatTheIndexesName)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     EXPECT_EQ(hex(written({1, 4, 7, 9}, L"Some")), hex(profile_of(ten_windows(), {1, 4, 7, 9}, u"Some")));
 }
 
@@ -130,7 +131,7 @@ TEST(ProfileWriting, WritesAWindowWhosePathWasNotFoundWithAnEmptyOne)
                                              {.flag = 0, .x = 2, .path = L""},
                                              {.flag = 1, .x = 3, .path = L"C:\\three.exe"},
                                              {.flag = 0, .x = 4, .path = L""}};
-    const FilledScan scan(windows);
+    const FilledScanFixture scan(windows);
     EXPECT_EQ(hex(written({0, 1, 2, 3}, L"N")), hex(profile_of(windows, {0, 1, 2, 3}, u"N")));
     EXPECT_EQ(
         hex(written({1}, L"N")),
@@ -139,7 +140,7 @@ TEST(ProfileWriting, WritesAWindowWhosePathWasNotFoundWithAnEmptyOne)
 
 TEST(ProfileWriting, WritesANameOf256UnitsWhole)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     const Bytes file = written({2}, std::wstring(256, L'\x0416'));
     EXPECT_EQ(hex(file), hex(profile_of(ten_windows(), {2}, std::u16string(256, u'\x0416'))));
     EXPECT_EQ(file.size(), 7u + 23u + 2u * 2u * std::wstring(L"C:\\p\\xx2.exe").size() + 512u);
@@ -147,7 +148,7 @@ TEST(ProfileWriting, WritesANameOf256UnitsWhole)
 
 TEST(ProfileWriting, ChangesNothingButNameAndSizeForAnotherName)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     const Bytes first = written({0, 1, 2}, L"One");
     const Bytes second = written({0, 1, 2}, L"Another");
     EXPECT_EQ(second.size(), first.size() + 8);
@@ -156,8 +157,8 @@ TEST(ProfileWriting, ChangesNothingButNameAndSizeForAnotherName)
 
 TEST(ProfileWriting, WritesEachPartWithOneCallAndFlushesOnce)
 {
-    const FilledScan scan(ten_windows());
-    const PreparedRecord prepared({0, 1, 2}, L"Parts");
+    const FilledScanFixture scan(ten_windows());
+    const PreparedRecordFixture prepared({0, 1, 2}, L"Parts");
     const TemporaryFolder folder;
     const HANDLE file = create(folder.file(L"parts.txt"));
     std::vector<DWORD> parts;
@@ -183,8 +184,8 @@ TEST(ProfileWriting, WritesEachPartWithOneCallAndFlushesOnce)
 
 TEST(ProfileWriting, GoesOnAfterAPartThatFailsAndKeepsTheFirstError)
 {
-    const FilledScan scan(ten_windows());
-    const PreparedRecord prepared({0}, L"x");
+    const FilledScanFixture scan(ten_windows());
+    const PreparedRecordFixture prepared({0}, L"x");
     const TemporaryFolder folder;
     const HANDLE file = create(folder.file(L"failing.txt"));
     BoxWatcher boxes;
@@ -228,8 +229,8 @@ TEST(ProfileWriting, GoesOnAfterAPartThatFailsAndKeepsTheFirstError)
 
 TEST(ProfileWriting, RefusesMissingArgumentsNamingThem)
 {
-    const FilledScan scan(ten_windows());
-    const PreparedRecord prepared({0}, L"x");
+    const FilledScanFixture scan(ten_windows());
+    const PreparedRecordFixture prepared({0}, L"x");
     const STR_RW_PRFL& all = prepared.record;
     const auto file = reinterpret_cast<HANDLE>(std::uintptr_t{0x1234});
     const FailingImport<"WriteFile", decltype(WriteFile)> writes("kernel32.dll", -1, TRUE, 0);
@@ -262,7 +263,7 @@ TEST(ProfileWriting, RefusesMissingArgumentsNamingThem)
 
 TEST(ProfileArrays, AreAllocatedInOrderWithTheirSizes)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     STR_RW_PRFL record{};
     record.N_wnds_in_profile = 7;
     std::vector<SIZE_T> sizes;
@@ -285,7 +286,7 @@ TEST(ProfileArrays, AreAllocatedInOrderWithTheirSizes)
 
 TEST(ProfileArrays, AreKeptUpToTheOneThatCannotBeAllocated)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     for (int call = 1; call <= 8; ++call) {
         SCOPED_TRACE(call);
         STR_RW_PRFL record{};
@@ -308,7 +309,7 @@ TEST(ProfileArrays, AreKeptUpToTheOneThatCannotBeAllocated)
 
 TEST(ProfileArrays, AreRefusedForMissingOrEmptyRecords)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     STR_RW_PRFL record{};
     record.N_wnds_in_profile = 1;
     STR_ENUM_WNDS_DATA empty{};
@@ -336,7 +337,7 @@ TEST(ProfileArrays, AreRefusedForMissingOrEmptyRecords)
 
 TEST(ProfileArrays, AreFilledOnlyWithBothRecords)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     const BoxWatcher boxes;
     STR_RW_PRFL record{};
     EXPECT_EQ(PrepareData_Write_Profile(nullptr, &scan_record), -1);
@@ -351,8 +352,8 @@ TEST(ProfileArrays, AreFilledOnlyWithBothRecords)
 
 TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
 {
-    const FilledScan scan(ten_windows());
-    const PreparedRecord prepared({3}, L"x");
+    const FilledScanFixture scan(ten_windows());
+    const PreparedRecordFixture prepared({3}, L"x");
     // Another row, so that filling the arrays once more would be seen.
     prepared.record.p_arr1D_ui_indexes_wnds_profile[0] = 4;
     const std::string before = contents(prepared.record);
@@ -370,8 +371,8 @@ TEST(ProfileArrays, AreFilledOnlyWhenEverythingIsThere)
 
 TEST(ProfileArrays, AreReleasedAndTheirPointersCleared)
 {
-    const FilledScan scan(ten_windows());
-    PreparedRecord prepared({0, 1}, L"Kept");
+    const FilledScanFixture scan(ten_windows());
+    PreparedRecordFixture prepared({0, 1}, L"Kept");
     int released = 0;
     {
         ImportHook<"VirtualFree", decltype(VirtualFree)>* original = nullptr;

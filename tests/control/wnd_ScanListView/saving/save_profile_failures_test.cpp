@@ -53,7 +53,7 @@ DWORD error_of_writing_to(const std::wstring& path)
 TEST(SaveProfile, HoldsComWhileTheSaveDialogIsUp)
 {
     const test_support::ComApartment com;
-    Saving saving;
+    SavingFixture saving;
     // Counted, as the system's edit boxes may hold it as well.
     int holds = 0;
     const ImportHook<"CoInitializeEx", decltype(CoInitializeEx)> hold(
@@ -75,8 +75,8 @@ TEST(SaveProfile, HoldsComWhileTheSaveDialogIsUp)
 
 TEST(SaveProfile, LeavesAFileThatExistsAsItIs)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const Bytes kept{'k', 'e', 'p', 't', 0, 7, 12};
     for (const DWORD attributes : {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_HIDDEN}) {
@@ -103,7 +103,7 @@ TEST(SaveProfile, LeavesAFileThatExistsAsItIs)
 
 TEST(SaveProfile, DeletesAHalfWrittenFileAndReportsIt)
 {
-    Saving saving(L"half.txt");
+    SavingFixture saving(L"half.txt");
     for (const int part : {1, 8, 10}) {
         const HWND name = saving.list.ask_name_for({1});
         const FailingImport<"WriteFile", decltype(WriteFile)> fails("kernel32.dll", part, FALSE,
@@ -126,7 +126,7 @@ TEST(SaveProfile, DeletesAHalfWrittenFileAndReportsIt)
 
 TEST(SaveProfile, ReportsAFileThatCannotBeCreated)
 {
-    Saving saving(L"no folder\\x.txt");
+    SavingFixture saving(L"no folder\\x.txt");
     const HWND name = saving.list.ask_name_for({1});
     const Releases releases("kernel32.dll", -1, TRUE, 0);
     BoxWatcher boxes;
@@ -141,8 +141,8 @@ TEST(SaveProfile, ReportsAFileThatCannotBeCreated)
 
 TEST(SaveProfile, ReportsAWriterThatRefusesAndAnswersFalse)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"refused.txt");
     const Releases releases("kernel32.dll", -1, TRUE, 0);
@@ -197,8 +197,8 @@ TEST(SaveProfile, ReportsAWriterThatRefusesAndAnswersFalse)
 
 TEST(SaveProfile, ReportsANameThatComesFromNoWindow)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     BoxWatcher boxes;
     EXPECT_EQ(send_name(list, nullptr, 0, L"x", 2), FALSE);
     const std::wstring record = record_named_in(boxes.wait_for_box(0).text);
@@ -214,7 +214,7 @@ TEST(SaveProfile, ReportsANameThatComesFromNoWindow)
 
 TEST(SaveProfile, RefusesMissingArgumentsNamingThem)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     STR_RW_PRFL write{};
     const auto some = reinterpret_cast<HWND>(std::uintptr_t{0x1234});
     for (int missing = 0; missing < 4; ++missing) {
@@ -234,7 +234,7 @@ TEST(SaveProfile, RefusesMissingArgumentsNamingThem)
 
 TEST(SaveProfile, ReportsAHalfWrittenFileThatCannotBeDeleted)
 {
-    Saving saving(L"left.txt");
+    SavingFixture saving(L"left.txt");
     const HWND name = saving.list.ask_name_for({1});
     const FailingImport<"WriteFile", decltype(WriteFile)> full("kernel32.dll", 2, FALSE, ERROR_DISK_FULL);
     const FailingImport<"DeleteFileW", decltype(DeleteFileW)> kept("kernel32.dll", 1, FALSE,

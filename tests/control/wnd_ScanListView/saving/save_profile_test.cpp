@@ -23,7 +23,7 @@ using test_support::TemporaryFolder;
 
 TEST(SaveProfile, WritesTheTickedRowsUnderTheEnteredName)
 {
-    Saving saving;
+    SavingFixture saving;
     const HWND name = saving.list.ask_name_for({4, 1, 7, 0});
     saving.dialog.look = [&](const OPENFILENAMEW& settings) {
         EXPECT_FALSE(IsWindow(name)) << "the name window goes first";
@@ -54,8 +54,8 @@ TEST(SaveProfile, WritesTheTickedRowsUnderTheEnteredName)
 TEST(SaveProfile, SavesWhatTheScanRecordSaysNotWhatTheListShowed)
 {
     std::vector<ScannedWindow> windows = ten_windows();
-    const FilledScan scan(windows);
-    const ListOfWindows list;
+    const FilledScanFixture scan(windows);
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"saved.txt");
     // As Modify Cell does it.
@@ -69,7 +69,7 @@ TEST(SaveProfile, SavesWhatTheScanRecordSaysNotWhatTheListShowed)
 
 TEST(SaveProfile, CreatesANewFileOnlyForItselfAndClosesIt)
 {
-    Saving saving;
+    SavingFixture saving;
     const HWND name = saving.list.ask_name_for({1});
     ImportHook<"CreateFileW", decltype(CreateFileW)>* original = nullptr;
     ImportHook<"CreateFileW", decltype(CreateFileW)> hook(
@@ -91,8 +91,8 @@ TEST(SaveProfile, CreatesANewFileOnlyForItselfAndClosesIt)
 
 TEST(SaveProfile, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const HWND name = list.ask_name_for({1});
     AnsweredSaveDialog dialog(L"");
     const Releases releases("kernel32.dll", -1, TRUE, 0);
@@ -107,7 +107,7 @@ TEST(SaveProfile, FreesTheArraysAndWritesNothingWhenTheSaveDialogIsCancelled)
 
 TEST(SaveProfile, TakesAtMost256UnitsAndWholeUnitsOnly)
 {
-    Saving saving(L"long.txt");
+    SavingFixture saving(L"long.txt");
     const std::wstring long_name(5000, L'n');
     EXPECT_EQ(send_name(saving.list, saving.list.ask_name_for({1}), 0, long_name, 10'000), TRUE);
     EXPECT_EQ(hex(read_file(saving.path)), hex(profile_of(ten_windows(), {1}, std::u16string(256, u'n'))));
@@ -118,8 +118,8 @@ TEST(SaveProfile, TakesAtMost256UnitsAndWholeUnitsOnly)
 
 TEST(SaveProfile, CreatesNoFileAfterEitherCancel)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     SetCurrentDirectoryW(folder.path().c_str()); // where a name without a folder would go
     const FailingImport<"CreateFileW", decltype(CreateFileW)> creations("kernel32.dll", -1, nullptr, 0);
@@ -149,8 +149,8 @@ TEST(SaveProfile, CreatesNoFileAfterEitherCancel)
 
 TEST(SaveProfile, TakesTheNameFromWhicheverWindowSendsIt)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const std::wstring path = folder.file(L"saved.txt");
     const TestWindow other(L"other");
@@ -172,7 +172,7 @@ TEST(SaveProfile, TakesTheNameFromWhicheverWindowSendsIt)
 
 TEST(SaveProfile, TreatsAMissingNameAsAnEmptyOne)
 {
-    Saving saving;
+    SavingFixture saving;
     BoxWatcher boxes;
     for (const DWORD bytes : {0U, 2U, 512U, 0xFFFF'FFFFU}) {
         SCOPED_TRACE(bytes);
@@ -189,8 +189,8 @@ TEST(SaveProfile, TreatsAMissingNameAsAnEmptyOne)
 
 TEST(SaveProfile, IgnoresDataOfOtherKindsAndMissingData)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const HWND name = list.ask_name_for({1});
     AnsweredSaveDialog dialog(L"");
     BoxWatcher boxes;
@@ -205,7 +205,7 @@ TEST(SaveProfile, IgnoresDataOfOtherKindsAndMissingData)
 TEST(SaveProfile, AcceptsAFileSystemThatCannotFlush)
 {
     for (const DWORD code : {DWORD{ERROR_INVALID_FUNCTION}, DWORD{ERROR_NOT_SUPPORTED}}) {
-        Saving saving;
+        SavingFixture saving;
         const HWND name = saving.list.ask_name_for({1});
         const FailingImport<"FlushFileBuffers", decltype(FlushFileBuffers)> failing(
             "kernel32.dll", test_support::kEveryCall, FALSE, code);
@@ -218,8 +218,8 @@ TEST(SaveProfile, AcceptsAFileSystemThatCannotFlush)
 
 TEST(SaveProfile, AddsTheEndingThatTheRealSaveDialogWasGiven)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     const TemporaryFolder folder;
     const HWND name = list.ask_name_for({1});
     std::wstring title;

@@ -18,7 +18,7 @@ namespace
 {
 
 // The list's own write record, which a refused name gives away.
-STR_RW_PRFL* write_record_of(const ListOfWindows& list)
+STR_RW_PRFL* write_record_of(const ListOfWindowsFixture& list)
 {
     const BoxWatcher boxes;
     EXPECT_EQ(send_name(list, nullptr, 0, L"x", 2), FALSE);
@@ -46,8 +46,8 @@ TEST(WriteRecord, HasItsFieldsInOrder)
 
 TEST(WriteRecord, IsClearedBeforeAnythingIsGathered)
 {
-    const FilledScan scan(ten_windows());
-    const ListOfWindows list;
+    const FilledScanFixture scan(ten_windows());
+    const ListOfWindowsFixture list;
     list.ask_name_for({1, 2});
     STR_RW_PRFL* const record = write_record_of(list);
     ASSERT_TRUE(has_arrays(*record));
@@ -64,13 +64,13 @@ TEST(WriteRecord, IsClearedBeforeAnythingIsGathered)
 
 TEST(WriteRecord, HoldsOneByteOfEachTerminatorAndNotTheOther)
 {
-    const FilledScan scan(ten_windows());
+    const FilledScanFixture scan(ten_windows());
     for (const std::uint32_t row : {3u, 5u}) {
         std::uint8_t* const terminator = path_slot(&scan_record, row) + scan_record.arr1D_ui_LenPath[row];
         terminator[0] = 0x5A;
         terminator[1] = 0xA5;
     }
-    const PreparedRecord prepared({3, 5}, L"x");
+    const PreparedRecordFixture prepared({3, 5}, L"x");
     const std::uint8_t* const first_end = prepared.record.p_arr_strz_paths + 26; // C:\p\xxx3.exe
     const std::uint8_t* const second_end = first_end + 2 + 30;                   // C:\p\xxxxx5.exe
     EXPECT_EQ(first_end[0], 0x5A);

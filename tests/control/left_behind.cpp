@@ -62,7 +62,8 @@ void expect_no_com()
 {
     if (has_com_apartment())
         ADD_FAILURE() << "left behind: COM";
-    // Its lists are not counted beside those of the executable's own stand-in.
+    // A test registers a stand-in of its own. This one comes with the list that Wine's session has
+    // registered.
     if (GetModuleHandleW(L"shell_windows_stand_in.dll") != nullptr)
         ADD_FAILURE() << "left behind: the library of the stand-in for the shell's list";
 }

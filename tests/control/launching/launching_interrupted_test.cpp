@@ -23,15 +23,11 @@ using test_support::bytes_as_wide;
 using test_support::FailingImport;
 using test_support::ImportHook;
 using test_support::kEveryCall;
+using test_support::own_image_path;
 using test_support::ProfileEncoder;
 using test_support::units_of;
 
 constexpr wchar_t kFile[] = L"sources/funcs_layout_windows";
-
-std::u16string own_image()
-{
-    return units_of(test_support::image_path_of(GetCurrentProcessId()));
-}
 
 // Programs that are said to have been started, or to have failed, without being started.
 class PretendedPrograms
@@ -196,7 +192,7 @@ TEST(Launching, ReportsAndPlacesNothingOnceTheMainWindowIsClosed)
         });
     closed.load(ProfileEncoder()
                     .add_folder(0, 0, 9, 9, u"C:\\gone")
-                    .add_program(5, 6, 310, 210, own_image())
+                    .add_program(5, 6, 310, 210, units_of(own_image_path()))
                     .name(u"P"));
     EXPECT_EQ(place_of(program), unmoved);
 }
@@ -292,7 +288,8 @@ TEST(Launching, SearchesAgainWhenAnImagePathCouldNotBeQueried)
     const PretendedPrograms programs;
     const RecordedSleeps sleeps;
     const TestWindow program(L"program");
-    const Bytes file = ProfileEncoder().add_program(5, 6, 310, 210, own_image()).name(u"P").bytes();
+    const Bytes file =
+        ProfileEncoder().add_program(5, 6, 310, 210, units_of(own_image_path())).name(u"P").bytes();
     const FailingImport<"K32GetModuleFileNameExW", DWORD WINAPI(HANDLE, HMODULE, LPWSTR, DWORD)> fails(
         "kernel32.dll", 1, 0, ERROR_PARTIAL_COPY);
     BoxWatcher boxes;

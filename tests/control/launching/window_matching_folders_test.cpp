@@ -48,10 +48,7 @@ TEST(FolderMatching, SkipsWindowsThatDoNotTellTheirFolderAndReleasesEverything)
 {
     ProfileFixture fixture;
     const Bytes file = ProfileEncoder().add_folder(0, 0, 9, 9, u"C:\\windows").name(u"x").bytes();
-    for (const Missing missing :
-         {Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp, Missing::kServiceProvider,
-          Missing::kShellBrowser, Missing::kShellView, Missing::kFolderView, Missing::kPersistFolder,
-          Missing::kItemIdList, Missing::kItemIdListNull, Missing::kFileSystemPath}) {
+    for (const Missing missing : test_support::kStepsToTheFolder) {
         SCOPED_TRACE(static_cast<int>(missing));
         fixture.folders.clear();
         const TestWindow broken(L"broken");

@@ -18,15 +18,11 @@ using test_support::Bytes;
 using test_support::FailingImport;
 using test_support::ImportHook;
 using test_support::kEveryCall;
+using test_support::own_image_path;
 using test_support::ProfileEncoder;
 using test_support::units_of;
 
 constexpr wchar_t kFile[] = L"sources/funcs_layout_windows";
-
-std::wstring own_image()
-{
-    return test_support::image_path_of(GetCurrentProcessId());
-}
 
 std::wstring upper_case(std::wstring text)
 {
@@ -52,6 +48,13 @@ struct Matcher {
     STR_InfoLoadedPrg started{};
     HWNDs_loadedPrgsProfile_STR record;
 };
+
+// Empties the field of that number, counted from 0, and none for another number.
+template <class... Fields> void empty_one(int number, Fields&... fields)
+{
+    int next = 0;
+    ((next++ == number ? static_cast<void>(fields = {}) : static_cast<void>(0)), ...);
+}
 
 ProfileEncoder one_entry(const std::wstring& path)
 {
@@ -91,7 +94,7 @@ TEST(ProgramMatching, HasARecordWithItsFieldsInOrder)
 TEST(ProgramMatching, ClosesEachProcessThatItOpens)
 {
     const TestWindow window(L"mine");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     HANDLE opened = nullptr;
     const ImportHook<"OpenProcess", decltype(OpenProcess)> open(
         "kernel32.dll",
@@ -110,10 +113,10 @@ TEST(ProgramMatching, GivesAWindowToEveryEntryOfItsExecutableInAnyCase)
 {
     const TestWindow window(L"mine");
     Matcher matcher(ProfileEncoder()
-                        .add_program(0, 0, 9, 9, units_of(upper_case(own_image())))
+                        .add_program(0, 0, 9, 9, units_of(upper_case(own_image_path())))
                         .add_program(0, 0, 9, 9, u"C:\\other.exe")
-                        .add_folder(0, 0, 9, 9, units_of(own_image()))
-                        .add({.flag = 9, .path = units_of(own_image())})
+                        .add_folder(0, 0, 9, 9, units_of(own_image_path()))
+                        .add({.flag = 9, .path = units_of(own_image_path())})
                         .name(u"x"));
     EXPECT_EQ(matcher.ask(window), TRUE);
     EXPECT_EQ(matcher.found, (std::vector<HWND>{window, nullptr, nullptr, window}));
@@ -123,7 +126,7 @@ TEST(ProgramMatching, KeepsTheFirstWindowUntilOneOfAStartedThreadComes)
 {
     const TestWindow first(L"first");
     const TestWindow second(L"second");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     EXPECT_EQ(matcher.ask(first), TRUE);
     EXPECT_EQ(matcher.ask(second), TRUE);
     EXPECT_EQ(matcher.found.front(), first.get());
@@ -143,7 +146,7 @@ TEST(ProgramMatching, TakesTheRecordOfAnotherEntryForAStartedThreadToo)
 {
     const TestWindow first(L"first");
     const TestWindow second(L"second");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     const STR_InfoLoadedPrg records[] = {
         {.uiIndex_wnd = 0, .hProcess = nullptr, .hThread = nullptr, .dwProcessId = 1, .dwThreadId = 1},
         {.uiIndex_wnd = 5,
@@ -166,7 +169,7 @@ TEST(ProgramMatching, SkipsWindowsThatDoNotQualify)
     const TestWindow untitled(L"", visible, place);
     const TestWindow empty(L"empty", visible, {10, 0, 10, 0});
     const TestWindow empty_below(L"empty", visible, {0, 20, 0, 20});
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     for (const HWND window : {HWND{nullptr}, invisible.get(), untitled.get(), empty.get(), empty_below.get()})
         EXPECT_EQ(matcher.ask(window), TRUE);
     for (const wchar_t* name : {L"Tooltips_Class", L"SysShadow", L"RegEdit_RegEdit", L"TaskManagerWindow",
@@ -210,7 +213,7 @@ TEST(ProgramMatching, SkipsExplorerInAnyFolder)
 TEST(ProgramMatching, SkipsAProcessThatCannotBeOpened)
 {
     const TestWindow window(L"mine");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     const ImportHook<"OpenProcess", decltype(OpenProcess)> refuse(
         "kernel32.dll", [](DWORD access, BOOL inherit, DWORD process) -> HANDLE {
             EXPECT_EQ(access, 0x1010u);
@@ -227,7 +230,7 @@ TEST(ProgramMatching, SkipsAProcessThatCannotBeOpened)
 TEST(ProgramMatching, EndsThePassWhenAnImagePathCannotBeQueried)
 {
     const TestWindow window(L"mine");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     const GivenImage nothing(L"");
     // The handle of the process stays open.
     const FailingImport<"CloseHandle", decltype(CloseHandle)> closes("kernel32.dll", kEveryCall, TRUE, 0);
@@ -252,17 +255,8 @@ TEST(ProgramMatching, EndsThePassWithoutARecordOrWithAnEmptyOne)
     for (int missing = 0; missing < 7; ++missing) {
         SCOPED_TRACE(missing);
         HWNDs_loadedPrgsProfile_STR r = whole.record;
-        const auto take = [&](int field, auto& value) {
-            if (field == missing)
-                value = {};
-        };
-        take(0, r.p_hwnd_arr);
-        take(1, r.ptcBuf);
-        take(2, r.uiSize_chars);
-        take(3, r.uiSize_bytes);
-        take(4, r.pcFileData);
-        take(5, r.pc_arr_STRs_InfoLoadedPrg);
-        take(6, r.N_prgs);
+        empty_one(missing, r.p_hwnd_arr, r.ptcBuf, r.uiSize_chars, r.uiSize_bytes, r.pcFileData,
+                  r.pc_arr_STRs_InfoLoadedPrg, r.N_prgs);
         BoxWatcher boxes;
         EXPECT_EQ(GetHWNDS_of_LoadedPrograms(nullptr, reinterpret_cast<LPARAM>(&r)), FALSE);
         boxes.expect_boxes(
@@ -282,8 +276,8 @@ TEST(ProgramMatching, CopiesTheWindowsOfProgramEntriesOnly)
 {
     const TestWindow window(L"mine");
     Matcher matcher(ProfileEncoder()
-                        .add_program(0, 0, 9, 9, units_of(own_image()))
-                        .add({.flag = 9, .path = units_of(own_image())})
+                        .add_program(0, 0, 9, 9, units_of(own_image_path()))
+                        .add({.flag = 9, .path = units_of(own_image_path())})
                         .name(u"x"));
     std::vector<HWND> programs(2);
     EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 2, programs.data()), 1);
@@ -308,7 +302,7 @@ TEST(ProgramMatching, CopiesNothingBehindTheLastEntry)
 
 TEST(ProgramMatching, KeepsWhatItFoundWhenLaterPassesFail)
 {
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     std::vector<HWND> programs(1);
     const TestWindow window(L"mine");
     EXPECT_EQ(find_hwnds_Programs_fill_array(&matcher.record, 1, programs.data()), 1);
@@ -329,7 +323,7 @@ TEST(ProgramMatching, AsksNoWindowThatBelongsToNoEntryForItsTitle)
     const TestWindow empty(L"empty", RECT{10, 20, 10, 20}, L"TestWindow", WS_POPUP | WS_VISIBLE);
     const TestWindow hidden(L"hidden", RECT{10, 20, 310, 220}, L"TestWindow", WS_POPUP);
     const TestWindow window(L"mine");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     std::vector<HWND> asked;
     const ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> ask(
         "user32.dll",
@@ -345,7 +339,7 @@ TEST(ProgramMatching, AsksNoWindowThatBelongsToNoEntryForItsTitle)
 TEST(ProgramMatching, AsksForTitlesOfAThousandUnits)
 {
     const TestWindow window(L"mine");
-    Matcher matcher(one_entry(own_image()));
+    Matcher matcher(one_entry(own_image_path()));
     std::vector<WPARAM> capacities;
     const ImportHook<"SendMessageTimeoutW", decltype(SendMessageTimeoutW)> ask(
         "user32.dll",
@@ -381,15 +375,7 @@ TEST(ProgramMatching, RefusesMissingArgumentsAndFields)
     }
     for (int missing = 0; missing < 5; ++missing) {
         HWNDs_loadedPrgsProfile_STR r = whole.record;
-        const auto take = [&](int field, auto& value) {
-            if (field == missing)
-                value = {};
-        };
-        take(0, r.p_hwnd_arr);
-        take(1, r.ptcBuf);
-        take(2, r.pcFileData);
-        take(3, r.uiSize_chars);
-        take(4, r.uiSize_bytes);
+        empty_one(missing, r.p_hwnd_arr, r.ptcBuf, r.pcFileData, r.uiSize_chars, r.uiSize_bytes);
         const std::wstring field = L"p_HWNDs_loadedPrgsProfile_STR->";
         BoxWatcher boxes;
         EXPECT_EQ(find_hwnds_Programs_fill_array(&r, 1, out), -2);

@@ -139,10 +139,7 @@ TEST(ExplorerFolders, OfTheDesktopItselfNeverReachASlot)
 TEST(ExplorerFolders, ThatFailAtAnyStepAreSkippedAndReleased)
 {
     Scanned scanned;
-    for (const Missing missing :
-         {Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp, Missing::kServiceProvider,
-          Missing::kShellBrowser, Missing::kShellView, Missing::kFolderView, Missing::kPersistFolder,
-          Missing::kItemIdList, Missing::kItemIdListNull, Missing::kFileSystemPath}) {
+    for (const Missing missing : test_support::kStepsToTheFolder) {
         scanned.fixture.folders.clear();
         FolderWindow broken;
         broken.window = scanned.windows[0];

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/fixtures/scan_fixture.h"
+#include "tests/control/fixtures/list_fixture.h"
 #include "tests/support/boxes/box_watcher.h"
 #include "tests/support/imports/import_patch.h"
 #include "tests/support/processes/fixture_programs.h"
@@ -16,6 +16,7 @@
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
+using scan_tests::VanishingRowFixture;
 
 namespace
 {
@@ -223,14 +224,8 @@ TEST(ScanCommand, LeavesOutWindowsThatAppearBetweenThePasses)
 
 TEST(ScanCommand, KeepsAnEmptyRowForAWindowThatVanishesBetweenThePasses)
 {
-    ScanFixture fixture;
-    const TestWindow one(L"one");
-    const TestWindow going(L"going");
-    Desktop desktop({one, going});
-    desktop.before_pass = [&](int pass) {
-        if (pass == 2)
-            desktop.windows.pop_back();
-    };
+    VanishingRowFixture scan;
+    ScanFixture& fixture = scan.fixture;
     EXPECT_EQ(fixture.scan(), 1);
     EXPECT_EQ(fixture.list().row_count(), 2);
     EXPECT_EQ(fixture.list().row(1), (Row{L"2", L"", L"0", L"0", L"0", L"0"}));

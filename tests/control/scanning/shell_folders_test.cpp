@@ -217,11 +217,10 @@ TEST(ShellFolders, ThatNeverTellTheirFolderAreSearchedForTenTimes)
     const RecordedFolderStarts starts;
     const TestWindow window(L"folder");
     const std::string place = profile_tests::place_of(window);
-    for (const Missing missing :
-         {Missing::kNothing, Missing::kItem, Missing::kItemNull, Missing::kWebBrowserApp,
-          Missing::kWindowHandle, Missing::kServiceProvider, Missing::kShellBrowser, Missing::kShellView,
-          Missing::kFolderView, Missing::kPersistFolder, Missing::kItemIdList, Missing::kItemIdListNull,
-          Missing::kFileSystemPath}) {
+    std::vector<Missing> steps{Missing::kNothing, Missing::kWindowHandle};
+    steps.insert(steps.end(), std::begin(test_support::kStepsToTheFolder),
+                 std::end(test_support::kStepsToTheFolder));
+    for (const Missing missing : steps) {
         SCOPED_TRACE(static_cast<int>(missing));
         const RecordedSleeps sleeps;
         fixture.folders.clear();

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "sources/funcs_layout_windows/scanning/list_window.h"
-#include "tests/control/fixtures/scan_fixture.h"
+#include "tests/control/fixtures/list_fixture.h"
 #include "tests/support/basics/text.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/boxes/box_watcher.h"
@@ -22,6 +22,7 @@
 using namespace test_support;
 using scan_tests::Desktop;
 using scan_tests::ScanFixture;
+using scan_tests::VanishingRowFixture;
 
 namespace
 {
@@ -246,14 +247,8 @@ TEST(MoveCommand, ReportsAWindowThatIsGoneAndMovesTheRest)
 
 TEST(MoveCommand, ReportsASlotThatWasNeverFilledAndGivenASize)
 {
-    ScanFixture fixture;
-    const TestWindow one(L"one");
-    const TestWindow going(L"going");
-    Desktop desktop({one, going});
-    desktop.before_pass = [&](int pass) {
-        if (pass == 2)
-            desktop.windows.pop_back();
-    };
+    VanishingRowFixture scan;
+    ScanFixture& fixture = scan.fixture;
     fixture.scan();
     fixture.list().set_ticked(1, true);
     const BoxWatcher boxes;

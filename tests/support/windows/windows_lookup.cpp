@@ -48,6 +48,13 @@ std::wstring image_path_of(DWORD process_id)
     return path;
 }
 
+std::wstring own_image_path()
+{
+    wchar_t path[MAX_PATH]{};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return path;
+}
+
 std::vector<HWND> top_level_windows()
 {
     std::vector<HWND> windows;

@@ -18,6 +18,8 @@ std::wstring title_of(HWND window);
 RECT rectangle_of(HWND window);
 // The full image path of a process, empty when it cannot be had.
 std::wstring image_path_of(DWORD process_id);
+// That of this process.
+std::wstring own_image_path();
 
 // Top-level windows in z-order.
 std::vector<HWND> top_level_windows();

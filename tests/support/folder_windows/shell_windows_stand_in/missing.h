@@ -20,4 +20,11 @@ enum class Missing {
     kFileSystemPath,  // a virtual folder: the list names no path
 };
 
+// The steps without which there is no folder: all but the window's handle.
+inline constexpr Missing kStepsToTheFolder[] = {
+    Missing::kItem,         Missing::kItemNull,       Missing::kWebBrowserApp,  Missing::kServiceProvider,
+    Missing::kShellBrowser, Missing::kShellView,      Missing::kFolderView,     Missing::kPersistFolder,
+    Missing::kItemIdList,   Missing::kItemIdListNull, Missing::kFileSystemPath,
+};
+
 } // namespace test_support

@@ -34,11 +34,19 @@ BOOL CALLBACK add_window(HWND window, LPARAM windows)
     return TRUE;
 }
 
-// Windows that the system makes for a thread and keeps until it ends.
+HMODULE module_of_class(HWND window)
+{
+    return reinterpret_cast<HMODULE>(GetClassLongPtrW(window, GCLP_HMODULE));
+}
+
+// Windows that the system makes for a thread, for input methods, COM or the shell, and keeps until it ends.
 bool is_kept_by_the_system(HWND window)
 {
-    const std::wstring name = class_of(window);
-    return name == L"IME" || name == L"MSCTFIME UI" || name == L"OleMainThreadWndClass";
+    const HMODULE module = module_of_class(window);
+    const bool may_be_of_a_test = module == GetModuleHandleW(nullptr) ||
+                                  module == GetModuleHandleW(L"user32.dll") ||
+                                  module == GetModuleHandleW(L"comctl32.dll");
+    return !may_be_of_a_test || class_of(window) == L"IME";
 }
 
 void expect_no_windows()

@@ -20,27 +20,27 @@ void expect_as_written(const std::string& transcript)
     expect_transcript(steps_of(text_of_tree("tests/tools/transcripts/" + transcript), ""));
 }
 
-TEST(ProfileToolTranscripts, Show)
+TEST(ProfileToolTranscripts, OfShowAreAsWritten)
 {
     expect_as_written("show.txt");
 }
 
-TEST(ProfileToolTranscripts, Check)
+TEST(ProfileToolTranscripts, OfCheckAreAsWritten)
 {
     expect_as_written("check.txt");
 }
 
-TEST(ProfileToolTranscripts, Json)
+TEST(ProfileToolTranscripts, OfJsonAreAsWritten)
 {
     expect_as_written("json.txt");
 }
 
-TEST(ProfileToolTranscripts, Relink)
+TEST(ProfileToolTranscripts, OfRelinkAreAsWritten)
 {
     expect_as_written("relink.txt");
 }
 
-TEST(ProfileToolTranscripts, Usage)
+TEST(ProfileToolTranscripts, OfWrongUseAreAsWritten)
 {
     expect_as_written("usage.txt");
 }
@@ -74,12 +74,12 @@ void expect_document(const std::string& document, const std::string& prompt)
     expect_transcript(steps);
 }
 
-TEST(ProfileToolTranscripts, ReadMe)
+TEST(ProfileToolTranscripts, OfTheReadMeAreAsWritten)
 {
     expect_document("README.md", "$ ");
 }
 
-TEST(ProfileToolTranscripts, Guide)
+TEST(ProfileToolTranscripts, OfTheGuideAreAsWritten)
 {
     expect_document("docs/guide.md", "> ");
 }

@@ -11,7 +11,7 @@
 #include "tests/support/basics/text.h"
 #include "tests/support/windows/windows_lookup.h"
 
-// Loads in the course of which something goes: memory, the main window, or a window that was found.
+// Loads during which memory runs out, or the main window or a window that was found is closed.
 
 namespace
 {

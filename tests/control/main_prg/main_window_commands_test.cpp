@@ -135,7 +135,7 @@ TEST(MainWindowCommands, AreAllAnsweredWith0)
     EXPECT_EQ(scans, 2);
     EXPECT_EQ(cancelled.calls(), 2);
     EXPECT_EQ(boxes.boxes().at(0).title, L"info");
-    // A drop of nothing, a size, a picture.
+    // WM_DROPFILES without a handle, WM_SIZE and WM_PAINT are answered with 0 as well.
     EXPECT_EQ(SendMessageW(main.window, WM_DROPFILES, 0, 0), 0);
     EXPECT_EQ(SendMessageW(main.window, WM_SIZE, SIZE_RESTORED, MAKELPARAM(600, 400)), 0);
     EXPECT_EQ(SendMessageW(main.window, WM_PAINT, 0, 0), 0);

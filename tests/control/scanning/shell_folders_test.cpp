@@ -236,7 +236,7 @@ TEST(ShellFolders, ThatNeverTellTheirFolderAreSearchedForTenTimes)
     }
 }
 
-TEST(ShellFolders, VanishingWhileALoadSearchesAreStillPlacedOnceTheyCome)
+TEST(ShellFolders, ThatComeAndGoWhileALoadSearchesAreStillPlaced)
 {
     ProfileFixture fixture;
     const RecordedFolderStarts starts;

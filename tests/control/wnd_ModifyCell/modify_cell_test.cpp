@@ -96,7 +96,7 @@ TEST_F(ModifyCell, MakesMoveUseTheChange)
     EXPECT_EQ(rectangle_of(first).left, 250);
 }
 
-TEST_F(ModifyCell, TakesAPastedNegativeNumber)
+TEST_F(ModifyCell, TakesANegativeNumberThatIsSetAsText)
 {
     open(0);
     enter(0, L"-8");

@@ -13,7 +13,7 @@ namespace hostile
 
 using namespace test_support;
 
-AllWindowsOpen::AllWindowsOpen()
+AllWindowsOpenFixture::AllWindowsOpenFixture()
     : neighbours_({{.title = L"Edited", .place = {600, 500, 901, 702}}}), boxes_(wendlow_.watch_boxes())
 {
     const std::wstring path = folder_.file(L"good.txt");
@@ -35,12 +35,12 @@ AllWindowsOpen::AllWindowsOpen()
     before_ = state();
 }
 
-Bytes AllWindowsOpen::good_profile()
+Bytes AllWindowsOpenFixture::good_profile()
 {
     return ProfileEncoder().add({.flag = 7, .path = u"C:\\neither"}).name(u"Good").bytes();
 }
 
-std::string AllWindowsOpen::state() const
+std::string AllWindowsOpenFixture::state() const
 {
     Texts seen;
     for (const HWND window : top_level_windows_of(wendlow_.process_id())) {
@@ -68,20 +68,20 @@ std::string AllWindowsOpen::state() const
     return lines;
 }
 
-LRESULT AllWindowsOpen::send_data(HWND window, HWND sender, ULONG_PTR kind, void* bytes, DWORD size)
+LRESULT AllWindowsOpenFixture::send_data(HWND window, HWND sender, ULONG_PTR kind, void* bytes, DWORD size)
 {
     COPYDATASTRUCT data{.dwData = kind, .cbData = size, .lpData = size != 0 ? bytes : nullptr};
     return answer_of(window, WM_COPYDATA, reinterpret_cast<WPARAM>(sender), reinterpret_cast<LPARAM>(&data));
 }
 
-void AllWindowsOpen::expect_all_as_before()
+void AllWindowsOpenFixture::expect_all_as_before()
 {
     wendlow_.wait_until_idle();
     ASSERT_TRUE(wendlow_.is_running());
     EXPECT_EQ(state(), before_);
 }
 
-bool AllWindowsOpen::is_command_of(HWND window, unsigned id, unsigned code, HWND control) const
+bool AllWindowsOpenFixture::is_command_of(HWND window, unsigned id, unsigned code, HWND control) const
 {
     if (window == wendlow_.main_window())
         return code == 0 && (id == 1 || id == 2 || (control == nullptr && id >= 3 && id <= 9));

@@ -28,10 +28,10 @@ inline HWND made_up(std::uintptr_t value)
 }
 
 // All of the program's windows are open, each holding something of the user's.
-class AllWindowsOpen : public testing::Test
+class AllWindowsOpenFixture : public testing::Test
 {
 protected:
-    AllWindowsOpen();
+    AllWindowsOpenFixture();
 
     // The bytes of a profile of a kind that is neither started nor opened.
     static Bytes good_profile();

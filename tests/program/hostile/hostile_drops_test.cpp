@@ -24,7 +24,7 @@ using hostile::Texts;
 namespace
 {
 
-class HostileDrops : public hostile::AllWindowsOpen
+class HostileDrops : public hostile::AllWindowsOpenFixture
 {
 };
 

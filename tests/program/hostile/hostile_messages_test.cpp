@@ -20,7 +20,7 @@ using hostile::Texts;
 namespace
 {
 
-class HostileMessages : public hostile::AllWindowsOpen
+class HostileMessages : public hostile::AllWindowsOpenFixture
 {
 };
 

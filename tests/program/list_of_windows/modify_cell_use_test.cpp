@@ -15,7 +15,7 @@ namespace
 {
 
 using namespace on_the_list;
-using ModifyCell = OnTheList;
+using ModifyCell = OnTheListFixture;
 
 void put_on_clipboard(const std::wstring& text)
 {
@@ -67,7 +67,7 @@ TEST_F(ModifyCell, RefusesLettersAndKeepsTheRowsTextForAnEmptyEdit)
     EXPECT_EQ(cells(), (Cells{L"200", L"150", L"400", L"300"}));
 }
 
-TEST_F(ModifyCell, TakesAPastedNegativeNumber)
+TEST_F(ModifyCell, TakesANegativeNumberThatIsSetAsText)
 {
     open();
     SendMessageW(control(kX), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"-8"));

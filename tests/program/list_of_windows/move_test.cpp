@@ -9,7 +9,7 @@ namespace
 {
 
 using namespace on_the_list;
-using Move = OnTheList;
+using Move = OnTheListFixture;
 
 TEST_F(Move, BringsTheWindowToTheRowsPlace)
 {

@@ -25,10 +25,10 @@ using Cells = std::vector<std::wstring>;
 using namespace cell_control;
 
 // One program on the list, its window and its row.
-class OnTheList : public testing::Test
+class OnTheListFixture : public testing::Test
 {
 protected:
-    OnTheList()
+    OnTheListFixture()
     {
         fixtures_.add(L"listed", {.title = L"Listed", .x = 200, .y = 150, .width = 400, .height = 300});
         window_ = fixtures_.start(L"listed");

@@ -15,7 +15,7 @@ using hostile::Texts;
 namespace
 {
 
-class MessagesWhileABoxIsUp : public hostile::AllWindowsOpen
+class MessagesWhileABoxIsUp : public hostile::AllWindowsOpenFixture
 {
 };
 

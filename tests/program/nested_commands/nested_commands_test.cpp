@@ -70,7 +70,7 @@ protected:
     BoxWatcher boxes_;
 };
 
-TEST_F(NestedCommands, CloseWhileTheReportOfALoadIsUp)
+TEST_F(NestedCommands, CloseWhileTheReportOfALoadIsUpKeepsThatLoadsProfile)
 {
     const std::wstring path = profile(
         L"gone.txt", ProfileEncoder().add_program(1, 2, 300, 200, u"C:\\gone\\program.exe").name(u"Gone"));
@@ -88,7 +88,7 @@ TEST_F(NestedCommands, CloseWhileTheReportOfALoadIsUp)
     EXPECT_EQ(wendlow_.close_and_wait(), 0u);
 }
 
-TEST_F(NestedCommands, ScanAndEndWhileTheAboutBoxIsUp)
+TEST_F(NestedCommands, ScanAndEndWhileTheAboutBoxIsUpEndTheProgram)
 {
     boxes_.hold();
     wendlow_.choose_about();
@@ -103,7 +103,7 @@ TEST_F(NestedCommands, ScanAndEndWhileTheAboutBoxIsUp)
     EXPECT_EQ(boxes_.count(), 1u);
 }
 
-TEST_F(NestedCommands, LoadWhileTheOpenDialogIsUp)
+TEST_F(NestedCommands, DropWhileTheOpenDialogIsUpIsLoaded)
 {
     wendlow_.press_load_profile();
     wait_for_file_dialog(wendlow_.process_id());
@@ -116,7 +116,7 @@ TEST_F(NestedCommands, LoadWhileTheOpenDialogIsUp)
     EXPECT_EQ(profiles(), (Texts{L"Work", L"Work"}));
 }
 
-TEST_F(NestedCommands, TwoOpenDialogs)
+TEST_F(NestedCommands, TwoOpenDialogsAreCancelledOneByOne)
 {
     post_button(main_control::kLoadProfile);
     const HWND first = wait_for_file_dialog(wendlow_.process_id());

@@ -54,7 +54,7 @@ protected:
         EXPECT_TRUE(becomes_true([&] { return IsIconic(window) != FALSE; })) << printable(title_of(window));
     }
 
-    // That of Wine, and that of Windows.
+    // The class of a folder window, under Wine and on Windows.
     static bool is_folder_class(const std::wstring& name)
     {
         return name == L"ExplorerWClass" || name == L"CabinetWClass";
@@ -183,7 +183,7 @@ TEST_F(Loading, PlacesAFolderWindowThatWasOpenBefore)
 TEST_F(Loading, ReportsAFolderThatIsGone)
 {
     BoxWatcher boxes = wendlow_.watch_boxes();
-    // The system's own: Wine's, and that of Windows.
+    // The shell's own box for a folder that is gone, under Wine and on Windows.
     boxes.set_aside(L"Error");
     boxes.set_aside(L"C:\\gone\\folder");
     wendlow_.load_profile(

@@ -13,16 +13,11 @@ inline bool under_wine()
 
 } // namespace test_support
 
-// The first step of a test, or of a fixture's SetUp, that only one of the two systems can run: on the other
-// one it is skipped, and says why. docs/windows.md lists every such test. The source includes GoogleTest.
-//     ONLY_UNDER_WINE("the shell's folder windows are programs of their own there");
+// The first step of a test, or of a fixture's SetUp, that only Wine can run: on Windows it is skipped, and
+// says why. docs/windows.md lists every such test.
+//     ONLY_UNDER_WINE("the save dialog of Windows refuses such a folder");
 #define ONLY_UNDER_WINE(reason)                                                                              \
     if (::test_support::under_wine())                                                                        \
         SUCCEED();                                                                                           \
     else                                                                                                     \
         GTEST_SKIP() << "only under Wine: " << (reason)
-#define ONLY_ON_WINDOWS(reason)                                                                              \
-    if (!::test_support::under_wine())                                                                       \
-        SUCCEED();                                                                                           \
-    else                                                                                                     \
-        GTEST_SKIP() << "only on Windows: " << (reason)

@@ -17,14 +17,8 @@ namespace
 using namespace profile_tests;
 using test_support::BoxWatcher;
 using test_support::Bytes;
-using test_support::ExpectedBox;
 using test_support::FailingImport;
 using test_support::ProfileEncoder;
-
-ExpectedBox store_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
-{
-    return {L"error", handler_first_text({L"sources/funcs_layout_windows", function, site, handler}, detail)};
-}
 
 } // namespace
 

@@ -24,11 +24,6 @@ constexpr wchar_t kFilesFull[] = L"\n\nerror, exceed amount of DynMem for storag
                                  L"Profile will not be added\n";
 constexpr wchar_t kNoName[] = L"0 == flag_offset_PrfName_beg_found";
 
-ExpectedBox store_box(const std::wstring& function, int site, int handler, const std::wstring& detail)
-{
-    return {L"error", handler_first_text({L"sources/funcs_layout_windows", function, site, handler}, detail)};
-}
-
 ExpectedBox limit_box(int site, const std::wstring& detail)
 {
     return store_box(L"add_profile_data_to_DynMem", site, 5266, detail);

@@ -38,15 +38,6 @@ ExpectedBox load_box(int site, int handler, const std::wstring& detail)
         gap_text({L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
 }
 
-Bytes two_programs()
-{
-    return ProfileEncoder()
-        .add_program(10, 20, 300, 200, u"C:\\x\\a.exe")
-        .add_program(30, 40, 300, 200, u"C:\\x\\b.exe")
-        .name(u"Two")
-        .bytes();
-}
-
 // The program has opened the file and not closed it: others may read it, but not write to it.
 bool is_still_open(const std::wstring& path)
 {
@@ -69,7 +60,7 @@ public:
     }
 
     // Every load has a file of its own, as a refused one may stay open.
-    void new_file(const Bytes& bytes = two_programs())
+    void new_file(const Bytes& bytes = two_programs().bytes())
     {
         path_ = fixture_.files.file(L"file " + std::to_wstring(++files_made_) + L".txt");
         test_support::write_file(path_, bytes);
@@ -254,16 +245,16 @@ TEST(ProfileLoading, IgnoresAFailureToReturnToTheBeginningOfTheFile)
             return ++seeks == 2 ? INVALID_SET_FILE_POINTER : place;
         });
     BoxWatcher boxes;
-    EXPECT_EQ(fixture.load(two_programs()), 1);
+    EXPECT_EQ(fixture.load(two_programs().bytes()), 1);
     EXPECT_EQ(seeks, 2);
     EXPECT_EQ(starts.count(), 2);
-    EXPECT_EQ(fixture.stored_file(0), two_programs());
+    EXPECT_EQ(fixture.stored_file(0), two_programs().bytes());
 }
 
 TEST(ProfileLoading, UsesOnlyTheLowHalfOfTheFileSize)
 {
     RefusedLoads loads;
-    const auto size = static_cast<DWORD>(two_programs().size());
+    const auto size = static_cast<DWORD>(two_programs().bytes().size());
     struct {
         const char* what;
         BOOL answer;

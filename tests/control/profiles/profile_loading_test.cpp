@@ -41,15 +41,6 @@ ExpectedBox past_end_box(int entry, const std::wstring& field)
                         std::to_wstring(entry) + L", field = " + field);
 }
 
-// Two entries, so every array has a second element: 4 + 42 bytes, then the path area.
-ProfileEncoder two_programs()
-{
-    return ProfileEncoder()
-        .add_program(10, 20, 300, 200, u"C:\\x\\a.exe")
-        .add_program(30, 40, 300, 200, u"C:\\x\\b.exe")
-        .name(u"Two");
-}
-
 struct BadFile {
     const char* what;
     Bytes bytes;

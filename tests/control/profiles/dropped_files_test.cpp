@@ -10,11 +10,13 @@
 #include "tests/control/fixtures/profile_fixture.h"
 #include "tests/control/fixtures/recorded_blocks.h"
 #include "tests/support/basics/text.h"
+#include "tests/support/profiles/loading_boxes.h"
 
 namespace
 {
 
 using namespace profile_tests;
+using loading_boxes::load_box;
 using test_support::BoxWatcher;
 using test_support::ExpectedBox;
 using test_support::ProfileEncoder;
@@ -63,13 +65,6 @@ ExpectedBox load_failed_box()
     return unreadable(
         gap_text(drop_site(9168, 9273),
                  L"error, one of callable functions returned error, onButton_LoadProfile_clicked()"));
-}
-
-ExpectedBox load_box(int site, int handler, const std::wstring& detail)
-{
-    return {
-        L"error",
-        gap_text({L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
 }
 
 std::wstring write_profile(const ProfileFixture& fixture, const std::wstring& file,

@@ -9,6 +9,7 @@
 #include "tests/control/fixtures/profile_fixture.h"
 #include "tests/control/fixtures/recorded_blocks.h"
 #include "tests/control/fixtures/saved_profile_fixture.h"
+#include "tests/support/profiles/loading_boxes.h"
 
 // System calls that fail while a file is loaded, and files that are not what they seemed to be: what is
 // shown, and what of the file and of the memory is kept.
@@ -17,6 +18,7 @@ namespace
 {
 
 using namespace profile_tests;
+using loading_boxes::load_box;
 using test_support::BoxWatcher;
 using test_support::Bytes;
 using test_support::ExpectedBox;
@@ -30,13 +32,6 @@ constexpr wchar_t kEmptyFile[] =
     L"one of callable functions returned error: zero_file_size <- GetFileSizeEx( )";
 constexpr wchar_t kNoMemory[] = L"error while DynMemAlloc";
 constexpr wchar_t kWrongSignature[] = L"invalid type of file, signature doesn't coincide";
-
-ExpectedBox load_box(int site, int handler, const std::wstring& detail)
-{
-    return {
-        L"error",
-        gap_text({L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
-}
 
 // The program has opened the file and not closed it: others may read it, but not write to it.
 bool is_still_open(const std::wstring& path)

@@ -7,11 +7,14 @@
 #include <utility>
 
 #include "tests/control/fixtures/profile_fixture.h"
+#include "tests/support/profiles/loading_boxes.h"
 
 namespace
 {
 
 using namespace profile_tests;
+using loading_boxes::load_box;
+using loading_boxes::past_end_box;
 using test_support::BoxWatcher;
 using test_support::Bytes;
 using test_support::ExpectedBox;
@@ -23,23 +26,6 @@ using test_support::ProfileEncoder;
 
 constexpr wchar_t kNotOpened[] =
     L"one of callable functions returned error INVALID_HANDLE_VALUE <- CreateFile()";
-
-Where load_site(int site, int handler)
-{
-    return {L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler};
-}
-
-ExpectedBox load_box(int site, int handler, const std::wstring& detail)
-{
-    return {L"error", gap_text(load_site(site, handler), detail)};
-}
-
-ExpectedBox past_end_box(int entry, const std::wstring& field)
-{
-    return load_box(5713, 7294,
-                    L"error, file is damaged: data of profile run past end of file\nentry = " +
-                        std::to_wstring(entry) + L", field = " + field);
-}
 
 struct BadFile {
     const char* what;
@@ -70,7 +56,7 @@ std::vector<BadFile> bad_files()
         {"four zeros and the signature", {0, 0, 0, 0, 0x00, 0x07, 0x0C}, -10, no_windows},
         // 180 bytes: behind the count there is room for 176 flags.
         {"count 0xFFFFFFFF", two_programs().declare_count(0xFFFFFFFF).bytes(), -11,
-         past_end_box(static_cast<int>(two_programs().bytes().size()) - 4, L"kind flag")},
+         past_end_box(two_programs().bytes().size() - 4, L"kind flag")},
         // Count 02 00 00 07 and one flag, of signature bytes.
         {"ends in the flags", two_programs().cut_before_signature(2).bytes(), -11,
          past_end_box(1, L"kind flag")},
@@ -204,7 +190,8 @@ TEST(ProfileLoading, RefusesMissingArgumentsNamingThem)
     for (const auto& call : calls) {
         BoxWatcher boxes;
         EXPECT_EQ(onButton_LoadProfile_clicked(call.window, 1, call.path, call.store, call.combo), -1);
-        boxes.expect_boxes({{L"error", spaced_text(load_site(5470, 7073),
+        boxes.expect_boxes({{L"error", spaced_text({L"sources/funcs_layout_windows",
+                                                    L"onButton_LoadProfile_clicked", 5470, 7073},
                                                    L"incorrect input:\nhwnd_MW = " + pointer(call.window) +
                                                        L", ptcFilePath_Profile = " + pointer(call.path) +
                                                        L"\np_LoadedProfiles_STR = " + pointer(call.store) +

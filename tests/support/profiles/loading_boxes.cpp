@@ -9,17 +9,12 @@ namespace loading_boxes
 using test_support::bytes_as_wide;
 using test_support::ExpectedBox;
 
-namespace
-{
-
 ExpectedBox load_box(int site, int handler, const std::wstring& detail)
 {
     return {L"error",
             test_support::gap_text(
                 {L"sources/funcs_layout_windows", L"onButton_LoadProfile_clicked", site, handler}, detail)};
 }
-
-} // namespace
 
 ExpectedBox not_opened_box()
 {

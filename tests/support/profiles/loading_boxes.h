@@ -10,6 +10,9 @@
 namespace loading_boxes
 {
 
+// A box of the load itself, by its two lines and what it says.
+test_support::ExpectedBox load_box(int site, int handler, const std::wstring& detail);
+
 // The boxes of a load that is refused, by what is wrong with the file.
 test_support::ExpectedBox not_opened_box();
 test_support::ExpectedBox empty_file_box();

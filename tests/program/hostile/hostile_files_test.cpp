@@ -36,10 +36,6 @@ bool is_held_open(const std::wstring& path)
 }
 
 constexpr std::size_t kPage_bytes = 4096;
-// Of the heap, which takes memory in pieces at times that are its own; on Windows they are larger.
-const std::size_t kHeapPieces_bytes = under_wine() ? 64 * 1024 : 1024 * 1024;
-// Of the system's own, which comes and goes with the threads that it lends a program.
-const std::size_t kHandlesOfSystem = under_wine() ? 0 : 20;
 
 std::size_t whole_pages(std::size_t bytes)
 {

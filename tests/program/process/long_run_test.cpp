@@ -21,11 +21,6 @@ using namespace test_support;
 namespace
 {
 
-// Of the heap, which takes memory in pieces at times that are its own; on Windows they are larger.
-const std::size_t kHeapPieces_bytes = under_wine() ? 64 * 1024 : 1024 * 1024;
-// Of the system's own, which comes and goes with the threads that it lends a program.
-const std::size_t kHandlesOfSystem = under_wine() ? 0 : 20;
-
 // What the system itself keeps in a process that starts a program, waits until it is ready for input and
 // closes both its handles: nothing, or the event that is waited for.
 std::size_t handles_kept_by_a_start(const FixturePrograms& fixtures, const std::wstring& name)

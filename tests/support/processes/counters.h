@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <ostream>
 
+#include "tests/support/basics/platform.h"
+
 // What a process holds, counted from outside, for tests that let a program run long and look whether
 // it keeps more and more.
 
@@ -21,6 +23,11 @@ struct Holdings {
 // The holdings at this moment; whatever is to be counted has to be idle. Throws a Failure when one of
 // them cannot be had.
 Holdings holdings_of(HANDLE process);
+
+// The heap takes memory from the system in pieces of up to this size, at times of its own.
+inline const std::size_t kHeapPieces_bytes = under_wine() ? 64 * 1024 : 1024 * 1024;
+// Handles of the system's own in a program, at most: they come and go with the threads that it lends.
+inline const std::size_t kHandlesOfSystem = under_wine() ? 0 : 20;
 
 void PrintTo(const Holdings& holdings, std::ostream* out);
 

@@ -4,13 +4,13 @@
 
 #include <commctrl.h>
 
-#include <cstring>
 #include <string>
 
 #include "tests/control/fixtures/modify_cell_fixture.h"
 #include "tests/support/basics/platform.h"
 #include "tests/support/basics/waiting.h"
 #include "tests/support/imports/import_patch.h"
+#include "tests/support/input/clipboard.h"
 #include "tests/support/windows/control_ids.h"
 #include "tests/support/windows/windows_lookup.h"
 
@@ -20,19 +20,6 @@ using modify_cell_tests::Texts;
 
 namespace
 {
-
-void put_on_clipboard(HWND owner, const std::wstring& text)
-{
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
-    std::memcpy(GlobalLock(block), text.c_str(), bytes);
-    GlobalUnlock(block);
-    // Whoever looks at every change of the clipboard keeps it for a moment.
-    wait_until([&] { return OpenClipboard(owner) != FALSE; }, kShortWait, "the clipboard");
-    EmptyClipboard();
-    SetClipboardData(CF_UNICODETEXT, block);
-    CloseClipboard();
-}
 
 // Pastes over all of the text.
 void paste_over(HWND edit)
@@ -108,7 +95,7 @@ TEST_F(ModifyCell, TakesANegativeNumberThatIsSetAsText)
 TEST_F(ModifyCell, TakesANegativeNumberFromTheClipboard)
 {
     open(0);
-    put_on_clipboard(dialog, L"-8");
+    put_on_clipboard(L"-8");
     // Windows refuses what is no digit also where it is pasted; a box of the system's own tells.
     const HWND plain = CreateWindowExW(0, L"EDIT", L"10", WS_CHILD | ES_NUMBER, 0, 0, 90, 20, dialog, nullptr,
                                        GetModuleHandleW(nullptr), nullptr);

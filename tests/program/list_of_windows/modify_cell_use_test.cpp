@@ -2,11 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "tests/program/list_of_windows/on_the_list_fixture.h"
 #include "tests/support/basics/platform.h"
 #include "tests/support/boxes/box_watcher.h"
+#include "tests/support/input/clipboard.h"
 #include "tests/support/windows/control_ids.h"
 
 // Modify Cell as a user works it, with mouse, keys and clipboard.
@@ -16,19 +15,6 @@ namespace
 
 using namespace on_the_list;
 using ModifyCell = OnTheListFixture;
-
-void put_on_clipboard(const std::wstring& text)
-{
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
-    std::memcpy(GlobalLock(block), text.c_str(), bytes);
-    GlobalUnlock(block);
-    const HWND owner =
-        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    if (OpenClipboard(owner) == FALSE || EmptyClipboard() == FALSE ||
-        SetClipboardData(CF_UNICODETEXT, block) == nullptr || CloseClipboard() == FALSE)
-        throw Failure("the clipboard does not take the text");
-}
 
 TEST_F(ModifyCell, ShowsTheWholeRowWhicheverCellWasClicked)
 {
